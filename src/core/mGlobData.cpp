@@ -1,0 +1,143 @@
+// The global state itself, the look-ups by identifier, and the conversion of raw counts to physical values.
+#include "core/mGlobData.h"
+
+#include "core/mHost.h"
+#include "core/mNumText.h"
+#include "processing/mRefTable.h"
+
+#include <cmath>
+#include <filesystem>
+
+DataFile gFile;
+RowArray<DotRow> gDots;
+RowArray<SegRow> gSegs;
+std::array<double, LastDataChan + 1> gData{};
+SampleStore gRaw;
+double gRawStart = 0;
+double gRawStop = 0;
+
+double gTimeStep = 0;
+double gDeltaT = 0;
+int16_t gFrameMin = 0;
+int32_t gFrameCnt = 0;
+double gSampleTime = 0;
+double gFrequency = 0;
+int32_t gMissed = 0;
+int16_t gKeyChan = 0;
+double gKeyQ0 = 0;
+double gKeyQ1 = 0;
+int16_t gH1Chan = 0;
+double gH1Q0 = 0;
+double gH1Q1 = 0;
+std::string gCurFile;
+std::string gFileTitle;
+std::string gCurDir;
+std::string gSessID;
+std::string gRawFN;
+bool gFromFile = false;
+double gRate = 0;
+int16_t gStrokeCnt = 0;
+
+namespace {
+double Square(double Q0, double Q1, double Q2, double X)
+{
+    return Q2 * (X * X) + Q1 * X + Q0;
+}
+
+template <class Row>
+void SetRows(RowArray<Row>& Rows, const std::string& SessID)
+{
+    for (Row& Each : Rows)
+        Each.SessID = SessID;
+}
+
+const std::string& FieldOf(const DescRow& Row, DescKey Field)
+{
+    if (Field == DescKey::TestID) return Row.SampleID;
+    return Field == DescKey::RawFN ? Row.RawFN : Row.PrimFN;
+}
+
+void ResolveFactors(int16_t Chan, double& Q0, double& Q1)
+{
+    const bool Known = Chan > 0 && Chan <= gFile.Calibr.UBound();
+    Q0 = Known ? gFile.Calibr[Chan].Q0 : 0;
+    Q1 = Known ? gFile.Calibr[Chan].Q1 : 0;
+}
+} // namespace
+
+void SetCurFile(const std::string& Path)
+{
+    const std::filesystem::path Name(Path);
+    gCurFile = Path;
+    gFileTitle = Name.stem().string();
+    gCurDir = Name.has_parent_path() ? (Name.parent_path() / "").string() : "";
+    gHost.Status->SetPanel(1, gFileTitle);
+}
+
+void SetSessID(const std::string& Path, DataFile& File)
+{
+    File.SessID = std::filesystem::path(Path).stem().string();
+    SetRows(File.Crew, File.SessID);
+    SetRows(File.Calibr, File.SessID);
+    SetRows(File.Desc, File.SessID);
+    SetRows(File.Data, File.SessID);
+    SetRows(File.Boat, File.SessID);
+}
+
+int16_t FindChan(const RowArray<CalibrRow>& Table, const std::string& ParamID)
+{
+    if (ParamID.empty()) return -1;
+    for (const CalibrRow& Row : Table)
+        if (Row.ParamID == ParamID) return Row.Chan;
+    return -1;
+}
+
+int FindData(const RowArray<DataRow>& Table, const std::string& SampleID, const std::string& ParamID)
+{
+    for (int i = 1; i <= Table.UBound(); ++i)
+        if (Table[i].SampleID == SampleID && Table[i].ParamID == ParamID) return i;
+    return -1;
+}
+
+int FindDesc(const DataFile& File, const std::string& Key, DescKey Field)
+{
+    if (Key.empty()) return -1;
+    for (int i = 1; i <= File.Desc.UBound(); ++i)
+        if (FieldOf(File.Desc[i], Field) == Key) return i;
+    return -1;
+}
+
+double CalcPhysVal(int Chan, double X, double& Prev)
+{
+    const CalibrRow& Row = gFile.Calibr[Chan];
+    switch (Row.ProcMode) {
+    case 1:
+        return Square(Row.Qup0, Row.Qup1, Row.Qup2, X);
+    case 2: {
+        const double Up = Square(Row.Qup0, Row.Qup1, Row.Qup2, X);
+        const double Down = Square(Row.Qdn0, Row.Qdn1, Row.Qdn2, X);
+        const double Y = X > Prev ? Up : X < Prev ? Down : (Up + Down) / 2;
+        Prev = X;
+        return Y;
+    }
+    case 3:
+        return std::fabs(Row.Q1 * X + Row.Q0);
+    case 4:
+        return RefLookup(static_cast<int>(RoundHalfEven(Row.Threshold)), X);
+    default:
+        return Row.Q1 * X + Row.Q0;
+    }
+}
+
+void ResolveChannels()
+{
+    gKeyChan = FindChan(gFile.Calibr, gFile.KeyChanID);
+    ResolveFactors(gKeyChan, gKeyQ0, gKeyQ1);
+    gH1Chan = FindChan(gFile.Calibr, "H1");
+    ResolveFactors(gH1Chan, gH1Q0, gH1Q1);
+}
+
+void CreateData()
+{
+    gData.fill(0);
+}

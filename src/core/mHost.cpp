@@ -1,0 +1,46 @@
+// Short forms of the platform services, and the guard that turns run-time failures into one message.
+#include "core/mHost.h"
+
+#include "core/mError.h"
+
+Host gHost;
+
+void MsgBox(const std::string& Text, const std::string& Title)
+{
+    gHost.Dialogs->MsgBox(Text, Title, eButtons::Ok);
+}
+
+bool AskYesNo(const std::string& Text, const std::string& Title)
+{
+    return gHost.Dialogs->MsgBox(Text, Title, eButtons::YesNo) == eAnswer::Yes;
+}
+
+std::string InputBox(const std::string& Prompt, const std::string& Title, const std::string& Proposed)
+{
+    return gHost.Dialogs->InputBox(Prompt, Title, Proposed).value_or("");
+}
+
+void UpdateStatus(const std::string& Text)
+{
+    gHost.Status->SetPanel(2, Text);
+}
+
+void ShowReading(const std::string& Text)
+{
+    gHost.Status->SetPanel(3, Text);
+}
+
+void UpdateProgress(int Percent)
+{
+    gHost.Status->SetProgress(Percent);
+}
+
+bool Guard(const std::string& What, const std::function<bool()>& Work)
+{
+    try {
+        return Work();
+    } catch (const RunError& Failure) {
+        MsgBox(What + " failed: " + Failure.what() + ". Nothing that was stored has been changed.", TitleError);
+        return false;
+    }
+}

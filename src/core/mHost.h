@@ -1,0 +1,44 @@
+// The program that the engine runs in: its dialogs, status line and settings store, and the guard of every entrance.
+#pragma once
+
+#include "platform/iDialogs.h"
+#include "platform/iSettings.h"
+#include "platform/iStatus.h"
+
+#include <functional>
+#include <string>
+
+/// The platform services in use. Filled by the program's main function or by a test before anything else runs.
+struct Host
+{
+    iDialogs* Dialogs = nullptr;
+    iStatus* Status = nullptr;
+    iSettings* Settings = nullptr;
+};
+extern Host gHost;
+
+// The titles of message boxes.
+inline constexpr const char* TitleWarning = "Warning!";
+inline constexpr const char* TitleError = "Error";
+inline constexpr const char* TitleInformation = "Information";
+
+/// Shows a message with one OK button.
+void MsgBox(const std::string& Text, const std::string& Title);
+
+/// Asks a question; true when it was answered Yes.
+bool AskYesNo(const std::string& Text, const std::string& Title);
+
+/// Asks for a line of text. Cancelling gives an empty text.
+std::string InputBox(const std::string& Prompt, const std::string& Title, const std::string& Proposed);
+
+/// Shows the running text in status panel 2.
+void UpdateStatus(const std::string& Text);
+
+/// Shows link state and progress of file reading in status panel 3.
+void ShowReading(const std::string& Text);
+
+/// Moves the progress bar, 0 to 100.
+void UpdateProgress(int Percent);
+
+/// Runs Work and returns its result. A RunError is shown as one message, which names What failed, and gives false.
+bool Guard(const std::string& What, const std::function<bool()>& Work);

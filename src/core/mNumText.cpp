@@ -1,0 +1,169 @@
+// The one place where numbers and dates become text or are read from it.
+#include "core/mNumText.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <chrono>
+#include <cmath>
+
+namespace {
+// Room for the longest double in fixed form: 309 whole digits, sign, point and the decimals.
+constexpr std::size_t FixedRoom = 400;
+
+constexpr std::array<double, 5> Magnitudes = {1, 10, 100, 1000, 10000};
+
+// Number of magnitude steps at or below |X|: 0 below 1, 5 from 10000 on.
+int MagnitudeStep(double X)
+{
+    return static_cast<int>(std::upper_bound(Magnitudes.begin(), Magnitudes.end(), std::fabs(X)) - Magnitudes.begin());
+}
+
+std::string ToText(double X, std::chars_format Form, int Precision)
+{
+    std::array<char, FixedRoom> Room;
+    const auto End = std::to_chars(Room.data(), Room.data() + Room.size(), X, Form, Precision).ptr;
+    return {Room.data(), End};
+}
+
+bool IsDigit(char C)
+{
+    return C >= '0' && C <= '9';
+}
+
+std::string_view TrimBlanks(std::string_view Text)
+{
+    const auto First = Text.find_first_not_of(" \t\r\n");
+    if (First == std::string_view::npos) return {};
+    return Text.substr(First, Text.find_last_not_of(" \t\r\n") - First + 1);
+}
+
+std::optional<int> WholeNumber(std::string_view Text)
+{
+    int X = 0;
+    const auto [End, Error] = std::from_chars(Text.data(), Text.data() + Text.size(), X);
+    if (Error != std::errc{} || End != Text.data() + Text.size() || Text.empty() || X < 0) return {};
+    return X;
+}
+
+constexpr std::chrono::sys_days DayZero{std::chrono::year{1899} / 12 / 30};
+} // namespace
+
+double RoundHalfEven(double X)
+{
+    return std::nearbyint(X);
+}
+
+void AppendFixed(std::string& Line, double X, int Decimals)
+{
+    std::array<char, FixedRoom> Room;
+    const auto End = std::to_chars(Room.data(), Room.data() + Room.size(), X, std::chars_format::fixed, Decimals).ptr;
+    Line.append(Room.data(), End);
+}
+
+std::string FormatNum(double X, std::string_view Pattern)
+{
+    const bool Percent = Pattern.ends_with('%');
+    if (Percent) {
+        Pattern.remove_suffix(1);
+        X *= 100;
+    }
+    const auto Point = Pattern.find('.');
+    const bool HasPoint = Point != std::string_view::npos;
+    const std::size_t Whole = HasPoint ? Point : Pattern.size();
+    const std::size_t Decimals = HasPoint ? Pattern.size() - Point - 1 : 0;
+    std::string Text = ToText(X, std::chars_format::fixed, static_cast<int>(Decimals));
+    const std::size_t Sign = Text.starts_with('-') ? 1 : 0;
+    const std::size_t Digits = std::min(Text.find('.'), Text.size()) - Sign;
+    if (Digits < Whole) Text.insert(Sign, Whole - Digits, '0');
+    if (HasPoint && Decimals == 0) Text += '.';
+    if (Percent) Text += '%';
+    return Text;
+}
+
+std::string FormatSig(double X, int Places)
+{
+    const int Decimals = std::max(Places - MagnitudeStep(X), 0);
+    std::string Text;
+    AppendFixed(Text, X, Decimals);
+    if (Decimals == 0) Text += '.';
+    return Text;
+}
+
+std::string FormatSig6(double X)
+{
+    constexpr std::array<int, 6> Decimals = {6, 5, 4, 3, 2, 0};
+    std::string Text;
+    AppendFixed(Text, X, Decimals[static_cast<std::size_t>(MagnitudeStep(X))]);
+    return Text;
+}
+
+std::string FormatBool(bool X)
+{
+    return X ? "-1" : "0";
+}
+
+std::string FormatShortest(double X)
+{
+    std::array<char, FixedRoom> Room;
+    const auto End = std::to_chars(Room.data(), Room.data() + Room.size(), X).ptr;
+    return {Room.data(), End};
+}
+
+std::string FormatGeneral(double X, int Digits)
+{
+    return ToText(X, std::chars_format::general, Digits);
+}
+
+std::optional<double> LeadingNumber(std::string_view Text)
+{
+    Text.remove_prefix(std::min(Text.find_first_not_of(" \t"), Text.size()));
+    if (Text.starts_with('+')) Text.remove_prefix(1);
+    // Words such as "inf" are no numbers in a file.
+    const std::size_t First = Text.starts_with('-') ? 1 : 0;
+    if (Text.size() <= First || (!IsDigit(Text[First]) && Text[First] != '.')) return {};
+    double X = 0;
+    const auto Error = std::from_chars(Text.data(), Text.data() + Text.size(), X).ec;
+    if (Error != std::errc{}) return {};
+    return X;
+}
+
+double Val(std::string_view Text)
+{
+    return LeadingNumber(Text).value_or(0.0);
+}
+
+std::optional<double> DateFromCalendar(int Year, int Month, int Day)
+{
+    const std::chrono::year_month_day Date{std::chrono::year{Year}, std::chrono::month{static_cast<unsigned>(Month)},
+                                           std::chrono::day{static_cast<unsigned>(Day)}};
+    if (Year < 100 || Year > 9999 || !Date.ok()) return {};
+    return static_cast<double>((std::chrono::sys_days{Date} - DayZero).count());
+}
+
+std::string FormatDate(double Days)
+{
+    if (Days == 0) return {};
+    const std::chrono::year_month_day Date{DayZero + std::chrono::days{static_cast<int>(std::floor(Days))}};
+    return FormatNum(static_cast<unsigned>(Date.day()), "00") + "/" +
+           FormatNum(static_cast<unsigned>(Date.month()), "00") + "/" +
+           FormatNum((static_cast<int>(Date.year()) % 100 + 100) % 100, "00");
+}
+
+std::optional<double> ParseDate(std::string_view Text)
+{
+    Text = TrimBlanks(Text);
+    if (Text.empty()) return 0.0;
+    constexpr std::string_view Separators = "/.-";
+    const auto First = Text.find_first_of(Separators);
+    if (First == std::string_view::npos) return {};
+    const auto Second = Text.find_first_of(Separators, First + 1);
+    if (Second == std::string_view::npos) return {};
+    const auto Day = WholeNumber(Text.substr(0, First));
+    const auto Month = WholeNumber(Text.substr(First + 1, Second - First - 1));
+    const auto YearText = Text.substr(Second + 1);
+    const auto Year = WholeNumber(YearText);
+    if (!Day || !Month || !Year || *Day > 31 || *Month > 12) return {};
+    if (YearText.size() > 2) return DateFromCalendar(*Year, *Month, *Day);
+    return DateFromCalendar(*Year + (*Year < 30 ? 2000 : 1900), *Month, *Day);
+}

@@ -1,0 +1,36 @@
+// The reference tables of the open session: loading, the .ref format, and the look-up with extrapolation.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+/// A measured conversion of raw counts to physical values. Rows are 0 to Cnt.
+struct RefTable
+{
+    static constexpr int MaxRow = 255;
+
+    int16_t Cnt = 0;
+    std::string Name;
+    std::array<double, MaxRow + 1> N{}; // counts
+    std::array<double, MaxRow + 1> X{}; // input of the look-up
+    std::array<double, MaxRow + 1> Y{}; // output of the look-up
+};
+
+/// Tables of the open session in the order of the channels that use them; element 0 stays empty.
+extern std::vector<RefTable> gRefTabs;
+extern int16_t gRefCnt;
+
+/// Reloads the tables of all channel rows with ProcMode 4 from gCurDir. A row whose table was read gets its number in
+/// Threshold and its SensorID in RefTabFN; a table that cannot be read is told and its row is left alone.
+void LoadRefTables();
+
+/// Reads a table file. Gives gRefCnt, or 0 when it cannot be opened (told).
+int16_t ReadRefTable(const std::string& Path, RefTable& Table);
+
+/// Output of table number Tab at input V; 0 for a number without a table and at V equal to the last input.
+double RefLookup(int Tab, double V);
+
+/// Output beyond the ends of a table by a cubic through its seven rows at that end; 0 for a shorter table.
+double RefExtrapolate(const RefTable& Table, double V);
