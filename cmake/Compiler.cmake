@@ -5,19 +5,29 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 
+# Paths relative to the tree, so that a second clone finds what the first one compiled.
 find_program(CCACHE ccache)
 if(CCACHE)
-    set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=1 ${CCACHE})
 endif()
 
+# The release compiler's warnings are errors; clang, which builds the fuzz targets, tells its opinion only.
 add_compile_options(-Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast -Wnon-virtual-dtor
-                    -Woverloaded-virtual -Wcast-align -Wdouble-promotion -Wimplicit-fallthrough -Werror)
+                    -Woverloaded-virtual -Wcast-align -Wdouble-promotion -Wimplicit-fallthrough
+                    $<$<CXX_COMPILER_ID:GNU>:-Werror>)
 
 # The figures must be the same on every machine: no fused operations that round once where the formula rounds twice.
 add_compile_options(-ffp-contract=off)
 
-option(SKARVELIN_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
-if(SKARVELIN_SANITIZE)
-    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
-    add_link_options(-fsanitize=address,undefined)
+# Memory errors, undefined behaviour, floats outside an integer's range and wrong use of the standard containers.
+option(SKARVELIN_SANITIZE "Stop at memory errors and undefined behaviour" OFF)
+option(SKARVELIN_FUZZ "Build the fuzz targets (clang only)" OFF)
+if(SKARVELIN_SANITIZE OR SKARVELIN_FUZZ)
+    set(SANITIZERS address,undefined,float-cast-overflow)
+    add_compile_options(-fsanitize=${SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_compile_definitions(_GLIBCXX_ASSERTIONS)
+    add_link_options(-fsanitize=${SANITIZERS})
+endif()
+if(SKARVELIN_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link)
 endif()

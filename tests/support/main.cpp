@@ -1,3 +1,20 @@
-// Entry point of every test program.
-#define DOCTEST_CONFIG_IMPLEMENT_WITH_MAIN
+// Entry point of every test program. The cases run under the locale that SKARVELIN_TEST_LOCALE names, if any.
+#define DOCTEST_CONFIG_IMPLEMENT
 #include <doctest/doctest.h>
+
+#include <clocale>
+#include <cstdlib>
+#include <iostream>
+#include <locale>
+
+int main(int Count, char** Args)
+{
+    if (const char* Name = std::getenv("SKARVELIN_TEST_LOCALE")) {
+        if (!std::setlocale(LC_ALL, Name) || *std::localeconv()->decimal_point != ',') {
+            std::cerr << "There is no locale " << Name << " with a decimal comma.\n";
+            return 1;
+        }
+        std::locale::global(std::locale(Name));
+    }
+    return doctest::Context(Count, Args).run();
+}
