@@ -20,6 +20,11 @@ std::string InputBox(const std::string& Prompt, const std::string& Title, const 
     return gHost.Dialogs->InputBox(Prompt, Title, Proposed).value_or("");
 }
 
+std::string ExecComDlg(const std::string& Title, const std::string& Ext, eFileMode Mode, const std::string& Folder)
+{
+    return gHost.Dialogs->ExecComDlg(Title, Ext, Mode, Folder).value_or("");
+}
+
 void UpdateStatus(const std::string& Text)
 {
     gHost.Status->SetPanel(2, Text);

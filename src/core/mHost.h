@@ -1,8 +1,11 @@
 // The program that the engine runs in: its dialogs, status line and settings store, and the guard of every entrance.
 #pragma once
 
+#include "platform/iClock.h"
 #include "platform/iDialogs.h"
+#include "platform/iSerialPort.h"
 #include "platform/iSettings.h"
+#include "platform/iSocket.h"
 #include "platform/iStatus.h"
 
 #include <functional>
@@ -14,6 +17,9 @@ struct Host
     iDialogs* Dialogs = nullptr;
     iStatus* Status = nullptr;
     iSettings* Settings = nullptr;
+    iClock* Clock = nullptr; // these three: null in a program without a link
+    iSerialPort* SerialPort = nullptr;
+    iSocket* Socket = nullptr;
 };
 extern Host gHost;
 
@@ -30,6 +36,10 @@ bool AskYesNo(const std::string& Text, const std::string& Title);
 
 /// Asks for a line of text. Cancelling gives an empty text.
 std::string InputBox(const std::string& Prompt, const std::string& Title, const std::string& Proposed);
+
+/// Asks for a file with that extension, starting in Folder when given. Cancelling gives an empty text.
+std::string ExecComDlg(const std::string& Title, const std::string& Ext, eFileMode Mode,
+                       const std::string& Folder = "");
 
 /// Shows the running text in status panel 2.
 void UpdateStatus(const std::string& Text);

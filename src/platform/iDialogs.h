@@ -1,6 +1,7 @@
-// What the engine asks of the user: messages, questions and answers typed in.
+// What the engine asks of the user: messages, questions, answers typed in, files and colours.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -16,6 +17,13 @@ enum class eAnswer
     No
 };
 
+/// What a file is asked for: to be read or to be written.
+enum class eFileMode
+{
+    In,
+    Out
+};
+
 class iDialogs
 {
 public:
@@ -27,4 +35,15 @@ public:
     /// Asks for a line of text with Proposed as the default answer; nothing when cancelled.
     virtual std::optional<std::string> InputBox(const std::string& Prompt, const std::string& Title,
                                                 const std::string& Proposed) = 0;
+
+    /// Asks for a file with extension Ext, starting in Folder unless it is empty; nothing when cancelled, as by a
+    /// program that has nobody to ask.
+    virtual std::optional<std::string> ExecComDlg(const std::string& /*Title*/, const std::string& /*Ext*/,
+                                                  eFileMode /*Mode*/, const std::string& /*Folder*/)
+    {
+        return {};
+    }
+
+    /// Asks for a colour, 0x00BBGGRR, with Proposed chosen; nothing when cancelled.
+    virtual std::optional<int32_t> ChooseColour(int32_t /*Proposed*/) { return {}; }
 };

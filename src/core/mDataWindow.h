@@ -1,0 +1,54 @@
+// The list of open windows that take frames, and how frames and their absence are handed to them.
+#pragma once
+
+#include <string>
+#include <vector>
+
+/// Tag of the windows that take frames.
+inline constexpr const char* DataTag = "D";
+
+/// A window in the list of loaded windows: it enters the list when it is made and leaves it when it is gone.
+class cDataWindow
+{
+public:
+    explicit cDataWindow(std::string InitTag);
+    virtual ~cDataWindow();
+    cDataWindow(const cDataWindow&) = delete;
+    cDataWindow& operator=(const cDataWindow&) = delete;
+
+    /// "D" to receive frames; a window that is closing has none.
+    std::string Tag;
+
+    /// A frame has come: gData holds it. Draws only what changed.
+    virtual void DrawData() = 0;
+
+    /// Playback control: codes 0 to 6.
+    virtual void DoAction(int /*Code*/) {}
+
+    /// Whether the values shown are still coming; those that are not are shown grey. A new window is not live.
+    virtual void SetLive(bool Live) = 0;
+
+    /// Closes the window.
+    virtual void Unload() = 0;
+
+    /// Calls DrawData, SetLive(true) ahead of it when the window was not live.
+    void TakeFrame();
+
+    /// Calls SetLive(false) when the window was live.
+    void LoseFrames();
+
+private:
+    bool IsLive = false;
+};
+
+/// The loaded windows in the order in which they were opened.
+const std::vector<cDataWindow*>& LoadedWindows();
+
+/// Calls DrawData of each window tagged "D", in order.
+void DrawDataWindows();
+
+/// Tells each window tagged "D" once that frames have stopped, when none has come for a second.
+void CheckLive();
+
+/// Unloads each window tagged "D", from the last to the first.
+void CloseDForms();
