@@ -1,0 +1,71 @@
+// Modal dialogs above the active window.
+#include "platform/qt/qDialogs.h"
+
+#include "platform/qt/qColour.h"
+#include "platform/qt/qText.h"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+
+namespace {
+QMessageBox::Icon IconFor(const std::string& Title, eButtons Buttons)
+{
+    if (Title.starts_with("Error")) return QMessageBox::Critical;
+    if (Title.starts_with("Warning")) return QMessageBox::Warning;
+    return Buttons == eButtons::YesNo ? QMessageBox::Question : QMessageBox::Information;
+}
+
+std::optional<std::string> Given(const QString& Name)
+{
+    if (Name.isEmpty()) return {};
+    return Plain(Name);
+}
+} // namespace
+
+eAnswer qDialogs::MsgBox(const std::string& Text, const std::string& Title, eButtons Buttons)
+{
+    const bool Asks = Buttons == eButtons::YesNo;
+    QMessageBox Box(IconFor(Title, Buttons), Shown(Title), Shown(Text),
+                    Asks ? QMessageBox::Yes | QMessageBox::No : QMessageBox::StandardButtons(QMessageBox::Ok),
+                    QApplication::activeWindow());
+    Box.setTextFormat(Qt::PlainText);
+    Box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    const int Chosen = Box.exec();
+    if (!Asks) return eAnswer::Ok;
+    return Chosen == QMessageBox::Yes ? eAnswer::Yes : eAnswer::No;
+}
+
+std::optional<std::string> qDialogs::InputBox(const std::string& Prompt, const std::string& Title,
+                                              const std::string& Proposed)
+{
+    QInputDialog Box(QApplication::activeWindow());
+    Box.setWindowTitle(Shown(Title));
+    Box.setLabelText(Shown(Prompt));
+    Box.setTextValue(Shown(Proposed));
+    Box.resize(Box.sizeHint().expandedTo(QSize(420, 0)));
+    if (Box.exec() != QDialog::Accepted) return {};
+    return Plain(Box.textValue());
+}
+
+std::optional<std::string> qDialogs::ExecComDlg(const std::string& Title, const std::string& Ext, eFileMode Mode,
+                                                const std::string& Folder)
+{
+    const QString Filter = "All Files (*." + Shown(Ext) + ")";
+    QWidget* Parent = QApplication::activeWindow();
+    if (Mode == eFileMode::In) return Given(QFileDialog::getOpenFileName(Parent, Shown(Title), Shown(Folder), Filter));
+    QFileDialog Box(Parent, Shown(Title), Shown(Folder), Filter);
+    Box.setAcceptMode(QFileDialog::AcceptSave);
+    Box.setDefaultSuffix(Shown(Ext));
+    if (Box.exec() != QDialog::Accepted) return {};
+    return Given(Box.selectedFiles().value(0));
+}
+
+std::optional<int32_t> qDialogs::ChooseColour(int32_t Proposed)
+{
+    const QColor Chosen = QColorDialog::getColor(ToQColor(Proposed), QApplication::activeWindow());
+    if (!Chosen.isValid()) return {};
+    return FromQColor(Chosen);
+}

@@ -1,0 +1,31 @@
+// The serial port on the toolkit's event loop.
+#pragma once
+
+#include "platform/iSerialPort.h"
+
+#include <QSerialPort>
+#include <QTimer>
+
+class qSerialPort : public iSerialPort
+{
+public:
+    qSerialPort();
+
+    std::vector<std::string> Devices() const override;
+    bool Open(const std::string& Device, const std::string& Settings) override;
+    bool IsOpen() const override;
+    std::size_t InBufferCount() const override;
+    std::size_t Input(std::span<uint8_t> Bytes) override;
+    bool Output(const std::string& Text) override;
+    void Close() override;
+
+private:
+    void Tell();
+    void Fail(QSerialPort::SerialPortError Error);
+    void TellFailure();
+
+    QSerialPort Port;
+    QTimer NextTurn; // tells again of bytes that were left
+    QTimer Failure;
+    bool IsTelling = false;
+};

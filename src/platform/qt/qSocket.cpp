@@ -1,0 +1,81 @@
+// TCP client.
+#include "platform/qt/qSocket.h"
+
+#include "platform/qt/qText.h"
+
+#include <QNetworkProxy>
+#include <QSignalBlocker>
+
+qSocket::qSocket()
+{
+    // The logger is a neighbour: a proxy set for the web does not lead to it.
+    Socket.setProxy(QNetworkProxy::NoProxy);
+    QObject::connect(&Socket, &QTcpSocket::connected, &Socket, [this] {
+        Socket.setSocketOption(QAbstractSocket::LowDelayOption, 1);
+        if (OnConnect) OnConnect();
+    });
+    QObject::connect(&Socket, &QTcpSocket::readyRead, &Socket, [this] {
+        if (OnData) OnData(BytesReceived());
+    });
+    // Failures are told in a turn of their own: some come while the caller still is inside Connect.
+    Failure.setSingleShot(true);
+    QObject::connect(&Socket, &QTcpSocket::errorOccurred, &Socket, [this] { Failure.start(0); });
+    QObject::connect(&Failure, &QTimer::timeout, &Socket, [this] { TellFailure(); });
+}
+
+void qSocket::Connect(const std::string& Address, uint16_t Port)
+{
+    Close();
+    Socket.connectToHost(Shown(Address), Port);
+}
+
+eSocketState qSocket::State() const
+{
+    switch (Socket.state()) {
+    case QAbstractSocket::ConnectedState:
+        return eSocketState::Connected;
+    case QAbstractSocket::HostLookupState:
+    case QAbstractSocket::ConnectingState:
+        return eSocketState::Connecting;
+    default:
+        return eSocketState::Closed;
+    }
+}
+
+std::size_t qSocket::BytesReceived() const
+{
+    return static_cast<std::size_t>(Socket.bytesAvailable());
+}
+
+std::size_t qSocket::GetData(std::span<uint8_t> Bytes)
+{
+    if (Bytes.empty()) return 0;
+    const qint64 Taken = Socket.read(reinterpret_cast<char*>(Bytes.data()), static_cast<qint64>(Bytes.size()));
+    return Taken > 0 ? static_cast<std::size_t>(Taken) : 0;
+}
+
+bool qSocket::SendData(const std::string& Text)
+{
+    if (State() != eSocketState::Connected) return false;
+    const auto Size = static_cast<qint64>(Text.size());
+    return Socket.write(Text.data(), Size) == Size;
+}
+
+void qSocket::Close()
+{
+    const QSignalBlocker Silent(Socket);
+    Failure.stop();
+    Socket.abort();
+}
+
+void qSocket::TellFailure()
+{
+    const bool Left = Socket.error() == QAbstractSocket::RemoteHostClosedError;
+    const std::string Reason = Plain(Socket.errorString());
+    Close();
+    if (Left) {
+        if (OnClose) OnClose();
+    } else if (OnError) {
+        OnError(Reason);
+    }
+}

@@ -1,0 +1,33 @@
+// The status bar of the main window as the engine's status line.
+#pragma once
+
+#include "platform/iStatus.h"
+
+#include <QElapsedTimer>
+
+#include <array>
+#include <functional>
+
+class QLabel;
+class QProgressBar;
+
+class qStatus : public iStatus
+{
+public:
+    /// Uses the widgets of a window; they must live as long as the status line is used.
+    void Attach(std::array<QLabel*, 3> NewPanels, QProgressBar* NewProgress);
+
+    /// Lets go of the widgets: what is told from now on is dropped.
+    void Detach();
+
+    /// Called when panel 1, the title of the session, changes.
+    std::function<void()> OnTitle;
+
+    void SetPanel(int Panel, const std::string& Text) override;
+    void SetProgress(int Percent) override;
+
+private:
+    std::array<QLabel*, 3> Panels{};
+    QProgressBar* Progress = nullptr;
+    QElapsedTimer SincePaint;
+};

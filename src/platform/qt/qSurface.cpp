@@ -1,0 +1,205 @@
+// The retained picture and its way to the screen.
+#include "platform/qt/qSurface.h"
+
+#include "platform/qt/qColour.h"
+#include "platform/qt/qText.h"
+
+#include <QFontMetricsF>
+#include <QPaintEvent>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstring>
+
+namespace {
+constexpr int RefreshEvery = 16; // ms, a screen's refresh
+
+QRectF Around(QPointF A, QPointF B)
+{
+    return QRectF(A, B).normalized();
+}
+} // namespace
+
+qSurface::qSurface(QWidget* Parent) : QWidget(Parent), Pen(Qt::black, 1), Fill(Qt::NoBrush), Letters(font())
+{
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setMinimumSize(160, 120);
+    Pen.setCapStyle(Qt::RoundCap);
+    Pen.setJoinStyle(Qt::MiterJoin);
+    Refresh.setSingleShot(true);
+    Refresh.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&Refresh, &QTimer::timeout, this, [this] {
+        update(Dirty);
+        Dirty = {};
+    });
+}
+
+qSurface::~qSurface()
+{
+    if (Painter.isActive()) Painter.end();
+}
+
+SurfacePoint qSurface::Size() const
+{
+    return {width(), height()};
+}
+
+void qSurface::Renew()
+{
+    if (Painter.isActive()) Painter.end();
+    const double Ratio = devicePixelRatioF();
+    Picture = QImage((QSizeF(size()) * Ratio).toSize().expandedTo({1, 1}), QImage::Format_RGB32);
+    Picture.setDevicePixelRatio(Ratio);
+    Picture.fill(Qt::white);
+    Ground = Picture;
+    update();
+    if (OnResize) OnResize();
+}
+
+QPainter& qSurface::Brush()
+{
+    if (Picture.isNull()) Renew();
+    if (!Painter.isActive()) {
+        Painter.begin(&Picture);
+        Painter.setPen(Pen);
+        Painter.setBrush(Fill);
+        Painter.setFont(Letters);
+    }
+    return Painter;
+}
+
+// The line's width and half a pixel of rounding stand out on every side.
+void qSurface::Changed(const QRectF& Place)
+{
+    const int Margin = static_cast<int>(std::ceil(Pen.widthF())) + 1;
+    Dirty |= Place.toAlignedRect().adjusted(-Margin, -Margin, Margin, Margin) & rect();
+    if (!Refresh.isActive()) Refresh.start(RefreshEvery);
+}
+
+void qSurface::Clear(int32_t Colour)
+{
+    if (Painter.isActive()) Painter.end();
+    Picture.fill(ToQColor(Colour));
+    Ground = Picture;
+    Changed(rect());
+}
+
+void qSurface::SetPen(int32_t Colour, int Width)
+{
+    Pen.setColor(ToQColor(Colour));
+    Pen.setWidth(std::max(Width, 1));
+    if (Painter.isActive()) Painter.setPen(Pen);
+}
+
+void qSurface::SetFill(int32_t Colour)
+{
+    Fill = Colour == NoFill ? QBrush(Qt::NoBrush) : QBrush(ToQColor(Colour));
+    if (Painter.isActive()) Painter.setBrush(Fill);
+}
+
+void qSurface::SetFont(int Size, bool Bold)
+{
+    Letters.setPixelSize(std::max(Size, 1));
+    Letters.setBold(Bold);
+    if (Painter.isActive()) Painter.setFont(Letters);
+}
+
+void qSurface::Line(double X1, double Y1, double X2, double Y2)
+{
+    Brush().drawLine(QPointF(X1, Y1), QPointF(X2, Y2));
+    Changed(Around({X1, Y1}, {X2, Y2}));
+}
+
+void qSurface::Polyline(std::span<const SurfacePoint> Points)
+{
+    static_assert(sizeof(QPoint) == sizeof(SurfacePoint));
+    if (Points.empty()) return;
+    QRect Place(Points[0].X, Points[0].Y, 1, 1);
+    std::array<QPoint, 256> Part;
+    for (std::size_t From = 0; From + 1 < Points.size(); From += Part.size() - 1) {
+        const std::size_t Count = std::min(Part.size(), Points.size() - From);
+        for (std::size_t i = 0; i < Count; ++i) {
+            Part[i] = {Points[From + i].X, Points[From + i].Y};
+            Place |= QRect(Part[i], QSize(1, 1));
+        }
+        Brush().drawPolyline(Part.data(), static_cast<int>(Count));
+    }
+    Changed(Place);
+}
+
+void qSurface::Point(double X, double Y)
+{
+    Brush().drawPoint(QPointF(X, Y));
+    Changed(QRectF(X, Y, 1, 1));
+}
+
+void qSurface::Circle(double X, double Y, double Radius)
+{
+    Brush().setRenderHint(QPainter::Antialiasing);
+    Brush().drawEllipse(QPointF(X, Y), Radius, Radius);
+    Brush().setRenderHint(QPainter::Antialiasing, false);
+    Changed(QRectF(X - Radius, Y - Radius, 2 * Radius, 2 * Radius));
+}
+
+void qSurface::Box(double X1, double Y1, double X2, double Y2)
+{
+    Brush().drawRect(Around({X1, Y1}, {X2, Y2}));
+    Changed(Around({X1, Y1}, {X2, Y2}));
+}
+
+void qSurface::Text(double X, double Y, const std::string& Text, eAlign Align)
+{
+    const QString Words = Shown(Text);
+    const QFontMetricsF Metrics(Letters, this);
+    const double Width = Metrics.horizontalAdvance(Words);
+    const double Left = Align == eAlign::Left ? X : Align == eAlign::Right ? X - Width : X - Width / 2;
+    Brush().drawText(QPointF(Left, Y + Metrics.ascent()), Words);
+    Changed(QRectF(Left, Y, Width, Metrics.height()));
+}
+
+void qSurface::KeepGround()
+{
+    if (Painter.isActive()) Painter.end();
+    Ground = Picture.copy();
+}
+
+// Rows of pixels are copied as they are: the cheapest way to take a thing away, and exact.
+void qSurface::RestoreGround(double X1, double Y1, double X2, double Y2)
+{
+    const QRectF Place = Around({X1, Y1}, {X2, Y2});
+    const double Ratio = Picture.devicePixelRatio();
+    const auto Pixel = [Ratio](double Unit) { return static_cast<int>(std::lround(Unit * Ratio)); };
+    const QRect Box = QRect(QPoint(Pixel(Place.left()), Pixel(Place.top())),
+                            QPoint(Pixel(Place.right() + 1) - 1, Pixel(Place.bottom() + 1) - 1)) &
+                      Picture.rect() & Ground.rect();
+    if (Box.isEmpty()) return;
+    const auto Bytes = static_cast<std::size_t>(Box.width()) * sizeof(QRgb);
+    const qsizetype Left = Box.left() * static_cast<qsizetype>(sizeof(QRgb));
+    for (int Row = Box.top(); Row <= Box.bottom(); ++Row)
+        std::memcpy(Picture.scanLine(Row) + Left, Ground.constScanLine(Row) + Left, Bytes);
+    Changed(Place);
+}
+
+QImage qSurface::Grab()
+{
+    if (Picture.isNull()) Renew();
+    if (Painter.isActive()) Painter.end();
+    return Picture.copy();
+}
+
+void qSurface::paintEvent(QPaintEvent* Event)
+{
+    if (Picture.isNull() || Picture.devicePixelRatio() != devicePixelRatioF()) Renew();
+    if (Painter.isActive()) Painter.end();
+    QPainter Screen(this);
+    const double Ratio = Picture.devicePixelRatio();
+    for (const QRect& Part : Event->region())
+        Screen.drawImage(QRectF(Part), Picture,
+                         QRectF(Part.left() * Ratio, Part.top() * Ratio, Part.width() * Ratio, Part.height() * Ratio));
+}
+
+void qSurface::resizeEvent(QResizeEvent*)
+{
+    Renew();
+}

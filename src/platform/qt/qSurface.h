@@ -1,0 +1,56 @@
+// A widget with a picture that stays: drawing goes to the picture, changed parts to the screen once a refresh.
+#pragma once
+
+#include "platform/iSurface.h"
+
+#include <QImage>
+#include <QPainter>
+#include <QTimer>
+#include <QWidget>
+
+#include <functional>
+
+class qSurface : public QWidget, public iSurface
+{
+public:
+    explicit qSurface(QWidget* Parent = nullptr);
+    ~qSurface() override;
+
+    /// Called when the picture is new and white: at first, after a change of size, and on a screen of other density.
+    std::function<void()> OnResize;
+
+    SurfacePoint Size() const override;
+    void Clear(int32_t Colour) override;
+    void SetPen(int32_t Colour, int Width) override;
+    void SetFill(int32_t Colour) override;
+    void SetFont(int Size, bool Bold) override;
+    void Line(double X1, double Y1, double X2, double Y2) override;
+    void Polyline(std::span<const SurfacePoint> Points) override;
+    void Point(double X, double Y) override;
+    void Circle(double X, double Y, double Radius) override;
+    void Box(double X1, double Y1, double X2, double Y2) override;
+    void Text(double X, double Y, const std::string& Text, eAlign Align) override;
+    void KeepGround() override;
+    void RestoreGround(double X1, double Y1, double X2, double Y2) override;
+
+    /// The picture as it is now, in the screen's pixels.
+    QImage Grab();
+
+protected:
+    void paintEvent(QPaintEvent* Event) override;
+    void resizeEvent(QResizeEvent* Event) override;
+
+private:
+    void Renew();
+    QPainter& Brush();
+    void Changed(const QRectF& Place);
+
+    QImage Picture;
+    QImage Ground;
+    QPainter Painter; // open on the picture while drawing calls follow each other
+    QPen Pen;
+    QBrush Fill;
+    QFont Letters;
+    QRect Dirty; // of the picture, not yet on the screen
+    QTimer Refresh;
+};

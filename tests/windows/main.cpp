@@ -1,0 +1,12 @@
+// Entry point of the window tests: a program without a screen.
+#define DOCTEST_CONFIG_IMPLEMENT
+#include <doctest/doctest.h>
+
+#include <QApplication>
+
+int main(int Count, char** Args)
+{
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication Program(Count, Args);
+    return doctest::Context(Count, Args).run();
+}
