@@ -26,6 +26,14 @@ std::string ToText(double X, std::chars_format Form, int Precision)
     return {Room.data(), End};
 }
 
+template <class Number>
+std::string Shortest(Number X)
+{
+    std::array<char, FixedRoom> Room;
+    const auto End = std::to_chars(Room.data(), Room.data() + Room.size(), X).ptr;
+    return {Room.data(), End};
+}
+
 bool IsDigit(char C)
 {
     return C >= '0' && C <= '9';
@@ -105,9 +113,12 @@ std::string FormatBool(bool X)
 
 std::string FormatShortest(double X)
 {
-    std::array<char, FixedRoom> Room;
-    const auto End = std::to_chars(Room.data(), Room.data() + Room.size(), X).ptr;
-    return {Room.data(), End};
+    return Shortest(X);
+}
+
+std::string FormatShortest(float X)
+{
+    return Shortest(X);
 }
 
 std::string FormatGeneral(double X, int Digits)

@@ -27,6 +27,7 @@ std::string FormatBool(bool X);
 
 /// The shortest text that reads back as X.
 std::string FormatShortest(double X);
+std::string FormatShortest(float X);
 
 /// X with at most Digits significant digits and no trailing zeros, as C's "%.{Digits}g".
 std::string FormatGeneral(double X, int Digits);

@@ -149,7 +149,7 @@ std::string TextOf(const Target& Global)
     else if constexpr (std::is_same_v<Target, bool>)
         return FormatBool(Global);
     else
-        return FormatShortest(Global);
+        return FormatShortest(static_cast<double>(Global));
 }
 } // namespace
 

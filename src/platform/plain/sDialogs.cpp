@@ -5,10 +5,10 @@
 
 eAnswer sDialogs::MsgBox(const std::string& Text, const std::string& Title, eButtons Buttons)
 {
+    if (StatusLine) StatusLine->Clear();
     std::cerr << Title << ": " << Text << std::endl;
-    if (Buttons == eButtons::YesNo) return AnswerYes ? eAnswer::Yes : eAnswer::No;
-    if (Title != "Information") Failed = true;
-    return eAnswer::Ok;
+    if (Buttons == eButtons::Ok) return eAnswer::Ok;
+    return AnswerYes ? eAnswer::Yes : eAnswer::No;
 }
 
 std::optional<std::string> sDialogs::InputBox(const std::string&, const std::string&, const std::string& Proposed)
