@@ -40,6 +40,7 @@ public:
 
     std::function<void()> OnData;
 
-    /// The line broke, with the reason. Called once in a turn of its own, when the port is already closed.
+    /// The line broke, with the reason. Called once in a turn of its own, when the port is already closed; what came
+    /// before can still be taken within the call.
     std::function<void(const std::string& Reason)> OnError;
 };

@@ -41,9 +41,10 @@ public:
     /// Data arrived: BytesTotal bytes are waiting. Bytes that the handler leaves are not told again until more come.
     std::function<void(std::size_t BytesTotal)> OnData;
 
-    /// The other side closed an existing connection.
+    /// The other side closed an existing connection. What came before can still be taken within the call.
     std::function<void()> OnClose;
 
-    /// The connection could not be made or broke, with the reason. The socket is already closed.
+    /// The connection could not be made or broke, with the reason. The socket is already closed; what came before can
+    /// still be taken within the call.
     std::function<void(const std::string& Reason)> OnError;
 };

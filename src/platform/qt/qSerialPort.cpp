@@ -59,7 +59,7 @@ bool qSerialPort::Open(const std::string& Device, const std::string& Settings)
 
 bool qSerialPort::IsOpen() const
 {
-    return Port.isOpen();
+    return Port.isOpen() && !IsBroken;
 }
 
 std::size_t qSerialPort::InBufferCount() const
@@ -76,7 +76,7 @@ std::size_t qSerialPort::Input(std::span<uint8_t> Bytes)
 
 bool qSerialPort::Output(const std::string& Text)
 {
-    if (!Port.isOpen() || Failure.isActive()) return false;
+    if (!IsOpen() || Failure.isActive()) return false;
     const auto Size = static_cast<qint64>(Text.size());
     return Port.write(Text.data(), Size) == Size && Port.flush();
 }
@@ -85,6 +85,7 @@ void qSerialPort::Close()
 {
     NextTurn.stop();
     Failure.stop();
+    IsBroken = false;
     if (Port.isOpen()) Port.close();
 }
 
@@ -111,7 +112,9 @@ void qSerialPort::Fail(QSerialPort::SerialPortError Error)
 
 void qSerialPort::TellFailure()
 {
-    const std::string Reason = Plain(Port.errorString());
-    Close();
-    if (OnError) OnError(Reason);
+    // Closing throws away what was received, so it comes last, unless the port was opened anew.
+    IsBroken = true;
+    NextTurn.stop();
+    if (OnError) OnError(Plain(Port.errorString()));
+    if (IsBroken) Close();
 }

@@ -28,4 +28,5 @@ private:
     QTimer NextTurn; // tells again of bytes that were left
     QTimer Failure;
     bool IsTelling = false;
+    bool IsBroken = false; // for the rest of the program the port is closed
 };

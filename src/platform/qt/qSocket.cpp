@@ -1,6 +1,7 @@
 // TCP client.
 #include "platform/qt/qSocket.h"
 
+#include "platform/plain/sSocket.h"
 #include "platform/qt/qText.h"
 
 #include <QNetworkProxy>
@@ -12,6 +13,7 @@ qSocket::qSocket()
     Socket.setProxy(QNetworkProxy::NoProxy);
     QObject::connect(&Socket, &QTcpSocket::connected, &Socket, [this] {
         Socket.setSocketOption(QAbstractSocket::LowDelayOption, 1);
+        WatchPeer(static_cast<int>(Socket.socketDescriptor()));
         if (OnConnect) OnConnect();
     });
     QObject::connect(&Socket, &QTcpSocket::readyRead, &Socket, [this] {
@@ -65,17 +67,19 @@ void qSocket::Close()
 {
     const QSignalBlocker Silent(Socket);
     Failure.stop();
+    HasEnded = false;
     Socket.abort();
 }
 
 void qSocket::TellFailure()
 {
     const bool Left = Socket.error() == QAbstractSocket::RemoteHostClosedError;
-    const std::string Reason = Plain(Socket.errorString());
-    Close();
+    // Closing throws away what was received, so it comes last, unless a new connection was asked for.
+    HasEnded = true;
     if (Left) {
         if (OnClose) OnClose();
     } else if (OnError) {
-        OnError(Reason);
+        OnError(Plain(Socket.errorString()));
     }
+    if (HasEnded) Close();
 }

@@ -23,4 +23,5 @@ private:
 
     QTcpSocket Socket;
     QTimer Failure;
+    bool HasEnded = false;
 };
