@@ -26,14 +26,6 @@ std::string FolderOf(const std::string& Path)
     const auto Folder = std::filesystem::path(Path).parent_path().string();
     return Folder.empty() ? "." : Folder;
 }
-
-void SyncFolder(const std::string& Folder)
-{
-    const int Handle = open(Folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (Handle < 0) return;
-    fsync(Handle);
-    close(Handle);
-}
 } // namespace
 
 std::optional<std::string> ReadWhole(const std::string& Path)
@@ -124,7 +116,7 @@ bool WholeFile::Commit()
         unlink(Temporary.c_str());
         return false;
     }
-    if (Wanted == Durability::Durable) SyncFolder(FolderOf(Target));
+    if (Wanted == Durability::Durable) SyncName(Target);
     return true;
 }
 
@@ -133,4 +125,12 @@ bool SaveWhole(const std::string& Path, std::string_view Bytes, Durability Wante
     WholeFile File(Path, Wanted);
     File.Append(Bytes);
     return File.Commit();
+}
+
+void SyncName(const std::string& Path)
+{
+    const int Handle = open(FolderOf(Path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (Handle < 0) return;
+    fsync(Handle);
+    close(Handle);
 }

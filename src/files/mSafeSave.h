@@ -50,3 +50,6 @@ private:
 
 /// Writes Bytes as the whole new content of Path. False when it failed: the old file is as it was.
 bool SaveWhole(const std::string& Path, std::string_view Bytes, Durability Wanted = Durability::Durable);
+
+/// Puts the name of a new file on the disk, which lives in its folder.
+void SyncName(const std::string& Path);
