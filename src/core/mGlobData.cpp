@@ -26,6 +26,7 @@ int32_t gMissed = 0;
 int16_t gKeyChan = 0;
 double gKeyQ0 = 0;
 double gKeyQ1 = 0;
+int16_t gKeyMode = 0;
 int16_t gH1Chan = 0;
 double gH1Q0 = 0;
 double gH1Q1 = 0;

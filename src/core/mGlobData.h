@@ -278,7 +278,8 @@ extern int32_t gMissed;    // frames reckoned lost
 extern int16_t gKeyChan;   // channel that drives stroke detection, 0 or -1 when there is none
 extern double gKeyQ0;
 extern double gKeyQ1;
-extern int16_t gH1Chan; // channel of handle force H1, 0 or -1 when there is none
+extern int16_t gKeyMode; // stroke key mode in use, 0 to 3
+extern int16_t gH1Chan;  // channel of handle force H1, 0 or -1 when there is none
 extern double gH1Q0;
 extern double gH1Q1;
 extern std::string gCurFile;   // path of the session data file

@@ -1,0 +1,188 @@
+// The detector's patterns and the scans that are built on it.
+#include "processing/mProcess.h"
+
+#include "core/mError.h"
+#include "core/mGlobData.h"
+#include "core/mHost.h"
+#include "core/mSettings.h"
+#include "processing/mNorm.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <optional>
+
+KeyWindow gKeyWin;
+double gMeanCycleT = 0;
+double gCycleSD = 0;
+double gRateSD = 0;
+double gTestTime = 0;
+int32_t gBadStrokes = 0;
+
+namespace {
+// The crossing lies between K[1] and K[2] and must be backed by one more sample on each side: that is all the
+// debouncing there is. The newest sample counts in the peak modes only.
+bool IsBoundary(const std::array<double, 5>& K, double Thr)
+{
+    switch (gKeyMode) {
+    case 0:
+        return K[0] > Thr && K[1] >= Thr && K[2] <= Thr && K[3] < Thr;
+    case 1:
+        return K[0] < Thr && K[1] <= Thr && K[2] >= Thr && K[3] > Thr;
+    case 2:
+        return K[0] >= K[1] && K[1] >= K[2] && K[2] < K[3] && K[3] < K[4];
+    case 3:
+        return K[0] <= K[1] && K[1] <= K[2] && K[2] > K[3] && K[3] > K[4];
+    default:
+        return false;
+    }
+}
+
+double BoundaryTime(const KeyWindow& Win, double Thr)
+{
+    if (gKeyMode >= 2) return Win.T[2];
+    return Win.T[1] + (Win.T[2] - Win.T[1]) * SafeDiv(Win.K[1] - Thr, Win.K[1] - Win.K[2]);
+}
+
+void Shift(std::array<double, 5>& Values)
+{
+    std::copy(Values.begin() + 1, Values.end(), Values.begin());
+}
+
+// Durations of a cycle, in seconds, that are taken.
+struct Band
+{
+    double Low = -std::numeric_limits<double>::infinity();
+    double High = std::numeric_limits<double>::infinity();
+
+    bool Holds(double Period) const { return Low <= Period && Period <= High; }
+};
+
+Band AcceptanceBand()
+{
+    return {gMeanCycleT - gCycleSD * StdFilter, gMeanCycleT + gCycleSD * StdFilter};
+}
+
+struct PeriodSums
+{
+    int32_t Cnt = 0;
+    double Sum = 0;
+    double SumSq = 0;
+
+    double Mean() const { return SafeDiv(Sum, Cnt); }
+    double SD() const { return Root(SafeDiv(SumSq, Cnt) - Mean() * Mean()); }
+};
+
+// Sums of the periods of a stretch that Wanted holds; nothing when the stretch has no boundary.
+std::optional<PeriodSums> SumPeriods(int32_t Start, int32_t Stop, const Band& Wanted)
+{
+    double Prev = 0;
+    if (!DetectCycle(Start, Stop, Prev)) return {};
+    PeriodSums Sums;
+    double CycleTime = 0;
+    while (DetectCycle(Start, Stop, CycleTime) && Start <= Stop) {
+        const double Period = CycleTime - Prev;
+        Prev = CycleTime;
+        if (!Wanted.Holds(Period)) continue;
+        ++Sums.Cnt;
+        Sums.Sum += Period;
+        Sums.SumSq += Period * Period;
+    }
+    return Sums;
+}
+} // namespace
+
+bool DetectCycle(int32_t& Cur, int32_t Stop, double& CycleTime)
+{
+    const auto Key = gRaw.Channel(gKeyChan);
+    const auto Time = gRaw.Channel(0);
+    const double Thr = gFile.KeyThres;
+    const int32_t Last = std::min(gRaw.UBound() - 2, Stop);
+    for (Cur = std::max(Cur, 2); Cur <= Last;) {
+        gKeyWin.K[4] = Key[static_cast<std::size_t>(Cur)];
+        gKeyWin.T[4] = Time[static_cast<std::size_t>(Cur)];
+        const bool Found = IsBoundary(gKeyWin.K, Thr);
+        if (Found) CycleTime = BoundaryTime(gKeyWin, Thr);
+        Shift(gKeyWin.K);
+        Shift(gKeyWin.T);
+        ++Cur;
+        if (Found) return true;
+    }
+    return false;
+}
+
+bool CycleStats(int32_t Start, int32_t Stop)
+{
+    const auto Sums = SumPeriods(Start, Stop, Band{});
+    if (!Sums) return false;
+    if (Sums->Cnt == 0) {
+        gMeanCycleT = 0;
+        gCycleSD = 0;
+        return false;
+    }
+    const int16_t Cnt = ToInt16(Sums->Cnt);
+    const double SD = Sums->SD();
+    gStrokeCnt = Cnt;
+    gMeanCycleT = Sums->Mean();
+    gRate = SafeDiv(60, gMeanCycleT);
+    gCycleSD = SD;
+    return true;
+}
+
+bool CycleStatsInRange(int32_t Start, int32_t Stop, int32_t& Cnt, double& Mean, double& SD)
+{
+    const auto Sums = SumPeriods(Start, Stop, AcceptanceBand());
+    if (!Sums || Sums->Cnt == 0) return false;
+    SD = Sums->SD();
+    Cnt = Sums->Cnt;
+    Mean = Sums->Mean();
+    return true;
+}
+
+bool ProcessCycles(int32_t Start, int32_t& Stop, int Run)
+{
+    if (!HasKeyChannel()) return false;
+    if (Stop == 0) Stop = gRaw.UBound();
+    if (!CycleStats(Start, Stop)) {
+        MsgBox("Could not find any cycle!", TitleWarning);
+        return false;
+    }
+    const Band Good = AcceptanceBand();
+    RunBackup Before;
+    int32_t Cur = Start;
+    double CycleTime = 0;
+    if (DetectCycle(Cur, Stop, CycleTime)) ResetNorm(Run);
+    const double FirstT = CycleTime;
+    double PrevT = CycleTime;
+    int32_t PrevSample = Cur;
+    while (DetectCycle(Cur, Stop, CycleTime)) {
+        if (Good.Holds(CycleTime - PrevT))
+            AddStroke(PrevSample, PrevT, CycleTime, Run);
+        else
+            ++gBadStrokes;
+        PrevSample = Cur;
+        PrevT = CycleTime;
+        ShowProgress(Cur);
+    }
+    gTestTime = CycleTime - FirstT;
+    FinishNorm(Run);
+    Before.Finish();
+    return true;
+}
+
+void ShowProgress(int32_t Cur)
+{
+    gKeyWin.Percent = ToInt16(static_cast<int64_t>(Div(Cur, gRaw.UBound()) * 100));
+    if (gKeyWin.Percent == gKeyWin.LastPercent) return;
+    UpdateProgress(gKeyWin.Percent);
+    gKeyWin.LastPercent = gKeyWin.Percent;
+}
+
+bool HasKeyChannel()
+{
+    if (gKeyChan >= 1 && gKeyChan <= gRaw.ChannelUBound()) return true;
+    MsgBox("There is no channel \"" + gFile.KeyChanID +
+               "\" to find strokes by. Set the session's key channel to one that was recorded.",
+           TitleWarning);
+    return false;
+}

@@ -1,0 +1,90 @@
+// The rows of a new sample, and samples of single strokes.
+#include "processing/mSample.h"
+
+#include "core/mError.h"
+#include "core/mGlobData.h"
+#include "core/mHost.h"
+#include "core/mNumText.h"
+#include "core/mSettings.h"
+#include "processing/mNorm.h"
+#include "processing/mProcess.h"
+
+namespace {
+DescRow DescribeRun(int Number)
+{
+    DescRow Row;
+    Row.SessID = gFileTitle;
+    Row.SampleID.append("S").append(FormatNum(Number, "00"));
+    Row.ParCount = gFile.ChanCnt;
+    Row.DataCount = NormSteps;
+    Row.TestTime = gTestTime;
+    Row.StrokeCount = gStrokeCnt;
+    Row.BadStrokes = ToInt16(gBadStrokes);
+    Row.Rate = gRate;
+    Row.RateDev = gRateSD;
+    return Row;
+}
+
+std::vector<DataRow> RowsOf(const DescRow& Sample, const NormTable& Table)
+{
+    std::vector<DataRow> Rows;
+    for (int Chan = 1; Chan <= gFile.ChanCnt; ++Chan) {
+        const CalibrRow& Place = gFile.Calibr[Chan];
+        const NormCurve& Curve = Table.Channel(Chan);
+        Rows.push_back({Sample.SessID, Sample.SampleID, Place.ParamID, Place.Seat, Place.Side,
+                        std::vector<double>(Curve.begin(), Curve.end())});
+    }
+    return Rows;
+}
+
+void Append(RowArray<DataRow>& Table, std::vector<DataRow>&& Rows)
+{
+    for (DataRow& Row : Rows)
+        Table.Grow() = std::move(Row);
+}
+} // namespace
+
+void SaveNormSample(int Run, const std::string& Prefix)
+{
+    const int Number = gFile.Desc.UBound() + 1;
+    const NormArrays Arrays = ArraysOf(Run);
+    DescRow Sample = DescribeRun(Number);
+    std::vector<DataRow> Means = RowsOf(Sample, Arrays.Aver);
+    std::vector<DataRow> Deviations;
+    if (gExpSTD > 0) Deviations = RowsOf(Sample, Arrays.Std);
+    Sample.Comment = InputBox("Input a Comment for the sample:", "Data Processed", Prefix + FormatNum(Number, "00"));
+    gFile.Desc.Grow() = std::move(Sample);
+    Append(gFile.Data, std::move(Means));
+    Append(gFile.STD, std::move(Deviations));
+}
+
+bool ProcessStrokes(int32_t Start, int16_t MaxCnt)
+{
+    if (!HasKeyChannel()) return false;
+    RunBackup Before;
+    const int32_t Stop = gRaw.UBound();
+    int32_t Cur = Start;
+    int32_t PrevSample = Start;
+    const double FirstT = gRaw(0, Start);
+    double PrevT = FirstT;
+    double CycleTime = 0;
+    int Done = 0;
+    ResetNorm(1);
+    while (DetectCycle(Cur, Stop, CycleTime) && Done < MaxCnt) {
+        AddStroke(PrevSample, PrevT, CycleTime, 1);
+        gTestTime = CycleTime - FirstT;
+        FinishNorm(1);
+        SaveNormSample(1, "Stroke ");
+        DescRow& Sample = gFile.Desc[gFile.Desc.UBound()];
+        Sample.Start = PrevT / 60;
+        Sample.Finish = CycleTime / 60;
+        PrevSample = Cur;
+        PrevT = CycleTime;
+        ResetNorm(1);
+        ++Done;
+    }
+    const bool HasCycles = CycleStats(Start, Stop);
+    Before.Finish();
+    MsgBox(FormatNum(Done, "0") + " strokes processed.", TitleInformation);
+    return HasCycles;
+}
