@@ -11,6 +11,9 @@
 DataFile gFile;
 RowArray<DotRow> gDots;
 RowArray<SegRow> gSegs;
+RowArray<VideoIDRow> gVideoID;
+RowArray<VidCoordsRow> gVidCoords;
+RowArray<VidCoordsRow> gVidAngles;
 std::array<double, LastDataChan + 1> gData{};
 SampleStore gRaw;
 double gRawStart = 0;

@@ -250,6 +250,37 @@ struct SegRow
     float Y2 = 0;
 };
 
+/// A video digitised for a sample.
+struct VideoIDRow
+{
+    std::string SampleID;
+    std::string VideoFN;
+    int16_t Spare1 = 0;
+    int32_t FirstFrame = 0;
+    int32_t FrameCnt = 0;
+    float Length = 0; // s
+    int32_t DotCnt = 0;
+    float Spare2 = 0;
+    float Spare3 = 0;
+};
+
+/// A place on a video frame.
+struct VideoPoint
+{
+    double X = 0;
+    double Y = 0;
+};
+
+/// The places or angles of one digitised point, a value a frame.
+struct VidCoordsRow
+{
+    std::string SampleID;
+    std::string PointID;
+    int32_t Count = 0; // frames in the row
+    int32_t High = 0;  // highest frame with data
+    std::vector<VideoPoint> Values;
+};
+
 /// Highest index of the current sample vector.
 inline constexpr int LastDataChan = 84;
 
@@ -259,6 +290,9 @@ inline constexpr double FullScale = 16384;
 extern DataFile gFile;
 extern RowArray<DotRow> gDots;
 extern RowArray<SegRow> gSegs;
+extern RowArray<VideoIDRow> gVideoID;
+extern RowArray<VidCoordsRow> gVidCoords;
+extern RowArray<VidCoordsRow> gVidAngles;
 
 /// The current sample vector: element 0 the frame's time in seconds, element Chan the raw count of a channel.
 extern std::array<double, LastDataChan + 1> gData;

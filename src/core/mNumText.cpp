@@ -62,47 +62,56 @@ double RoundHalfEven(double X)
     return std::nearbyint(X);
 }
 
-void AppendFixed(std::string& Line, double X, int Decimals)
+void AppendFixed(std::string& Line, double X, int Decimals, int Whole)
 {
     std::array<char, FixedRoom> Room;
-    const auto End = std::to_chars(Room.data(), Room.data() + Room.size(), X, std::chars_format::fixed, Decimals).ptr;
-    Line.append(Room.data(), End);
+    const char* First = Room.data();
+    const char* End = std::to_chars(Room.data(), Room.data() + Room.size(), X, std::chars_format::fixed, Decimals).ptr;
+    if (Whole > 1) {
+        if (*First == '-') Line += *First++;
+        const auto Digits = std::find(First, End, '.') - First;
+        if (Digits < Whole) Line.append(static_cast<std::size_t>(Whole - Digits), '0');
+    }
+    Line.append(First, End);
 }
 
 std::string FormatNum(double X, std::string_view Pattern)
 {
     const bool Percent = Pattern.ends_with('%');
-    if (Percent) {
-        Pattern.remove_suffix(1);
-        X *= 100;
-    }
-    const auto Point = Pattern.find('.');
-    const bool HasPoint = Point != std::string_view::npos;
-    const std::size_t Whole = HasPoint ? Point : Pattern.size();
-    const std::size_t Decimals = HasPoint ? Pattern.size() - Point - 1 : 0;
-    std::string Text = ToText(X, std::chars_format::fixed, static_cast<int>(Decimals));
-    const std::size_t Sign = Text.starts_with('-') ? 1 : 0;
-    const std::size_t Digits = std::min(Text.find('.'), Text.size()) - Sign;
-    if (Digits < Whole) Text.insert(Sign, Whole - Digits, '0');
-    if (HasPoint && Decimals == 0) Text += '.';
+    if (Percent) Pattern.remove_suffix(1);
+    const auto Whole = std::min(Pattern.find('.'), Pattern.size());
+    const auto Decimals = Pattern.size() - Whole - (Whole < Pattern.size() ? 1 : 0);
+    std::string Text;
+    AppendFixed(Text, Percent ? X * 100 : X, static_cast<int>(Decimals), static_cast<int>(Whole));
+    if (Pattern.ends_with('.')) Text += '.';
     if (Percent) Text += '%';
     return Text;
 }
 
-std::string FormatSig(double X, int Places)
+void AppendSig(std::string& Line, double X, int Places)
 {
     const int Decimals = std::max(Places - MagnitudeStep(X), 0);
+    AppendFixed(Line, X, Decimals);
+    if (Decimals == 0) Line += '.';
+}
+
+void AppendSig6(std::string& Line, double X)
+{
+    constexpr std::array<int, 6> Decimals = {6, 5, 4, 3, 2, 0};
+    AppendFixed(Line, X, Decimals[static_cast<std::size_t>(MagnitudeStep(X))]);
+}
+
+std::string FormatSig(double X, int Places)
+{
     std::string Text;
-    AppendFixed(Text, X, Decimals);
-    if (Decimals == 0) Text += '.';
+    AppendSig(Text, X, Places);
     return Text;
 }
 
 std::string FormatSig6(double X)
 {
-    constexpr std::array<int, 6> Decimals = {6, 5, 4, 3, 2, 0};
     std::string Text;
-    AppendFixed(Text, X, Decimals[static_cast<std::size_t>(MagnitudeStep(X))]);
+    AppendSig6(Text, X);
     return Text;
 }
 

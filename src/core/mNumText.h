@@ -13,8 +13,13 @@ double RoundHalfEven(double X);
 /// decimals ("00", "0.000"); "0." keeps its point; a "%" at the end shows X times 100. A tie goes to the even digit.
 std::string FormatNum(double X, std::string_view Pattern);
 
-/// Appends X with Decimals digits behind the point: FormatNum without a pattern to read, for long tables.
-void AppendFixed(std::string& Line, double X, int Decimals);
+/// Appends X with Decimals digits behind the point and at least Whole ahead of it: FormatNum without a pattern to
+/// read, for long tables.
+void AppendFixed(std::string& Line, double X, int Decimals, int Whole = 1);
+
+/// Appends FormatSig and FormatSig6.
+void AppendSig(std::string& Line, double X, int Places);
+void AppendSig6(std::string& Line, double X);
 
 /// X with Places significant digits, less the whole digits above one; at least its decimal point remains.
 std::string FormatSig(double X, int Places);

@@ -1,0 +1,190 @@
+// The keys of Skarvelin.ini as one table, and the table of calibrators inside it.
+#include "core/mIni.h"
+
+#include "core/mFields.h"
+#include "core/mHost.h"
+#include "core/mNumText.h"
+#include "files/mCodePage.h"
+#include "files/mSafeSave.h"
+#include "files/mTextRows.h"
+
+#include <algorithm>
+#include <string_view>
+#include <variant>
+
+std::string gAppDir;
+std::string gSysID;
+WindowPlace gMainPlace;
+std::string gBaseFolder;
+int16_t gCOMport = 1;
+std::string gBackground;
+std::string gModelsFN;
+int16_t gAutoCalCh = 0;
+double gAutoCalQ0 = 0;
+double gAutoCalQ1 = 0;
+std::array<CalibrSensRow, 5> gCalibrSens;
+bool gIsCurves = false;
+bool gIsValue = false;
+bool gIsScore = false;
+bool gIsInd = false;
+bool gIsSound = false;
+bool gIsGrid = false;
+
+namespace {
+constexpr std::string_view SensKey = "CalibrSens";
+
+struct CalibrSensTable // the place of the calibrators among the keys
+{
+};
+
+struct IniItem
+{
+    std::string_view Key;
+    std::variant<std::string*, float*, int16_t*, double*, bool*, CalibrSensTable> Global;
+};
+
+// In the order of writing.
+const std::array Items = {
+    IniItem{"SysID", &gSysID},
+    IniItem{"Left", &gMainPlace.Left},
+    IniItem{"Top", &gMainPlace.Top},
+    IniItem{"Width", &gMainPlace.Width},
+    IniItem{"Height", &gMainPlace.Height},
+    IniItem{"Current File", &gCurFile},
+    IniItem{"Base Folder", &gBaseFolder},
+    IniItem{"COM port", &gCOMport},
+    IniItem{"Background", &gBackground},
+    IniItem{"Models", &gModelsFN},
+    IniItem{"AutoCalCh", &gAutoCalCh},
+    IniItem{"AutoCalQ0", &gAutoCalQ0},
+    IniItem{"AutoCalQ1", &gAutoCalQ1},
+    IniItem{SensKey, CalibrSensTable{}},
+    IniItem{"IsCurves", &gIsCurves},
+    IniItem{"IsValue", &gIsValue},
+    IniItem{"IsScore", &gIsScore},
+    IniItem{"IsInd", &gIsInd},
+    IniItem{"IsSound", &gIsSound},
+    IniItem{"IsGrid", &gIsGrid},
+};
+
+std::string TextOf(const std::string& Global)
+{
+    return Global;
+}
+
+std::string TextOf(double Global)
+{
+    return FormatNum(Global, "0.00000000");
+}
+
+std::string TextOf(float Global)
+{
+    return FormatShortest(Global);
+}
+
+std::string TextOf(int16_t Global)
+{
+    return FormatNum(Global, "0");
+}
+
+std::string TextOf(bool Global)
+{
+    return FormatBool(Global);
+}
+
+// The columns of a calibrator's line.
+constexpr std::array SensColumns = {
+    Field<CalibrSensRow>{"IsActive", &CalibrSensRow::IsActive, {FieldForm::Truth, 1, 0}},
+    Field<CalibrSensRow>{"Name", &CalibrSensRow::Name, {FieldForm::Text, 1, 0}},
+    Field<CalibrSensRow>{"CalCh", &CalibrSensRow::CalCh, {FieldForm::Number, 1, 0}},
+    Field<CalibrSensRow>{"Q0", &CalibrSensRow::Q0, {FieldForm::Number, 1, 8}},
+    Field<CalibrSensRow>{"Q1", &CalibrSensRow::Q1, {FieldForm::Number, 1, 8}},
+    Field<CalibrSensRow>{"ChToCal", &CalibrSensRow::ChToCal, {FieldForm::Number, 1, 0}},
+};
+
+// Rows beyond the table's five are left out.
+void ReadCalibrSens(LineReader& Lines)
+{
+    LineFields Cells;
+    std::string_view Line;
+    for (std::size_t i = 0; Lines.TakeRow(Line); ++i) {
+        if (i >= gCalibrSens.size()) continue;
+        Cells.Cut(Line);
+        Cells.Closed.push_back(Cells.Open);
+        SetFields<CalibrSensRow>(gCalibrSens[i], SensColumns, Cells.Closed);
+    }
+}
+
+std::string TextOf(CalibrSensTable)
+{
+    std::string Text;
+    for (const CalibrSensRow& Row : gCalibrSens)
+        for (const auto& Column : SensColumns) {
+            Text += &Column == SensColumns.data() ? "\r\n" : "\t";
+            AppendField(Text, Row, Column);
+        }
+    return Text + "\r\nEnd";
+}
+} // namespace
+
+std::string IniPath()
+{
+    return gAppDir + "Skarvelin.ini";
+}
+
+bool ReadIni()
+{
+    const auto Bytes = ReadWhole(IniPath());
+    if (!Bytes) {
+        MsgBox("File not found: " + IniPath(), TitleError);
+        return false;
+    }
+    TextEncoding Encoding{};
+    const std::string Decoded = DecodeText(*Bytes, Encoding);
+    LineReader Lines(Decoded);
+    for (std::string_view Line; Lines.Take(Line);) {
+        const auto Equal = Line.find('=');
+        if (Equal == std::string_view::npos) continue;
+        const std::string_view Key = Line.substr(0, Equal);
+        if (Key == SensKey) ReadCalibrSens(Lines);
+        const auto Item =
+            std::find_if(Items.begin(), Items.end(), [&](const IniItem& Each) { return Each.Key == Key; });
+        if (Item == Items.end()) continue;
+        std::visit(
+            [&](auto Global) {
+                if constexpr (std::is_pointer_v<decltype(Global)>) StoreText(*Global, {}, Line.substr(Equal + 1));
+            },
+            Item->Global);
+    }
+    return true;
+}
+
+bool WriteIni()
+{
+    std::string Text;
+    for (const IniItem& Item : Items) {
+        Text += std::string(Item.Key) + "=";
+        std::visit(
+            [&](auto Global) {
+                if constexpr (std::is_pointer_v<decltype(Global)>)
+                    Text += TextOf(*Global);
+                else
+                    Text += TextOf(Global);
+            },
+            Item.Global);
+        Text += "\r\n";
+    }
+    if (SaveWhole(IniPath(), Text)) return true;
+    MsgBox("Can't write file: " + IniPath(), TitleError);
+    return false;
+}
+
+void SelectCalibrSens(int16_t CalCh)
+{
+    for (const CalibrSensRow& Row : gCalibrSens) {
+        if (Row.ChToCal != CalCh) continue;
+        gAutoCalCh = Row.CalCh;
+        gAutoCalQ0 = Row.Q0;
+        gAutoCalQ1 = Row.Q1;
+    }
+}

@@ -1,0 +1,57 @@
+// Skarvelin.ini, the small text file in the program's folder: its globals, reading and writing.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+/// A calibrator: a channel with known factors against which channel ChToCal is calibrated.
+struct CalibrSensRow
+{
+    bool IsActive = false;
+    std::string Name;
+    int16_t CalCh = 0;
+    double Q0 = 0;
+    double Q1 = 0;
+    int16_t ChToCal = 0;
+};
+
+/// Geometry of the main window; a width of 0 means that none was kept.
+struct WindowPlace
+{
+    float Left = 0;
+    float Top = 0;
+    float Width = 0;
+    float Height = 0;
+};
+
+extern std::string gAppDir; // the program's folder, with the separator behind it
+extern std::string gSysID;
+extern WindowPlace gMainPlace;
+extern std::string gBaseFolder; // root of all data folders
+extern int16_t gCOMport;        // serial port number
+extern std::string gBackground; // background picture of the rower's panel
+extern std::string gModelsFN;   // targets file
+extern int16_t gAutoCalCh;      // channel of the active automatic calibrator
+extern double gAutoCalQ0;
+extern double gAutoCalQ1;
+extern std::array<CalibrSensRow, 5> gCalibrSens;
+extern bool gIsCurves; // feedback switches
+extern bool gIsValue;
+extern bool gIsScore;
+extern bool gIsInd;
+extern bool gIsSound;
+extern bool gIsGrid;
+
+/// Path of the ini file.
+std::string IniPath();
+
+/// Reads the ini file into the globals above and gCurFile. A missing file is told and gives false; unknown keys and
+/// lines without "=" are skipped, a number that its global cannot hold leaves the former value.
+bool ReadIni();
+
+/// Writes the ini file whole. False when it cannot be written (told).
+bool WriteIni();
+
+/// Copies the calibrator rows made for channel CalCh to gAutoCalCh, gAutoCalQ0 and gAutoCalQ1; the last one wins.
+void SelectCalibrSens(int16_t CalCh);

@@ -1,0 +1,33 @@
+// The session data file: reading it into gFile and the video tables, writing it whole, and its backup.
+#pragma once
+
+#include "core/mGlobData.h"
+
+#include <string>
+
+/// Any: all sections; Non: none of the sample sections.
+enum class SectionFilter
+{
+    Any,
+    Non
+};
+
+// The oar dimensions of files with Model 0 and 1, which hold them once for all seats. Kept for writing them back.
+extern float gOldInboard;
+extern float gOldOarLen;
+extern float gOldBladeLen;
+
+/// Reads Path into File, section by section: what the file does not name keeps its value, apart from the model and the
+/// samples. Sets gSessID and gKeyMode and reloads the reference tables. False when it cannot be opened (told): File is
+/// as it was.
+bool ReadDataFile(const std::string& Path, DataFile& File, SectionFilter Filter);
+
+/// The whole file as text, with CR LF behind each line.
+std::string DataFileText(const DataFile& File, SectionFilter Filter);
+
+/// Writes the whole file. False when that fails (told): the file at Path is as it was.
+bool WriteDataFile(const std::string& Path, const DataFile& File, SectionFilter Filter);
+
+/// Copies Path to the file of the same name with the extension ".bak"; a path without folder is in the program's
+/// folder. A file that does not exist needs no copy. False when it cannot be copied (told).
+bool BackupFile(const std::string& Path);

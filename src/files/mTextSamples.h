@@ -1,0 +1,14 @@
+// The sections with a row of values for each sample and channel: Data, STD and Models.
+#pragma once
+
+#include "core/mGlobData.h"
+#include "files/mTextRows.h"
+
+#include <string>
+#include <string_view>
+
+/// Reads rows whose sample is known from Desc and which hold as many values as it says; others are dropped.
+void ReadSampleRows(LineReader& Lines, const DataFile& File, RowArray<DataRow>& Rows);
+
+/// Appends a section; rows of unknown samples and of samples with a count below 1 are left out.
+void AppendSampleRows(std::string& Text, std::string_view Keyword, const DataFile& File, const RowArray<DataRow>& Rows);
