@@ -62,6 +62,8 @@ QPainter& qSurface::Brush()
     if (Picture.isNull()) Renew();
     if (!Painter.isActive()) {
         Painter.begin(&Picture);
+        // Through the middle of a unit, so that a line of width 1 covers that unit at every density.
+        Painter.translate(0.5, 0.5);
         Painter.setPen(Pen);
         Painter.setBrush(Fill);
         Painter.setFont(Letters);
@@ -107,6 +109,8 @@ void qSurface::SetFont(int Size, bool Bold)
 
 void qSurface::Line(double X1, double Y1, double X2, double Y2)
 {
+    // Upright and level lines are sharp as they are; smoothing would blur them.
+    Brush().setRenderHint(QPainter::Antialiasing, X1 != X2 && Y1 != Y2);
     Brush().drawLine(QPointF(X1, Y1), QPointF(X2, Y2));
     Changed(Around({X1, Y1}, {X2, Y2}));
 }
@@ -123,6 +127,7 @@ void qSurface::Polyline(std::span<const SurfacePoint> Points)
             Part[i] = {Points[From + i].X, Points[From + i].Y};
             Place |= QRect(Part[i], QSize(1, 1));
         }
+        Brush().setRenderHint(QPainter::Antialiasing, false);
         Brush().drawPolyline(Part.data(), static_cast<int>(Count));
     }
     Changed(Place);

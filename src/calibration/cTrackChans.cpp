@@ -1,0 +1,91 @@
+// The sweeping traces.
+#include "calibration/cTrackChans.h"
+
+#include "calibration/mChanGrid.h"
+#include "core/mGlobData.h"
+#include "core/mNumText.h"
+#include "core/mSettings.h"
+
+#include <algorithm>
+
+namespace {
+constexpr int32_t CursorColour = 0x7F7F7F;
+constexpr int FewChans = 24; // traces that are drawn wide
+} // namespace
+
+cTrackChans::cTrackChans(iSurface& InitSurface)
+    : Surface(InitSurface), mChanCnt(std::clamp<int16_t>(gFile.ChanCnt, 0, LastDataChan)),
+      PenWidth(mChanCnt <= FewChans ? 2 : 1)
+{
+}
+
+void cTrackChans::SetUpPoly()
+{
+    const SurfacePoint Size = Surface.Size();
+    mWidth = Size.X;
+    mHeight = Size.Y;
+    mLeft = Place(mWidth * 0.02);
+    mTop = Place(mHeight * 0.02);
+    mXStep = static_cast<double>(mWidth - 2 * mLeft) / Columns;
+    mYScale = (mHeight - 2 * mTop) / FullScale;
+    for (int Column = 0; Column < Columns; ++Column)
+        mTrace[static_cast<std::size_t>(Column)].fill({Place(Column * mXStep) + mLeft, mTop});
+    mPos = 0;
+    IsSwept = false;
+}
+
+void cTrackChans::DrawGrid()
+{
+    Surface.Clear(0xFFFFFF);
+    Surface.SetFill(NoFill);
+    const int Size = std::clamp(mTop, 9, 12);
+    Surface.SetFont(Size);
+    for (int k = 0; k < ScaleLines; ++k) {
+        const double Y = Place(ScaleValue(k) * mYScale) + mTop - 1;
+        Surface.SetPen(ScaleColour);
+        Surface.Line(mLeft, Y, mWidth - mLeft, Y);
+        Surface.SetPen(GridColour);
+        Surface.Text(mLeft + 4, Y + 2, FormatNum(Place(ScaleValue(k)), "0"));
+    }
+    Surface.SetPen(GridColour);
+    Surface.Box(mLeft - 1, mTop - 1, mWidth - mLeft + 1, mHeight - mTop + 1);
+    Surface.KeepGround();
+}
+
+// One strip of the ground is put back for all channels: the segments of the last sweep and the cursor go with it. The
+// pen's round ends reach beyond a column, so the segment before is drawn again with the new one.
+void cTrackChans::DrawData()
+{
+    const int32_t From = mPos < 2 ? mLeft : ColumnX(mPos - 2) + 1;
+    Surface.RestoreGround(From, mTop, ColumnX(mPos) + 1, mHeight - mTop);
+    for (int i = 1; i <= mChanCnt; ++i) {
+        TraceAt(mPos, i).Y = Place(mYScale * gData[static_cast<std::size_t>(i)]) + mTop;
+        // Behind the last colour of the table the pen keeps the colour it has.
+        const auto Colour = static_cast<std::size_t>(((i - 1) & 255) + 1);
+        if (Colour < gRGB.size()) Surface.SetPen(gRGB[Colour], PenWidth);
+        DrawTrace(i, std::max(mPos - 2, 0), mPos);
+    }
+    mPos = (mPos + 1) % Columns;
+    if (mPos == 0) IsSwept = true;
+    Surface.SetPen(CursorColour);
+    Surface.Line(ColumnX(mPos), mTop, ColumnX(mPos), mHeight - mTop);
+}
+
+void cTrackChans::DrawTrace(int Chan, int From, int To)
+{
+    for (int Column = From + 1; Column <= To; ++Column) {
+        const SurfacePoint& Before = TraceAt(Column - 1, Chan);
+        const SurfacePoint& Now = TraceAt(Column, Chan);
+        Surface.Line(Before.X, Before.Y, Now.X, Now.Y);
+    }
+}
+
+void cTrackChans::SetLive(bool Live)
+{
+    if (Live) return;
+    Surface.SetPen(DeadColour, PenWidth);
+    for (int i = 1; i <= mChanCnt; ++i) {
+        DrawTrace(i, 0, mPos - 1);
+        if (IsSwept) DrawTrace(i, mPos, Columns - 1);
+    }
+}

@@ -1,0 +1,49 @@
+// Every channel as a trace of raw counts that sweeps across the window.
+#pragma once
+
+#include "platform/iSurface.h"
+
+#include <array>
+#include <cstdint>
+
+class cTrackChans
+{
+public:
+    explicit cTrackChans(iSurface& InitSurface);
+
+    /// Takes margins and scales from the size of the surface and starts the sweep anew.
+    void SetUpPoly();
+
+    /// Draws frame and scale on an empty surface.
+    void DrawGrid();
+
+    /// Draws the next column of all traces from gData in place of the one drawn a sweep ago.
+    void DrawData();
+
+    /// Whether counts are still coming; traces that have ended are grey until the sweep passes over them.
+    void SetLive(bool Live);
+
+private:
+    static constexpr int Columns = 255;
+    static constexpr int Channels = 85;
+
+    int32_t ColumnX(int Column) const { return mTrace[static_cast<std::size_t>(Column)][0].X; }
+    SurfacePoint& TraceAt(int Column, int Chan)
+    {
+        return mTrace[static_cast<std::size_t>(Column)][static_cast<std::size_t>(Chan)];
+    }
+    void DrawTrace(int Chan, int From, int To);
+
+    iSurface& Surface;
+    int16_t mChanCnt;
+    int PenWidth;
+    int32_t mWidth = 0;
+    int32_t mHeight = 0;
+    int32_t mLeft = 0;
+    int32_t mTop = 0;
+    double mXStep = 0;  // drawing units a column
+    double mYScale = 0; // drawing units a count
+    std::array<std::array<SurfacePoint, Channels>, Columns> mTrace{};
+    int32_t mPos = 0;
+    bool IsSwept = false; // the traces have gone all the way across once
+};

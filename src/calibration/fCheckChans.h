@@ -1,0 +1,20 @@
+// The window "Channels Indicator" with the present value of every channel.
+#pragma once
+
+#include "calibration/cCheckChans.h"
+#include "platform/qt/qDataWindow.h"
+#include "platform/qt/qSurface.h"
+
+class fCheckChans : public qDataWindow
+{
+public:
+    fCheckChans();
+
+    void SetDumpFN(const std::string& Name) { Chans.SetDumpFN(Name); }
+    void DrawData() override { Chans.DrawData(); }
+    void SetLive(bool Live) override { Chans.SetLive(Live); }
+
+private:
+    qSurface* Surface;
+    cCheckChans Chans;
+};

@@ -1,0 +1,19 @@
+// The window "Channels Indicator" with a sweeping trace of every channel.
+#pragma once
+
+#include "calibration/cTrackChans.h"
+#include "platform/qt/qDataWindow.h"
+#include "platform/qt/qSurface.h"
+
+class fTrackChans : public qDataWindow
+{
+public:
+    fTrackChans();
+
+    void DrawData() override { Chans.DrawData(); }
+    void SetLive(bool Live) override { Chans.SetLive(Live); }
+
+private:
+    qSurface* Surface;
+    cTrackChans Chans;
+};

@@ -1,0 +1,10 @@
+// What the main window's commands do, each by handing on to the module or window that does the work.
+#pragma once
+
+class frmMain;
+
+void FileOpen(frmMain& Main);
+void FileSave(frmMain& Main);
+void FileExit(frmMain& Main);
+void ShowHelp(frmMain& Main);
+void ShowAbout(frmMain& Main);

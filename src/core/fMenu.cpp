@@ -1,0 +1,128 @@
+// Menus and toolbar as tables.
+#include "core/fMenu.h"
+
+#include "core/fCommands.h"
+#include "core/frmMain.h"
+#include "core/mDataWindow.h"
+
+namespace {
+// Why an entry is there and cannot be chosen.
+constexpr const char* WithSession = "Comes with the session and athlete dialogs";
+constexpr const char* WithOptions = "Comes with the options";
+constexpr const char* WithSetUp = "Comes with the logger set-up";
+constexpr const char* WithGrid = "Comes with the record grid";
+constexpr const char* WithTargets = "Comes with the targets editor";
+constexpr const char* WithCalibration = "Comes with the calibration workbench";
+constexpr const char* WithReZero = "Comes with the re-zero dialog";
+constexpr const char* WithPanels = "Comes with the live panels";
+constexpr const char* WithViews = "Comes with the data view";
+constexpr const char* WithCorrections = "Comes with the sample corrections";
+constexpr const char* WithPlay = "Comes with the play view";
+constexpr const char* WithVideo = "Comes with the video windows";
+constexpr const char* WithLink = "Comes with the live link";
+constexpr const char* NotUsed = "Not in use";
+
+constexpr MenuTitle Menus[] = {
+    {"mnuFile", "&File"}, {"mnuSetUp", "&SetUp"}, {"mnuCalibrate", "&Calibrate"}, {"mnuSample", "S&Ample"},
+    {"mnuView", "&View"}, {"mnuPlay", "&Play"},   {"mnuWindow", "&Window"},       {"mnuHelp", "&Help"},
+};
+
+constexpr MenuItem Items[] = {
+    {"mnuFile", "mnuFileNew", "&New", "Ctrl+N", nullptr, WithSession},
+    {"mnuFile", "mnuFileOpen", "&Open...", "Ctrl+O", FileOpen, nullptr},
+    {"mnuFile", "mnuFileSave", "&Save", "Ctrl+S", FileSave, nullptr},
+    {"mnuFile", "mnuFileSaveAs", "Save A&s...", "Ctrl+Shift+S", nullptr, WithSession},
+    {"mnuFile", nullptr, nullptr, nullptr, nullptr, nullptr},
+    {"mnuFile", "mnuFileExit", "E&xit", "Ctrl+Q", FileExit, nullptr},
+
+    {"mnuSetUp", "mnuSetGlobals", "&Globals...", nullptr, nullptr, WithOptions},
+    {"mnuSetUp", "mnuSetSkarvelin", "Skarvelin", nullptr, nullptr, WithSetUp},
+    {"mnuSetUp", nullptr, nullptr, nullptr, nullptr, nullptr},
+    {"mnuSetUp", "mnuSetSession", "S&ession...", nullptr, nullptr, WithSession},
+    {"mnuSetUp", "mnuSetAthlete", "Athlete Data", nullptr, nullptr, WithSession},
+    {"mnuSetUp", "mnuSetCrew", "&Crew...", nullptr, nullptr, WithGrid},
+    {"mnuSetUp", "mnuSetCalibr", "C&alibration...", nullptr, nullptr, WithGrid},
+    {"mnuSetUp", "mnuSetBoat", "&Boat SetUp...", nullptr, nullptr, WithGrid},
+    {"mnuSetUp", nullptr, nullptr, nullptr, nullptr, nullptr},
+    {"mnuSetUp", "mnuSetView1", "A&quisition View...", nullptr, nullptr, WithGrid},
+    {"mnuSetUp", "mnuSetView3", "&Report View...", nullptr, nullptr, WithGrid},
+    {"mnuSetUp", "mnuSetView4", "&Play View...", nullptr, nullptr, WithGrid},
+    {"mnuSetUp", "mnuSetTargets", "&Targets", nullptr, nullptr, WithTargets},
+
+    {"mnuCalibrate", "mnuCalibrCheck", "&Check Channels", "F5", nullptr, WithLink},
+    {"mnuCalibrate", "mnuCalibrDo", "&Do Calibration", nullptr, nullptr, WithCalibration},
+    {"mnuCalibrate", "mnuCalibrReZero", "Re&Zero Channels...", nullptr, nullptr, WithReZero},
+    {"mnuCalibrate", "mnuCalibrZeroCal", "Set Calib&Rator...", nullptr, nullptr, WithCalibration},
+    {"mnuCalibrate", "mnuCalibrAnthro", "Anthropometry", nullptr, nullptr, WithVideo},
+    {"mnuCalibrate", nullptr, nullptr, nullptr, nullptr, nullptr},
+    {"mnuCalibrate", "mnuCalibrLog", "&Log Channels", nullptr, nullptr, WithLink},
+    {"mnuCalibrate", "mnuCalibrReadLog", "&Read Log", nullptr, nullptr, WithLink},
+
+    {"mnuSample", "mnuSampleRower", "&Rower's Panel", nullptr, nullptr, WithPanels},
+    {"mnuSample", "mnuSampleCatch", "&Catch Training", nullptr, nullptr, WithPanels},
+    {"mnuSample", "mnuSampleCoach", "C&oach's Panel", nullptr, nullptr, WithPanels},
+    {"mnuSample", "mnuSampleTwoPanels", "&All Panels", nullptr, nullptr, WithPanels},
+
+    {"mnuView", "mnuViewQVN", "Read Skarvelin file", nullptr, nullptr, WithViews},
+    {"mnuView", "mnuViewScanQVN", "Scan Skarvelin file", nullptr, nullptr, WithViews},
+    {"mnuView", "mnuViewRaw", "&Raw...", nullptr, nullptr, WithViews},
+    {"mnuView", "mnuViewPrim", "&Primary...", nullptr, nullptr, WithViews},
+    {"mnuView", "mnuViewTyp", "&Typical", nullptr, nullptr, WithGrid},
+    {"mnuView", "mnuViewSwap", "Correct Vars", nullptr, nullptr, WithCorrections},
+
+    {"mnuPlay", "mnuPlayRawRower", "&Catch", nullptr, nullptr, WithLink},
+    {"mnuPlay", "mnuPlayRawCoach", "Simple", nullptr, nullptr, WithLink},
+    {"mnuPlay", "mnuPlayTypical", "Normalised", nullptr, nullptr, WithPlay},
+    {"mnuPlay", "mnuPlayNorm", "Typical Data + &Video", nullptr, nullptr, WithVideo},
+    {"mnuPlay", "mnuPlayLoad", "&Load and Play...", nullptr, nullptr, WithPlay},
+    {"mnuPlay", nullptr, nullptr, nullptr, nullptr, nullptr},
+    {"mnuPlay", "mnuVidPlay", "&Video", nullptr, nullptr, WithVideo},
+    {"mnuPlay", "mnuVidDigit", "&Digitise Video", nullptr, nullptr, WithVideo},
+    {"mnuPlay", "mnuSetDots", "Setup Points", nullptr, nullptr, WithGrid},
+    {"mnuPlay", "mnuSetSegs", "SetUp Segments", nullptr, nullptr, WithGrid},
+    {"mnuPlay", "mnuPlayAnim", "Animation", nullptr, nullptr, WithPlay},
+    {"mnuPlay", "mnyPlayComp", "Complex Data...", nullptr, nullptr, NotUsed},
+    {"mnuPlay", "mnuPlayMPEG", "MPEG video", nullptr, nullptr, WithVideo},
+    {"mnuPlay", "mnuPlaySound", "Sound", nullptr, nullptr, NotUsed},
+
+    {"mnuWindow", "mnuWinToolbar", "&Toolbar", nullptr, [](frmMain& Main) { Main.ShowBars(); }, nullptr},
+    {"mnuWindow", "mnuWinStatusBar", "Status &Bar", nullptr, [](frmMain& Main) { Main.ShowBars(); }, nullptr},
+    {"mnuWindow", nullptr, nullptr, nullptr, nullptr, nullptr},
+    {"mnuWindow", "mnuWindowCascade", "&Cascade", nullptr, [](frmMain& Main) { Main.Cascade(); }, nullptr},
+    {"mnuWindow", "mnuWindowTileHorizontal", "Tile &Horizontal", nullptr,
+     [](frmMain& Main) { Main.Tile(Qt::Horizontal); }, nullptr},
+    {"mnuWindow", "mnuWindowTileVertical", "Tile &Vertical", nullptr, [](frmMain& Main) { Main.Tile(Qt::Vertical); },
+     nullptr},
+
+    {"mnuHelp", "mnuHelpContents", "&Contents", "F1", ShowHelp, nullptr},
+    {"mnuHelp", "mnuHelpSearchForHelpOn", "&Search For Help On...", nullptr, ShowHelp, nullptr},
+    {"mnuHelp", nullptr, nullptr, nullptr, nullptr, nullptr},
+    {"mnuHelp", "mnuHelpAbout", "&About ", nullptr, ShowAbout, nullptr},
+};
+
+constexpr ToolButton Buttons[] = {
+    {"Open File...", "Открыть файл", "open", "mnuFileOpen", nullptr, nullptr},
+    {"New File...", "Новый файл", "new", "mnuFileNew", nullptr, nullptr},
+    {"Check", "Каналы", "check", "mnuCalibrCheck", nullptr, nullptr},
+    {"Boat Works", "Обнулить", "boat", "mnuSampleCoach", nullptr, nullptr},
+    {"Erg Works", "Гребля", "erg", "mnuSampleRower", nullptr, nullptr},
+    {"Play", "Воспроизв.", "play", "mnuPlayRawRower", nullptr, nullptr},
+    {"Log Data", "Запись", "record", nullptr, nullptr, WithLink},
+    {"Close", "Закрыть", "close", nullptr, [](frmMain&) { CloseDForms(); }, nullptr},
+};
+} // namespace
+
+std::span<const MenuTitle> AllMenus()
+{
+    return Menus;
+}
+
+std::span<const MenuItem> AllMenuItems()
+{
+    return Items;
+}
+
+std::span<const ToolButton> AllToolButtons()
+{
+    return Buttons;
+}

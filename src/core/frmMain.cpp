@@ -1,0 +1,172 @@
+// The main window's life: start, commands, arrangement of windows, end.
+#include "core/frmMain.h"
+
+#include "core/fMenu.h"
+#include "core/mDataWindow.h"
+#include "core/mGlobData.h"
+#include "core/mHost.h"
+#include "core/mIni.h"
+#include "core/mMain.h"
+#include "core/mSettings.h"
+#include "platform/qt/qIcons.h"
+#include "platform/qt/qText.h"
+#include "platform/qt/qWorkArea.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QMdiSubWindow>
+#include <QMimeData>
+#include <QRadioButton>
+#include <QScreen>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QToolButton>
+
+namespace {
+constexpr int WatchEvery = 100; // ms
+
+// The session file among the things dragged over the window, empty when there is none.
+QString SessionFile(const QMimeData* Things)
+{
+    for (const QUrl& Address : Things->urls())
+        if (Address.isLocalFile() && Address.fileName().endsWith(".txt", Qt::CaseInsensitive))
+            return Address.toLocalFile();
+    return {};
+}
+} // namespace
+
+frmMain::frmMain(qStatus& InitStatus) : Status(InitStatus), Area(new qWorkArea(this))
+{
+    setObjectName("frmMain");
+    setWindowIcon(ProgramIcon());
+    setAcceptDrops(true);
+    setCentralWidget(Area);
+    BuildMenus();
+    BuildToolBar();
+    BuildStatusBar();
+    ShowTitle();
+    Status.OnTitle = [this] { ShowTitle(); };
+    QObject::connect(&Watch, &QTimer::timeout, this, [] { CheckLive(); });
+    Watch.start(WatchEvery);
+}
+
+frmMain::~frmMain()
+{
+    Status.OnTitle = nullptr;
+    Status.Detach();
+}
+
+bool frmMain::Load(const std::string& Folder)
+{
+    const bool Found = StartUp(Folder);
+    Command("mnuWinToolbar")->setChecked(gToolBar);
+    Command("mnuWinStatusBar")->setChecked(gStatusBar);
+    if (gLanguage == 1)
+        for (std::size_t i = 0; i < AllToolButtons().size(); ++i)
+            findChild<QToolButton*>("cmdToolBar_" + QString::number(i))->setText(AllToolButtons()[i].Russian);
+    ShowBars();
+    if (auto* Chosen = findChild<QRadioButton*>(gConnection == 1 ? "opConnection_1" : "opConnection_0"))
+        Chosen->setChecked(true);
+    PlaceWindow();
+    return Found;
+}
+
+void frmMain::OpenFile(const std::string& Path)
+{
+    const std::string Former = gCurFile;
+    if (!Guard("Opening the session", [&] { return OpenSession(Path); })) SetCurFile(Former);
+}
+
+QAction* frmMain::Command(const char* Name) const
+{
+    return findChild<QAction*>(Name);
+}
+
+void frmMain::ShowBars()
+{
+    gToolBar = Command("mnuWinToolbar")->isChecked();
+    gStatusBar = Command("mnuWinStatusBar")->isChecked();
+    findChild<QToolBar*>("tbToolBar")->setVisible(gToolBar);
+    statusBar()->setVisible(gStatusBar);
+}
+
+void frmMain::ShowTitle()
+{
+    setWindowTitle(gFileTitle.empty() ? QString("Skarvelin") : Shown(gFileTitle) + " - Skarvelin");
+}
+
+void frmMain::AddWindow(QWidget* Window)
+{
+    QMdiSubWindow* Frame = Area->addSubWindow(Window);
+    Frame->setAttribute(Qt::WA_DeleteOnClose);
+    Window->show();
+    Window->setFocus();
+}
+
+void frmMain::Cascade()
+{
+    Area->cascadeSubWindows();
+}
+
+void frmMain::Tile(Qt::Orientation Direction)
+{
+    QList<QMdiSubWindow*> Frames;
+    for (QMdiSubWindow* Frame : Area->subWindowList())
+        if (Frame->isVisible() && !Frame->isMinimized()) Frames.push_back(Frame);
+    const QSize Room = Area->viewport()->size();
+    const auto Count = static_cast<int>(Frames.size());
+    for (int i = 0; i < Count; ++i) {
+        const bool AsBands = Direction == Qt::Horizontal;
+        const int Long = AsBands ? Room.height() : Room.width();
+        const int From = Long * i / Count, To = Long * (i + 1) / Count;
+        Frames[i]->showNormal();
+        Frames[i]->setGeometry(AsBands ? QRect(0, From, Room.width(), To - From)
+                                       : QRect(From, 0, To - From, Room.height()));
+    }
+}
+
+// A place kept on a screen that is gone would hide the window, so it is moved onto one that is there.
+void frmMain::PlaceWindow()
+{
+    const QRect Kept = QRectF(static_cast<double>(gMainPlace.Left), static_cast<double>(gMainPlace.Top),
+                              static_cast<double>(gMainPlace.Width), static_cast<double>(gMainPlace.Height))
+                           .toRect();
+    const QScreen* Screen = QGuiApplication::screenAt(Kept.center());
+    if (!Screen) Screen = QGuiApplication::primaryScreen();
+    const QRect Free = Screen->availableGeometry();
+    QRect Place(QPoint(), Kept.isEmpty() ? QSize(1280, 860) : Kept.size());
+    Place.setSize(Place.size().boundedTo(Free.size()));
+    if (Kept.isEmpty() || !Free.intersects(Kept))
+        Place.moveCenter(Free.center());
+    else
+        Place.moveTopLeft(Kept.topLeft());
+    setGeometry(Place);
+}
+
+void frmMain::KeepPlace()
+{
+    const QRect Place = isMaximized() || isFullScreen() ? normalGeometry() : geometry();
+    gMainPlace = {static_cast<float>(Place.left()), static_cast<float>(Place.top()), static_cast<float>(Place.width()),
+                  static_cast<float>(Place.height())};
+}
+
+void frmMain::closeEvent(QCloseEvent* Event)
+{
+    CloseDForms();
+    Area->closeAllSubWindows();
+    KeepPlace();
+    ShutDown();
+    Event->accept();
+}
+
+void frmMain::dragEnterEvent(QDragEnterEvent* Event)
+{
+    if (!SessionFile(Event->mimeData()).isEmpty()) Event->acceptProposedAction();
+}
+
+void frmMain::dropEvent(QDropEvent* Event)
+{
+    OpenFile(Plain(SessionFile(Event->mimeData())));
+}

@@ -1,0 +1,60 @@
+// The main window: menus, toolbar, status bar, and the area in which all other windows live.
+#pragma once
+
+#include "platform/qt/qStatus.h"
+
+#include <QMainWindow>
+#include <QTimer>
+
+#include <string>
+
+class QAction;
+class QMdiArea;
+class QProgressBar;
+
+class frmMain : public QMainWindow
+{
+public:
+    /// Status is the status line that the window's panels stand for.
+    explicit frmMain(qStatus& InitStatus);
+    ~frmMain() override;
+
+    /// Reads settings and the ini file of the program's folder and makes the window look as they say; behind it the
+    /// window can be shown. False when there is no ini file (told).
+    bool Load(const std::string& Folder);
+
+    /// Opens a session; one that cannot be read leaves the former one open.
+    void OpenFile(const std::string& Path);
+
+    /// Puts a window into the area and shows it.
+    void AddWindow(QWidget* Window);
+
+    /// Overlaps the windows.
+    void Cascade();
+
+    /// Fills the area: Horizontal as bands across it, Vertical side by side.
+    void Tile(Qt::Orientation Direction);
+
+    /// Shows toolbar and status bar as their menu entries are checked.
+    void ShowBars();
+
+protected:
+    void closeEvent(QCloseEvent* Event) override;
+    void dragEnterEvent(QDragEnterEvent* Event) override;
+    void dropEvent(QDropEvent* Event) override;
+
+private:
+    void BuildMenus();
+    void BuildToolBar();
+    QWidget* BuildConnection();
+    void BuildStatusBar();
+    void PlaceWindow();
+    void KeepPlace();
+    void ShowTitle();
+    QAction* Command(const char* Name) const;
+    void Run(const QString& Caption, void (*Action)(frmMain&));
+
+    qStatus& Status;
+    QMdiArea* Area;
+    QTimer Watch; // tells data windows when frames have stopped
+};

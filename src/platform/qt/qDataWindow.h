@@ -1,0 +1,19 @@
+// A window that takes frames, as a child of the main window.
+#pragma once
+
+#include "core/mDataWindow.h"
+
+#include <QWidget>
+
+class qDataWindow : public QWidget, public cDataWindow
+{
+public:
+    /// Name is the window's object name.
+    qDataWindow(const char* Name, const char* Caption);
+
+    /// Closes the window; it is gone in a later turn of the event loop and takes no frames from now on.
+    void Unload() override;
+
+protected:
+    void closeEvent(QCloseEvent* Event) override;
+};

@@ -1,0 +1,10 @@
+// The icons of the program, drawn from outlines and so sharp at every density.
+#pragma once
+
+#include <QIcon>
+
+/// The icon of that name in one colour; an unknown name gives an empty picture.
+QIcon DrawnIcon(const char* Name, const QColor& Colour);
+
+/// The program's own icon.
+QIcon ProgramIcon();

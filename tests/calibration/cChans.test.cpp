@@ -1,0 +1,115 @@
+// The channel indicators as the calls they draw with.
+#include "calibration/cCheckChans.h"
+#include "calibration/cTrackChans.h"
+#include "calibration/mChanGrid.h"
+#include "core/mGlobData.h"
+#include "core/mSettings.h"
+#include "support/ScriptedDialogs.h"
+#include "support/SurfaceLog.h"
+
+#include <doctest/doctest.h>
+
+namespace {
+using Lines = std::vector<std::string>;
+
+void MakeChannels(int Count, int Rows)
+{
+    gFile.ChanCnt = static_cast<int16_t>(Count);
+    for (int i = 1; i <= Rows; ++i) {
+        CalibrRow& Row = gFile.Calibr.Grow();
+        Row.Chan = static_cast<int16_t>(i);
+        Row.ParamID = i == 1 ? "GateAng" : "H1";
+    }
+}
+
+Lines Only(const Lines& All, const std::string& What)
+{
+    Lines Found;
+    for (const std::string& Call : All)
+        if (Call.starts_with(What + " ")) Found.push_back(Call);
+    return Found;
+}
+} // namespace
+
+TEST_CASE_FIXTURE(FreshState, "counts 0 and 16384 stand at the ends of the bar, and each channel is a step in its row")
+{
+    MakeChannels(4, 2);
+    SurfaceLog Surface(500, 400);
+    cCheckChans Chans(Surface);
+    Chans.SetUpPoly();
+    Chans.DrawGrid();
+    const Lines Grid = Surface.Take();
+    CHECK(Only(Grid, "polyline").empty());
+    CHECK(Only(Grid, "box").front() == "box 29 7 471 393 #323232 empty");
+    const Lines Texts = Only(Grid, "text");
+    CHECK(Texts.size() == 14);
+    CHECK(Texts[1] == "text 73 389 \"1638\" 8 centre #323232");
+    CHECK(Texts[10].find("\"1 GateAng\"") != std::string::npos);
+    CHECK(Texts[13].find("\"4\"") != std::string::npos);
+
+    Chans.SetLive(true);
+    Surface.Take();
+    gData[1] = 0;
+    gData[2] = 16384;
+    gData[3] = 8192;
+    gData[4] = 1.9;
+    Chans.DrawData();
+    CHECK(Surface.Take() ==
+          Lines{"polyline 30 8 30 8 30 104 470 104 470 200 250 200 250 296 30 296 30 392 #0000C8 wide 2"});
+    Chans.DrawData();
+    Lines Second = Surface.Take();
+    CHECK(Second.size() == 9);
+    CHECK(Second[3] == "restore 468 102 472 202");
+}
+
+TEST_CASE_FIXTURE(FreshState, "the channel indicator holds back what never came and greys what no longer comes")
+{
+    MakeChannels(2, 2);
+    gData[1] = gData[2] = 0;
+    SurfaceLog Surface(500, 400);
+    cCheckChans Chans(Surface);
+    Chans.SetUpPoly();
+    Chans.SetLive(false);
+    CHECK(Surface.Take().empty());
+    Chans.SetLive(true);
+    Chans.DrawChansLine();
+    CHECK(Surface.Take() == Lines{"line 30 190 30 200 #0000C8 wide 2", "line 30 382 30 392 #0000C8 wide 2"});
+    Chans.SetLive(false);
+    CHECK(Surface.Take() == Lines{"line 30 190 30 200 #969696 wide 2", "line 30 382 30 392 #969696 wide 2"});
+}
+
+TEST_CASE_FIXTURE(FreshState,
+                  "traces go on column by column, keep the last colour of the table, and start over at the left")
+{
+    MakeChannels(10, 10);
+    SurfaceLog Surface(1020, 400);
+    cTrackChans Chans(Surface);
+    Chans.SetUpPoly();
+    Chans.DrawGrid();
+    Surface.Take();
+    gData[1] = 16384;
+    Chans.DrawData();
+    CHECK(Surface.Take() == Lines{"restore 20 8 21 392", "line 23 8 23 392 #7F7F7F"});
+    gData[1] = 0;
+    Chans.DrawData();
+    Lines Second = Surface.Take();
+    REQUIRE(Second.size() == 12);
+    CHECK(Second[0] == "restore 20 8 24 392");
+    CHECK(Second[1] == "line 20 392 23 8 #FF0000 wide 2");
+    CHECK(Second[8] == "line 20 8 23 8 #000000 wide 2");
+    CHECK(Second[10] == "line 20 8 23 8 #000000 wide 2");
+    CHECK(Second[11] == "line 27 8 27 392 #7F7F7F");
+    for (int Frame = 3; Frame <= 255; ++Frame)
+        Chans.DrawData();
+    Surface.Take();
+    Chans.DrawData();
+    CHECK(Surface.Take() == Lines{"restore 20 8 21 392", "line 23 8 23 392 #7F7F7F"});
+}
+
+TEST_CASE("names are printed dark enough for white paper, in the hue of their channel")
+{
+    CHECK(Legible(0x000000) == 0x000000);
+    CHECK(Legible(0xFFFF00) == 0x707000); // cyan
+    CHECK(Legible(0xC80000) == 0xC80000);
+    CHECK(Pale(0x0000FF) == 0xA6A6FF);
+}
