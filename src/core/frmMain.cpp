@@ -42,6 +42,7 @@ frmMain::frmMain(qStatus& InitStatus) : Status(InitStatus), Area(new qWorkArea(t
     setObjectName("frmMain");
     setWindowIcon(ProgramIcon());
     setAcceptDrops(true);
+    Area->setObjectName("MdiArea");
     setCentralWidget(Area);
     BuildMenus();
     BuildToolBar();

@@ -2,11 +2,14 @@
 #define DOCTEST_CONFIG_IMPLEMENT
 #include <doctest/doctest.h>
 
+#include "platform/qt/qLook.h"
+
 #include <QApplication>
 
 int main(int Count, char** Args)
 {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication Program(Count, Args);
+    SetLook();
     return doctest::Context(Count, Args).run();
 }
