@@ -12,11 +12,13 @@ enum class Durability
     Fast
 };
 
-/// All bytes of a file, or nothing when it is missing, unreadable or a folder.
+/// All bytes of a file, or nothing when it is missing, unreadable, a folder, or above 256 MiB: no file that is held
+/// whole comes near.
 std::optional<std::string> ReadWhole(const std::string& Path);
 
 /// A new file that takes the place of Path only when it is complete: it grows beside it under a name of its own, and
-/// a kill at any instant leaves the old file or the new one whole.
+/// a kill at any instant leaves the old file or the new one whole. A link stays and what it points to is replaced; the
+/// permissions of the old file stay. A device or a pipe is written to as it is.
 class WholeFile
 {
 public:
@@ -37,15 +39,18 @@ public:
     const std::string& Failure() const { return Reason; }
 
 private:
+    void OpenBeside();
+    void GiveName();
     void Fail();
     void Flush();
 
     std::string Target;
-    std::string Temporary;
+    std::string Temporary; // empty when Target itself is written to
     std::string Buffer;
     std::string Reason;
     Durability Wanted;
     int File = -1;
+    bool IsNamed = false; // there is a file called Temporary
 };
 
 /// Writes Bytes as the whole new content of Path. False when it failed: the old file is as it was.
