@@ -1,0 +1,61 @@
+// From the rower model through each channel's calibration to frames.
+#include "sim/cLogger.h"
+
+#include "core/mNumText.h"
+#include "sim/mInverse.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+constexpr uint64_t NoiseStream = 1;
+constexpr int32_t MaxConverter = 16383;
+} // namespace
+
+FrameLayout LayoutOf(const DataFile& File, int Model)
+{
+    return {Model, File.SlaveCnt, File.SlaveChans, File.Signed};
+}
+
+cLogger::cLogger(const DataFile& File, const LoggerSettings& Settings_)
+    : Settings(Settings_), Rower(File.BoatType, Settings.Rate, Settings.Spread, File.KeyMode, Settings.Seed),
+      Encoder(LayoutOf(File, Settings.Model)), Faults(Settings.Faults, Settings.Seed), Noise(Settings.Seed, NoiseStream)
+{
+    const int Last = std::min(Encoder.LastChan(), File.Calibr.UBound());
+    for (int Chan = 1; Chan <= Last; ++Chan) {
+        Channel& New = Channels.emplace_back();
+        New.Row = File.Calibr[Chan];
+        New.Source = Rower.SensorOf(New.Row);
+        New.MaxCount = Encoder.MaxCount(Chan);
+        New.Rest = ZeroLevel(New.Row, New.MaxCount);
+    }
+    Counts.resize(Channels.size() + 1);
+}
+
+double cLogger::Time() const
+{
+    return static_cast<double>(Sent) / Settings.Freq;
+}
+
+int32_t cLogger::CountNow(Channel& Each, double T)
+{
+    const double Clean =
+        Each.Source.Value ? CountOf(Each.Row, Each.Source.Value(T), Each.Last, Each.MaxCount) : Each.Rest;
+    const double Noisy = RoundHalfEven(Clean + Each.Source.Noise * Noise.Between(-1, 1));
+    // A calibration without sense can give no number at all.
+    Each.Last = std::isnan(Noisy) ? 0 : std::clamp(Noisy, 0.0, static_cast<double>(Each.MaxCount));
+    return static_cast<int32_t>(Each.Last);
+}
+
+void cLogger::NextFrame(std::vector<uint8_t>& Out)
+{
+    const double T = Time();
+    for (std::size_t i = 0; i < Channels.size(); ++i)
+        Counts[i + 1] = CountNow(Channels[i], T);
+    Faults.Spike(Counts, MaxConverter);
+    const int Kind = Settings.Kinds[static_cast<std::size_t>(Sent) % Settings.Kinds.size()];
+    Frame.clear();
+    Encoder.Append(Frame, Millis(), Counts, Kind);
+    ++Sent;
+    Faults.Deliver(Frame, Out);
+}

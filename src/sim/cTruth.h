@@ -1,0 +1,32 @@
+// What was simulated: the true strokes of a recording, to compare the measured ones with.
+#pragma once
+
+#include "core/mGlobData.h"
+#include "sim/cRowerModel.h"
+
+#include <string>
+#include <vector>
+
+/// A stroke as the session's key channel cuts it, and the drive that begins in it. Times in seconds from the first
+/// frame, angles in degrees, force in newtons at the handle.
+struct TrueStroke
+{
+    double Start = 0; // boundary on the key channel
+    double Period = 0;
+    double CatchT = 0;
+    double FinishT = 0;
+    double CatchAngle = 0;
+    double FinishAngle = 0;
+    double PeakForce = 0;
+
+    double Rate() const { return 60 / Period; }
+    double DriveT() const { return FinishT - CatchT; }
+    double Length() const { return FinishAngle - CatchAngle; }
+};
+
+/// The whole strokes between 0 and Stop. Boundaries are those of KeyMode on the session's key channel without noise,
+/// the catch, finish and length those of the first angle channel of seat 1, the force that of channel H1.
+std::vector<TrueStroke> TrueStrokes(const DataFile& File, cRowerModel& Model, double Stop);
+
+/// The strokes as a table: a header line, then a line a stroke, fields separated by tabs, lines ended by LF.
+std::string TruthTable(const std::vector<TrueStroke>& Strokes);

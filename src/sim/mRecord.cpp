@@ -1,0 +1,90 @@
+// Frames into a file until the strokes or the seconds are over.
+#include "sim/mRecord.h"
+
+#include "core/mHost.h"
+#include "core/mNumText.h"
+#include "files/mSafeSave.h"
+#include "sim/cTruth.h"
+
+#include <filesystem>
+#include <memory>
+
+namespace {
+// Whether two names lead to one file, there or not.
+bool IsSameFile(const std::string& One, const std::string& Other)
+{
+    std::error_code Error;
+    return std::filesystem::weakly_canonical(One, Error) == std::filesystem::weakly_canonical(Other, Error);
+}
+
+std::string WhyNot(const SimOptions& Options, const DataFile& File, int Model)
+{
+    if (File.Calibr.UBound() < 1) return "The session data file has no channels: " + Options.Session;
+    if (!cFrameEncoder::IsPossible(LayoutOf(File, Model)))
+        return "No logger is of model " + FormatNum(Model, "0") + " with " + FormatNum(File.SlaveCnt, "0") +
+               " slaves of " + FormatNum(File.SlaveChans, "0") + " channels: " + Options.Session;
+    for (const std::string& Out : {Options.Recording, Options.Truth})
+        if (!Out.empty() && IsSameFile(Out, Options.Session)) return "This would replace the session data file: " + Out;
+    if (!Options.Truth.empty() && IsSameFile(Options.Truth, Options.Recording))
+        return "The recording and the table cannot be one file: " + Options.Truth;
+    return {};
+}
+
+int FreqOf(const DataFile& File)
+{
+    const double Freq = RoundHalfEven(SafeDiv(1, File.TimeStep));
+    return Freq == 50 || Freq == 100 ? static_cast<int>(Freq) : 25;
+}
+
+std::string Counted(int Count, const char* What)
+{
+    return Count == 0 ? "" : ", " + FormatNum(Count, "0") + What;
+}
+
+std::string Summary(const SimOptions& Options, const LoggerSettings& Used, const cLogger& Logger, double Seconds)
+{
+    const FaultCounts& Faults = Logger.FaultsDone();
+    return Options.Recording + ": " + FormatNum(static_cast<double>(Logger.FrameCnt()), "0") + " frames of model " +
+           FormatNum(Used.Model, "0") + " at " + FormatNum(Used.Freq, "0") + " Hz, " + FormatNum(Seconds, "0.00") +
+           " s at " + FormatShortest(Used.Rate) + " strokes per minute with a spread of " +
+           FormatShortest(Used.Spread) + "%" + Counted(Faults.Junk, " with stray bytes") +
+           Counted(Faults.Corrupt, " with a broken bit") + Counted(Faults.Drop, " lost") +
+           Counted(Faults.Spikes, " with a spike");
+}
+
+bool Told(const WholeFile& File, const std::string& Path)
+{
+    if (File.Failure().empty()) return false;
+    MsgBox("Can't write file: " + Path + " (" + File.Failure() + ")", TitleWarning);
+    return true;
+}
+} // namespace
+
+std::string RecordFile(const SimOptions& Options, const DataFile& File)
+{
+    LoggerSettings Used = Options.Logger;
+    Used.Model = Options.Model > 0 ? Options.Model : File.Model;
+    Used.Freq = Options.Freq > 0 ? Options.Freq : FreqOf(File);
+    if (const std::string Reason = WhyNot(Options, File, Used.Model); !Reason.empty()) {
+        MsgBox(Reason, TitleWarning);
+        return {};
+    }
+
+    WholeFile Recording(Options.Recording);
+    if (Told(Recording, Options.Recording)) return {};
+    const auto Table = Options.Truth.empty() ? nullptr : std::make_unique<WholeFile>(Options.Truth);
+    if (Table && Told(*Table, Options.Truth)) return {};
+
+    cLogger Logger(File, Used);
+    const double Stop = Options.Strokes > 0 ? Logger.Model().Strokes().EndOf(Options.Strokes) : Options.Seconds;
+    std::vector<uint8_t> Bytes;
+    while (Logger.Time() < Stop && Recording.IsOpen()) {
+        Bytes.clear();
+        Logger.NextFrame(Bytes);
+        Recording.Append({reinterpret_cast<const char*>(Bytes.data()), Bytes.size()});
+    }
+    if (Table) Table->Append(TruthTable(TrueStrokes(File, Logger.Model(), Stop)));
+    if (!Recording.Commit() && Told(Recording, Options.Recording)) return {};
+    if (Table && !Table->Commit() && Told(*Table, Options.Truth)) return {};
+    return Summary(Options, Used, Logger, Stop);
+}

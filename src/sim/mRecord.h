@@ -1,0 +1,8 @@
+// The file as a transport of the simulated logger: a whole recording, and the table of what was simulated.
+#pragma once
+
+#include "sim/mSimOptions.h"
+
+/// Writes the recording and the truth table that the options ask for, by the session in File. Nothing is written when
+/// it fails (told). Gives a line that sums up what was done, empty after a failure.
+std::string RecordFile(const SimOptions& Options, const DataFile& File);

@@ -1,0 +1,173 @@
+// The table of options and its two uses.
+#include "sim/mSimOptions.h"
+
+#include "core/mNumText.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+namespace {
+struct Option
+{
+    const char* Name;
+    const char* Value;
+    const char* Help;
+    bool (*Take)(SimOptions&, const std::string&); // false: no such value
+};
+
+// A number that is the whole text and lies in a range.
+std::optional<double> NumberIn(const std::string& Text, double Low, double High)
+{
+    const bool IsPlain = !Text.empty() && Text.find_first_not_of("0123456789.") == std::string::npos &&
+                         std::count(Text.begin(), Text.end(), '.') <= 1;
+    const auto X = IsPlain ? LeadingNumber(Text) : std::nullopt;
+    return X && *X >= Low && *X <= High ? X : std::nullopt;
+}
+
+bool TakeReal(double& Into, const std::string& Text, double Low, double High)
+{
+    const auto X = NumberIn(Text, Low, High);
+    if (X) Into = *X;
+    return X.has_value();
+}
+
+template <class Int>
+bool TakeWhole(Int& Into, const std::string& Text, double Low, double High)
+{
+    const auto X = Text.find('.') == std::string::npos ? NumberIn(Text, Low, High) : std::nullopt;
+    if (X) Into = static_cast<Int>(*X);
+    return X.has_value();
+}
+
+bool TakeText(std::string& Into, const std::string& Text)
+{
+    Into = Text;
+    return !Text.empty();
+}
+
+bool TakePerMille(double& Into, const std::string& Text)
+{
+    return TakeReal(Into, Text, 0, 1000);
+}
+
+bool TakeKinds(SimOptions& Options, const std::string& Text)
+{
+    constexpr std::array<int, 5> Known = {KindNone, KindWords, KindPlace, KindNoDist, KindAll};
+    std::vector<int> Kinds;
+    for (std::size_t From = 0; From <= Text.size();) {
+        const std::size_t Comma = std::min(Text.find(',', From), Text.size());
+        int Kind = 0;
+        if (!TakeWhole(Kind, Text.substr(From, Comma - From), 0, KindAll)) return false;
+        if (std::find(Known.begin(), Known.end(), Kind) == Known.end()) return false;
+        Kinds.push_back(Kind);
+        From = Comma + 1;
+    }
+    Options.Logger.Kinds = Kinds;
+    return true;
+}
+
+bool TakeFreq(SimOptions& Options, const std::string& Text)
+{
+    return (Text == "25" || Text == "50" || Text == "100") && TakeWhole(Options.Freq, Text, 25, 100);
+}
+
+bool TakeStrokes(SimOptions& Options, const std::string& Text)
+{
+    return TakeWhole(Options.Strokes, Text, 1, 100000);
+}
+
+bool TakeSeconds(SimOptions& Options, const std::string& Text)
+{
+    Options.Strokes = 0;
+    return TakeReal(Options.Seconds, Text, 0.01, 604800);
+}
+
+constexpr double HighestSeed = 9007199254740991;
+
+constexpr std::array<Option, 14> Table = {{
+    {"--file", "OUT.qvn", "the recording to write, as a whole new file",
+     [](SimOptions& To, const std::string& Text) { return TakeText(To.Recording, Text); }},
+    {"--truth", "FILE", "also write the true strokes as a table: boundaries, rate, angles, length, peak force",
+     [](SimOptions& To, const std::string& Text) { return TakeText(To.Truth, Text); }},
+    {"--strokes", "N", "whole strokes to record, 1 to 100000 (default 30)", TakeStrokes},
+    {"--seconds", "S", "length of the recording, instead of --strokes", TakeSeconds},
+    {"--rate", "R", "strokes per minute, 10 to 60 (default 28)",
+     [](SimOptions& To, const std::string& Text) { return TakeReal(To.Logger.Rate, Text, 10, 60); }},
+    {"--spread", "PERCENT", "standard deviation of the stroke periods, 0 to 20 per cent of their mean (default 2)",
+     [](SimOptions& To, const std::string& Text) { return TakeReal(To.Logger.Spread, Text, 0, 20); }},
+    {"--seed", "N", "another crew on another day; the same number gives the same bytes (default 1)",
+     [](SimOptions& To, const std::string& Text) { return TakeWhole(To.Logger.Seed, Text, 0, HighestSeed); }},
+    {"--model", "M",
+     "60 to 65 master and slaves, 66 old slave, 67 slave, 68 slave with encoder (default: the session's)",
+     [](SimOptions& To, const std::string& Text) { return TakeWhole(To.Model, Text, 60, 68); }},
+    {"--freq", "HZ", "25, 50 or 100 frames a second (default: by the session's time step)", TakeFreq},
+    {"--kinds", "LIST", "kinds of a master's frames in turn, of 0, 26, 34, 36, 38 (default 38, all channels in each)",
+     TakeKinds},
+    {"--junk", "PERMILLE", "of a thousand frames so many have stray bytes ahead of them (default 0)",
+     [](SimOptions& To, const std::string& Text) { return TakePerMille(To.Logger.Faults.Junk, Text); }},
+    {"--corrupt", "PERMILLE", "so many have a bit turned over (default 0)",
+     [](SimOptions& To, const std::string& Text) { return TakePerMille(To.Logger.Faults.Corrupt, Text); }},
+    {"--drop", "PERMILLE", "so many are lost (default 0)",
+     [](SimOptions& To, const std::string& Text) { return TakePerMille(To.Logger.Faults.Drop, Text); }},
+    {"--spikes", "PERMILLE", "so many have one channel that jumps (default 0)",
+     [](SimOptions& To, const std::string& Text) { return TakePerMille(To.Logger.Faults.Spikes, Text); }},
+}};
+
+// Takes the option in Words[i]; i moves on when its value is the next word.
+std::string TakeOption(std::span<const std::string> Words, std::size_t& i, SimOptions& Options)
+{
+    const std::string& Word = Words[i];
+    const std::size_t Equal = std::min(Word.find('='), Word.size());
+    const std::string Name = Word.substr(0, Equal);
+    const auto Found = std::find_if(Table.begin(), Table.end(), [&](const Option& Each) { return Each.Name == Name; });
+    if (Found == Table.end()) return "there is no option " + Name;
+    if (Equal == Word.size() && i + 1 == Words.size()) return Name + " needs " + Found->Value;
+    const std::string Value = Equal < Word.size() ? Word.substr(Equal + 1) : Words[++i];
+    if (!Found->Take(Options, Value)) return Name + " cannot be \"" + Value + "\"";
+    return {};
+}
+} // namespace
+
+std::string ParseSimOptions(std::span<const std::string> Words, SimOptions& Options)
+{
+    for (std::size_t i = 0; i < Words.size(); ++i) {
+        const std::string& Word = Words[i];
+        if (Word == "--help")
+            Options.WantsHelp = true;
+        else if (Word == "--version")
+            Options.WantsVersion = true;
+        else if (Word.starts_with("--")) {
+            if (std::string Wrong = TakeOption(Words, i, Options); !Wrong.empty()) return Wrong;
+        } else if (Options.Session.empty() && !Word.empty())
+            Options.Session = Word;
+        else
+            return "\"" + Word + "\" is one word too many";
+    }
+    if (Options.WantsHelp || Options.WantsVersion) return {};
+    if (Options.Session.empty()) return "no session data file given";
+    return Options.Recording.empty() ? "no --file given" : "";
+}
+
+std::string SimUsage()
+{
+    return "skarvelin-sim --file OUT.qvn SESSION [OPTION VALUE]...";
+}
+
+std::string SimHelp()
+{
+    constexpr std::size_t Column = 22;
+    std::string Text = "Usage: " + SimUsage() +
+                       "\n\nWrites the recording that a logger with the channels of the session data file SESSION "
+                       "would make of a crew\nthat rows by the options.\n\n";
+    for (const Option& Each : Table) {
+        std::string Line = std::string("  ") + Each.Name + " " + Each.Value;
+        Line.resize(std::max(Line.size() + 2, Column), ' ');
+        Text += Line + Each.Help + "\n";
+    }
+    return Text + "  --help              this text\n  --version           the version\n\n"
+                  "A value may also follow its option behind \"=\". Channels are known by their ParamID: A, V, H, G, S "
+                  "and T with the\nseat's number (oar angle, vertical angle, handle force, gate force, seat, trunk; "
+                  "sides 3 and 4 are the right and\nleft scull), Acc, AccY, AccZ, Roll, Pitch, Yaw, Vs, Dist, Lat and "
+                  "Lon. All others rest at zero.\n\nExit code: 0 done, 1 a failure was reported, 2 wrong usage.\n";
+}
