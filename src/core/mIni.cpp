@@ -17,6 +17,9 @@ std::string gSysID;
 WindowPlace gMainPlace;
 std::string gBaseFolder;
 int16_t gCOMport = 1;
+std::string gCOMdevice;
+std::string gLinkAddress = "127.0.0.1";
+int32_t gLinkPort = 6000;
 std::string gBackground;
 std::string gModelsFN;
 int16_t gAutoCalCh = 0;
@@ -37,10 +40,15 @@ struct CalibrSensTable // the place of the calibrators among the keys
 {
 };
 
+struct PortChoice // the number or the device of the serial port
+{
+};
+PortChoice ThePort;
+
 struct IniItem
 {
     std::string_view Key;
-    std::variant<std::string*, float*, int16_t*, double*, bool*, CalibrSensTable> Global;
+    std::variant<std::string*, float*, int16_t*, int32_t*, double*, bool*, PortChoice*, CalibrSensTable> Global;
 };
 
 // In the order of writing.
@@ -52,7 +60,7 @@ const std::array Items = {
     IniItem{"Height", &gMainPlace.Height},
     IniItem{"Current File", &gCurFile},
     IniItem{"Base Folder", &gBaseFolder},
-    IniItem{"COM port", &gCOMport},
+    IniItem{"COM port", &ThePort},
     IniItem{"Background", &gBackground},
     IniItem{"Models", &gModelsFN},
     IniItem{"AutoCalCh", &gAutoCalCh},
@@ -65,6 +73,8 @@ const std::array Items = {
     IniItem{"IsInd", &gIsInd},
     IniItem{"IsSound", &gIsSound},
     IniItem{"IsGrid", &gIsGrid},
+    IniItem{"Link Address", &gLinkAddress},
+    IniItem{"Link Port", &gLinkPort},
 };
 
 std::string TextOf(const std::string& Global)
@@ -82,7 +92,7 @@ std::string TextOf(float Global)
     return FormatShortest(Global);
 }
 
-std::string TextOf(int16_t Global)
+std::string TextOf(int32_t Global)
 {
     return FormatNum(Global, "0");
 }
@@ -90,6 +100,17 @@ std::string TextOf(int16_t Global)
 std::string TextOf(bool Global)
 {
     return FormatBool(Global);
+}
+
+void StoreText(PortChoice&, const FieldFormat& How, std::string_view Text)
+{
+    gCOMdevice = Text.starts_with('/') ? Text : "";
+    if (gCOMdevice.empty()) StoreText(gCOMport, How, Text);
+}
+
+std::string TextOf(PortChoice)
+{
+    return gCOMdevice.empty() ? TextOf(gCOMport) : gCOMdevice;
 }
 
 // The columns of a calibrator's line.

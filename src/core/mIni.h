@@ -28,8 +28,11 @@ struct WindowPlace
 extern std::string gAppDir; // the program's folder, with the separator behind it
 extern std::string gSysID;
 extern WindowPlace gMainPlace;
-extern std::string gBaseFolder; // root of all data folders
-extern int16_t gCOMport;        // serial port number
+extern std::string gBaseFolder;  // root of all data folders
+extern int16_t gCOMport;         // serial port number
+extern std::string gCOMdevice;   // path of the serial device that the key "COM port" names in place of a number
+extern std::string gLinkAddress; // where the wireless logger listens
+extern int32_t gLinkPort;
 extern std::string gBackground; // background picture of the rower's panel
 extern std::string gModelsFN;   // targets file
 extern int16_t gAutoCalCh;      // channel of the active automatic calibrator
