@@ -44,9 +44,11 @@ double BoundaryTime(const KeyWindow& Win, double Thr)
     return Win.T[1] + (Win.T[2] - Win.T[1]) * SafeDiv(Win.K[1] - Thr, Win.K[1] - Win.K[2]);
 }
 
+// Element by element, which keeps a local window in registers.
 void Shift(std::array<double, 5>& Values)
 {
-    std::copy(Values.begin() + 1, Values.end(), Values.begin());
+    for (std::size_t i = 0; i < 4; ++i)
+        Values[i] = Values[i + 1];
 }
 
 // Durations of a cycle, in seconds, that are taken.
@@ -96,19 +98,20 @@ bool DetectCycle(int32_t& Cur, int32_t Stop, double& CycleTime)
 {
     const auto Key = gRaw.Channel(gKeyChan);
     const auto Time = gRaw.Channel(0);
-    const double Thr = gFile.KeyThres;
+    const auto Thr = static_cast<double>(gFile.KeyThres);
     const int32_t Last = std::min(gRaw.UBound() - 2, Stop);
-    for (Cur = std::max(Cur, 2); Cur <= Last;) {
-        gKeyWin.K[4] = Key[static_cast<std::size_t>(Cur)];
-        gKeyWin.T[4] = Time[static_cast<std::size_t>(Cur)];
-        const bool Found = IsBoundary(gKeyWin.K, Thr);
-        if (Found) CycleTime = BoundaryTime(gKeyWin, Thr);
-        Shift(gKeyWin.K);
-        Shift(gKeyWin.T);
-        ++Cur;
-        if (Found) return true;
+    KeyWindow Win = gKeyWin;
+    bool Found = false;
+    for (Cur = std::max(Cur, 2); Cur <= Last && !Found; ++Cur) {
+        Win.K[4] = Key[static_cast<std::size_t>(Cur)];
+        Win.T[4] = Time[static_cast<std::size_t>(Cur)];
+        Found = IsBoundary(Win.K, Thr);
+        if (Found) CycleTime = BoundaryTime(Win, Thr);
+        Shift(Win.K);
+        Shift(Win.T);
     }
-    return false;
+    gKeyWin = Win;
+    return Found;
 }
 
 bool CycleStats(int32_t Start, int32_t Stop)
