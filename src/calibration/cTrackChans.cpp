@@ -56,8 +56,8 @@ void cTrackChans::DrawGrid()
 // pen's round ends reach beyond a column, so the segment before is drawn again with the new one.
 void cTrackChans::DrawData()
 {
-    const int32_t From = mPos < 2 ? mLeft : ColumnX(mPos - 2) + 1;
-    Surface.RestoreGround(From, mTop, ColumnX(mPos) + 1, mHeight - mTop);
+    const int32_t From = mPos < 2 ? 0 : ColumnX(mPos - 2) + 1;
+    Surface.RestoreGround(From, 0, ColumnX(mPos) + 1, mHeight);
     for (int i = 1; i <= mChanCnt; ++i) {
         TraceAt(mPos, i).Y = Place(mYScale * gData[static_cast<std::size_t>(i)]) + mTop;
         // Behind the last colour of the table the pen keeps the colour it has.

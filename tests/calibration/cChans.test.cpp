@@ -89,12 +89,12 @@ TEST_CASE_FIXTURE(FreshState,
     Surface.Take();
     gData[1] = 16384;
     Chans.DrawData();
-    CHECK(Surface.Take() == Lines{"restore 20 8 21 392", "line 23 8 23 392 #7F7F7F"});
+    CHECK(Surface.Take() == Lines{"restore 0 0 21 400", "line 23 8 23 392 #7F7F7F"});
     gData[1] = 0;
     Chans.DrawData();
     Lines Second = Surface.Take();
     REQUIRE(Second.size() == 12);
-    CHECK(Second[0] == "restore 20 8 24 392");
+    CHECK(Second[0] == "restore 0 0 24 400");
     CHECK(Second[1] == "line 20 392 23 8 #FF0000 wide 2");
     CHECK(Second[8] == "line 20 8 23 8 #000000 wide 2");
     CHECK(Second[10] == "line 20 8 23 8 #000000 wide 2");
@@ -103,7 +103,7 @@ TEST_CASE_FIXTURE(FreshState,
         Chans.DrawData();
     Surface.Take();
     Chans.DrawData();
-    CHECK(Surface.Take() == Lines{"restore 20 8 21 392", "line 23 8 23 392 #7F7F7F"});
+    CHECK(Surface.Take() == Lines{"restore 0 0 21 400", "line 23 8 23 392 #7F7F7F"});
 }
 
 TEST_CASE("names are printed dark enough for white paper, in the hue of their channel")

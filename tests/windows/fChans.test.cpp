@@ -1,0 +1,86 @@
+// The channel indicators on their windows, compared pixel by pixel.
+#include "ShellState.h"
+#include "calibration/fCheckChans.h"
+#include "calibration/fTrackChans.h"
+#include "core/mGlobData.h"
+
+#include <cmath>
+
+namespace {
+void MakeFrame(int Frame)
+{
+    for (std::size_t i = 1; i <= LastDataChan; ++i)
+        gData[i] = 8192 + 8000 * std::sin(0.11 * Frame + static_cast<double>(i));
+}
+
+QImage Picture(QWidget& Window)
+{
+    return Window.grab().toImage().convertToFormat(QImage::Format_RGB32);
+}
+
+// A window of its own that has drawn the frames given.
+template <class Window>
+QImage Drawn(int From, int To, bool Lost = false)
+{
+    Window Shown;
+    Shown.resize(480, 420);
+    Shown.show();
+    for (int Frame = From; Frame <= To; ++Frame) {
+        MakeFrame(Frame);
+        Shown.TakeFrame();
+    }
+    if (Lost) Shown.LoseFrames();
+    return Picture(Shown);
+}
+
+void MakeChannels(int16_t Count)
+{
+    gFile.ChanCnt = Count;
+    for (int i = 1; i <= Count; ++i)
+        gFile.Calibr.Grow().ParamID = "GateFx";
+}
+} // namespace
+
+TEST_CASE_FIXTURE(ShellState, "after many frames the channel indicator looks as if only the last had been drawn")
+{
+    for (const int16_t Count : {int16_t{8}, int16_t{32}, int16_t{84}}) {
+        CAPTURE(Count);
+        MakeChannels(Count);
+        CHECK(Drawn<fCheckChans>(1, 300) == Drawn<fCheckChans>(300, 300));
+        CHECK(Drawn<fCheckChans>(299, 299) != Drawn<fCheckChans>(300, 300));
+        CHECK(Drawn<fCheckChans>(1, 300, true) == Drawn<fCheckChans>(300, 300, true));
+        CHECK(Drawn<fCheckChans>(1, 300, true) != Drawn<fCheckChans>(1, 300));
+    }
+}
+
+TEST_CASE_FIXTURE(ShellState, "a sweep of traces leaves nothing of the sweep before")
+{
+    for (const int16_t Count : {int16_t{8}, int16_t{84}}) {
+        CAPTURE(Count);
+        MakeChannels(Count);
+        CHECK(Drawn<fTrackChans>(1, 510) == Drawn<fTrackChans>(256, 510));
+        CHECK(Drawn<fTrackChans>(1, 300) != Drawn<fTrackChans>(256, 300));
+    }
+}
+
+TEST_CASE_FIXTURE(ShellState,
+                  "a window drawn anew at another size shows its frame, and one that gets no frames turns grey")
+{
+    MakeChannels(16);
+    MakeFrame(7);
+    auto* Window = new fCheckChans;
+    Main.AddWindow(Window);
+    Main.show();
+    DrawDataWindows();
+    Window->parentWidget()->resize(500, 400);
+    const QSize Size = Window->size();
+    const QImage Live = Picture(*Window);
+    fCheckChans Fresh;
+    Fresh.resize(Size);
+    Fresh.show();
+    Fresh.TakeFrame();
+    CHECK(Live == Picture(Fresh));
+    CHECK(QTest::qWaitFor([&] { return Picture(*Window) != Live; }, 3000));
+    DrawDataWindows();
+    CHECK(Picture(*Window) == Live);
+}
