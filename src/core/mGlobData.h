@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -350,6 +351,9 @@ int FindDesc(const DataFile& File, const std::string& Key, DescKey Field);
 /// Physical value of raw count X of a channel by its ProcMode. Prev is the caller's last count of this channel and
 /// is updated with hysteresis (mode 2) only. Throws RunError for a channel without a row.
 double CalcPhysVal(int Chan, double X, double& Prev);
+
+/// CalcPhysVal of a run of a channel's counts in their order, in place.
+void CalcPhysVals(int Chan, std::span<double> Values, double& Prev);
 
 /// Resolves gKeyChan and gH1Chan with their factors from the channel rows; factors of a missing row are 0.
 void ResolveChannels();

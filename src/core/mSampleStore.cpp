@@ -21,7 +21,7 @@ void SampleStore::Create(int LastChannel, int LastSample)
 void SampleStore::Resize(int LastSample)
 {
     const int Count = LastSample + 1;
-    if (static_cast<std::size_t>(Count) > Stride) Reserve(Count);
+    if (static_cast<std::size_t>(Count) > Stride) Reserve(std::max(Count, 2 * static_cast<int>(Stride)));
     for (int Chan = 0; Chan < Channels && Count > Samples; ++Chan) {
         auto First = Values.begin() + static_cast<std::ptrdiff_t>(static_cast<std::size_t>(Chan) * Stride);
         std::fill(First + Samples, First + Count, 0.0);
@@ -31,7 +31,8 @@ void SampleStore::Resize(int LastSample)
 
 void SampleStore::Reserve(int SampleCount)
 {
-    const std::size_t NewStride = std::max(static_cast<std::size_t>(SampleCount), 2 * Stride) + Pad;
+    if (static_cast<std::size_t>(SampleCount) <= Stride) return;
+    const std::size_t NewStride = static_cast<std::size_t>(SampleCount) + Pad;
     std::vector<double> Moved(NewStride * static_cast<std::size_t>(Channels));
     for (std::size_t Chan = 0; Chan < static_cast<std::size_t>(Channels); ++Chan) {
         const auto First = Values.begin() + static_cast<std::ptrdiff_t>(Chan * Stride);

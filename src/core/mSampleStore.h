@@ -20,6 +20,9 @@ public:
     /// Makes LastSample the last sample: what is held stays, new samples are 0. -1 leaves no sample.
     void Resize(int LastSample);
 
+    /// Makes room for that many samples ahead of time.
+    void Reserve(int SampleCount);
+
     /// Index of the last channel, -1 for a store never created.
     int ChannelUBound() const { return Channels - 1; }
 
@@ -41,7 +44,6 @@ private:
         CheckIndex(Sample, static_cast<std::size_t>(Samples));
         return static_cast<std::size_t>(Chan) * Stride + static_cast<std::size_t>(Sample);
     }
-    void Reserve(int SampleCount);
 
     std::vector<double> Values;
     std::size_t Stride = 0; // doubles from one channel to the next

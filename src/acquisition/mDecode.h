@@ -1,0 +1,116 @@
+// The decoders of frame bodies: from 7-bit groups to raw counts in the current sample vector.
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cstdint>
+#include <cstring>
+#include <span>
+
+/// Whether the last slave block decoded held signed samples. Lives as long as the program.
+extern bool gSignedADC;
+
+/// The last values received of channels 11 to 16, which frames may leave out. Lives as long as the program.
+extern std::array<double, 6> gLastGPS;
+
+/// Reads the numbers of a frame body one after another. A read past the end clears FrameOK and gives 0; from then on
+/// every read gives 0 and does not move.
+class BodyReader
+{
+public:
+    explicit BodyReader(std::span<const uint8_t> Body) : Bytes(Body), BufEnd(static_cast<int>(Body.size()) - 1) {}
+
+    /// One byte.
+    int ReadByte() { return static_cast<int>(ReadGroups<1>()); }
+
+    /// Two bytes: b0 + 128 b1.
+    int ReadWord() { return static_cast<int>(ReadGroups<2>()); }
+
+    /// A word in 14-bit two's complement, moved up by 8192.
+    int ReadCentred()
+    {
+        const int Word = ReadWord();
+        return FrameOK ? Centred(Word) : 0;
+    }
+
+    /// Four bytes. Unlike the other reads it needs one more byte behind it.
+    int64_t ReadLong()
+    {
+        FrameOK = FrameOK && BufPos + 3 < BufEnd;
+        return ReadGroups<4>();
+    }
+
+    /// The frame's time in milliseconds, five bytes.
+    int64_t ReadTime() { return ReadGroups<5>(); }
+
+    /// A run of words, each through the same formula from uint16_t to int16_t.
+    template <class Formula>
+    void ReadWords(std::span<double> Values, const Formula& Of)
+    {
+        const int Size = 2 * static_cast<int>(Values.size());
+        if (!Has(Size)) return ReadTornWords(Values, Of);
+        ConvertWords(Bytes.data() + BufPos, Values, Of);
+        BufPos += Size;
+    }
+
+    static int Centred(int Word) { return Word > 8191 ? Word - 8192 : Word + 8192; }
+
+    bool FrameOK = true;
+
+private:
+    // Whole words, a block of 16 at once with the processor's vector instructions: all its steps stay in 16 bits. A
+    // function of its own, as the loops lose their vectors when they are unrolled into a larger one.
+    template <class Formula>
+    [[gnu::noinline]] static void ConvertWords(const uint8_t* Words, std::span<double> Values, const Formula& Of)
+    {
+        static_assert(std::endian::native == std::endian::little);
+        constexpr std::size_t Block = 16;
+        std::size_t i = 0;
+        for (; i + Block <= Values.size(); i += Block) {
+            std::array<uint16_t, Block> Pairs;
+            std::memcpy(Pairs.data(), Words + 2 * i, sizeof Pairs);
+            std::array<int16_t, Block> Results;
+            for (std::size_t j = 0; j < Block; ++j)
+                Results[j] = Of(static_cast<uint16_t>((Pairs[j] & 255) + (Pairs[j] >> 8) * 128));
+            std::copy_n(Results.begin(), Block, Values.begin() + static_cast<std::ptrdiff_t>(i));
+        }
+        for (; i < Values.size(); ++i)
+            Values[i] = Of(static_cast<uint16_t>(Words[2 * i] + 128 * Words[2 * i + 1]));
+    }
+
+    template <class Formula>
+    void ReadTornWords(std::span<double> Values, const Formula& Of)
+    {
+        for (double& Value : Values) {
+            const int Word = ReadWord();
+            Value = FrameOK ? Of(static_cast<uint16_t>(Word)) : 0;
+        }
+    }
+
+    bool Has(int Count) const { return FrameOK && BufPos + Count <= BufEnd + 1; }
+
+    template <int Count>
+    int64_t ReadGroups()
+    {
+        FrameOK = Has(Count);
+        if (!FrameOK) return 0;
+        const uint8_t* Group = Bytes.data() + BufPos;
+        int64_t Value = 0;
+        for (int i = Count - 1; i >= 0; --i)
+            Value = Value * 128 + Group[i];
+        BufPos += Count;
+        return Value;
+    }
+
+    std::span<const uint8_t> Bytes;
+    int BufPos = 0;
+    int BufEnd; // index of the last byte
+};
+
+/// Decodes a body of a master with slaves into gData and counts the frame. A body with a byte of 128 or above ahead of
+/// the last one is refused and changes nothing. False also for a body that ends too early; what it held is in gData.
+bool DecodeLong(std::span<const uint8_t> Body);
+
+/// Decodes a body of a slave without a master into gData and counts the frame. False for one that ends too early.
+bool DecodeShort(std::span<const uint8_t> Body);

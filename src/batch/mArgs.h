@@ -1,0 +1,41 @@
+// What a command takes on its line, and the line read into it.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <vector>
+
+enum class ArgKind
+{
+    Flag,
+    Whole,
+    Real,
+    Text,
+    Filter
+};
+
+/// An option of a command, as "--start I".
+struct Option
+{
+    const char* Name;
+    ArgKind Kind;
+    const char* Value; // name of the value in the usage line, empty for a flag
+};
+
+/// The words behind a command: its files in order and its options by name.
+struct Args
+{
+    std::vector<std::string> Files;
+    std::map<std::string, std::string> Options;
+
+    bool Has(const std::string& Name) const { return Options.contains(Name); }
+
+    /// Value of an option, or Default when it was not given.
+    int32_t Whole(const std::string& Name, int32_t Default) const;
+    double Real(const std::string& Name, double Default) const;
+    std::string Text(const std::string& Name, const std::string& Default) const;
+};
+
+/// Reads Words into Result. Gives an empty text, or what is wrong with them.
+std::string ParseArgs(const std::vector<std::string>& Words, const std::vector<Option>& Known, Args& Result);

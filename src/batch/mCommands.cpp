@@ -1,0 +1,71 @@
+// The table of commands and what several of them begin with.
+#include "batch/mCommands.h"
+
+#include "core/mMain.h"
+#include "files/mBinIO.h"
+#include "processing/mFilter.h"
+
+std::span<const Command> AllCommands()
+{
+    static const Option From{"--from", ArgKind::Whole, "I"};
+    static const Option To{"--to", ArgKind::Whole, "J"};
+    static const Option Start{"--start", ArgKind::Whole, "I"};
+    static const Option Stop{"--stop", ArgKind::Whole, "J"};
+    static const Option Filter{"--filter", ArgKind::Flag, ""};
+    static const std::vector<Command> Table = {
+        {"resave",
+         "SESSION OUT [--filter Any|Non]",
+         "reads a session data file and writes it again; Non leaves the samples out",
+         2,
+         2,
+         {{"--filter", ArgKind::Filter, "Any|Non"}},
+         DoResave},
+        {"dump", "SESSION RAW OUT", "writes the raw counts of every frame as text", 3, 3, {}, DoDump},
+        {"export",
+         "SESSION RAW OUT [--from I] [--to J] [--filter]",
+         "writes calibrated samples I to J as text (default: all)",
+         3,
+         3,
+         {From, To, Filter},
+         DoExport},
+        {"scan", "SESSION RAW OUT", "finds the strokes of a long recording and writes their table", 3, 3, {}, DoScan},
+        {"strokes",
+         "SESSION RAW [--start I] [--stop J] [--filter]",
+         "writes a line of parameters for every stroke beside the session data file",
+         2,
+         2,
+         {Start, Stop, Filter},
+         DoStrokes},
+        {"process",
+         "SESSION RAW... [--start I] [--stop J] [--filter] [--comment TEXT] [--dist D] [--time T] [--out OUT]",
+         "averages the strokes of each recording and stores the pattern as a sample",
+         2,
+         0,
+         {Start,
+          Stop,
+          Filter,
+          {"--comment", ArgKind::Text, "TEXT"},
+          {"--dist", ArgKind::Real, "D"},
+          {"--time", ArgKind::Real, "T"},
+          {"--out", ArgKind::Text, "OUT"}},
+         DoProcess},
+        {"info", "SESSION", "prints a summary of a session data file in JSON", 1, 1, {}, DoInfo},
+    };
+    return Table;
+}
+
+bool LoadSession(const std::string& Path)
+{
+    return OpenSession(Path);
+}
+
+bool LoadRaw(const std::string& Path, const Args& Line)
+{
+    int32_t Start = 0;
+    int32_t Stop = 0;
+    if (!ReadRawFile(Path, Start, Stop)) return false;
+    if (!Line.Has("--filter")) return true;
+    ZeroTime();
+    SpikeFilter();
+    return true;
+}

@@ -1,0 +1,42 @@
+// The commands of the batch program: one table, and the functions it names.
+#pragma once
+
+#include "batch/mArgs.h"
+#include "platform/plain/sDialogs.h"
+
+#include <span>
+
+/// A command. Run gives false when a failure was reported.
+struct Command
+{
+    const char* Name;
+    const char* Usage;   // the words behind the name
+    const char* Summary; // one sentence for the list of commands
+    std::size_t MinFiles;
+    std::size_t MaxFiles; // 0: any number from MinFiles on
+    std::vector<Option> Options;
+    bool (*Run)(const Args& Line);
+};
+
+/// The program's dialogs: a command gives the answers that its line tells.
+extern sDialogs gBatchDialogs;
+
+/// All commands in the order of the help.
+std::span<const Command> AllCommands();
+
+/// Opens the session data file and resolves its channels. False when it cannot be read (told).
+bool LoadSession(const std::string& Path);
+
+/// Reads a raw file into the sample store and conditions it when the line says --filter. False when told.
+bool LoadRaw(const std::string& Path, const Args& Line);
+
+// Session data files and samples as text.
+bool DoResave(const Args& Line);
+bool DoDump(const Args& Line);
+bool DoExport(const Args& Line);
+bool DoInfo(const Args& Line);
+
+// Strokes and patterns.
+bool DoScan(const Args& Line);
+bool DoStrokes(const Args& Line);
+bool DoProcess(const Args& Line);

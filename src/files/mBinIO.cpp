@@ -1,0 +1,183 @@
+// Reading of recordings: frames are gathered in small tiles, so that the store is filled along its channels.
+#include "files/mBinIO.h"
+
+#include "core/mGlobData.h"
+#include "core/mHost.h"
+#include "core/mNumText.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <limits>
+#include <vector>
+
+RawFile gScanFile;
+
+namespace {
+// What the reading of a recording carries from frame to frame.
+struct ReadState
+{
+    double LastTime = 0;             // s, last stamp seen while waiting for the first sample
+    std::optional<double> FirstTime; // s, stamp of the first sample
+    std::vector<double> Prev;        // last count of each channel
+};
+
+// Seconds since the first stamp that moved; 0 up to that one.
+double TimeSinceFirst(double Stamp, ReadState& State)
+{
+    if (State.FirstTime) return Stamp - *State.FirstTime;
+    if (Stamp > State.LastTime)
+        State.FirstTime = Stamp;
+    else
+        State.LastTime = Stamp;
+    return 0;
+}
+
+// Gathers frames and puts them into a store, channel by channel.
+class StoreFiller
+{
+public:
+    /// Of frames with ChanCnt channels in a stretch of that many bytes.
+    StoreFiller(int ChanCnt, int64_t Bytes) : Width(static_cast<std::size_t>(ChanCnt) + 1), Stretch(Bytes)
+    {
+        State.Prev.resize(Width);
+        Tile.resize(Width * Stride);
+        Store.Create(ChanCnt, -1);
+    }
+
+    void AddFrame();
+    int Count() const { return Store.UBound() + 1 + static_cast<int>(Waiting); }
+    SampleStore Finish();
+
+private:
+    static constexpr std::size_t TileFrames = 64;
+    static constexpr std::size_t Stride = TileFrames + 8;
+
+    void Flush();
+
+    SampleStore Store;
+    ReadState State;
+    std::vector<double> Tile; // TileFrames rows of time and counts
+    std::size_t Width;
+    std::size_t Waiting = 0; // frames in the tile
+    int64_t Stretch;
+};
+
+void StoreFiller::AddFrame()
+{
+    for (std::size_t Chan = 1; Chan < Width; ++Chan)
+        Tile[Chan * Stride + Waiting] = gData[Chan];
+    Tile[Waiting] = TimeSinceFirst(gData[0], State);
+    if (++Waiting == TileFrames) Flush();
+}
+
+void StoreFiller::Flush()
+{
+    const int First = Store.UBound() + 1;
+    // The first tile shows how many frames the stretch may hold.
+    if (First == 0 && Waiting > 0)
+        Store.Reserve(
+            static_cast<int>(std::min<int64_t>(Stretch * Count() / gScanFile.Taken() + 1, SampleStore::MaxIndex + 1)));
+    Store.Resize(Count() - 1);
+    for (std::size_t Chan = 0; Chan < Width; ++Chan) {
+        const auto Values = std::span(Tile).subspan(Chan * Stride, Waiting);
+        if (Chan > 0) CalcPhysVals(static_cast<int>(Chan), Values, State.Prev[Chan]);
+        std::ranges::copy(Values, Store.Channel(static_cast<int>(Chan)).begin() + First);
+    }
+    Waiting = 0;
+}
+
+SampleStore StoreFiller::Finish()
+{
+    Flush();
+    return std::move(Store);
+}
+
+void CheckChannels()
+{
+    const int Known = std::min(gFile.Calibr.UBound(), LastDataChan);
+    if (gFile.ChanCnt >= 0 && gFile.ChanCnt <= Known) return;
+    throw RunError("the session counts " + FormatNum(gFile.ChanCnt, "0") + " channels, of which " +
+                   FormatNum(Known, "0") + " can be read");
+}
+
+// The frames of gScanFile between two positions.
+SampleStore ReadStretch(int32_t Start, int32_t Stop)
+{
+    const int64_t Length = int64_t{Stop} - Start + 1;
+    StoreFiller Filler(gFile.ChanCnt, std::min<int64_t>(Length, gScanFile.Length()));
+    PercentMeter Meter(Length);
+    CreateData();
+    while (ReadFrame()) {
+        Filler.AddFrame();
+        const int32_t Position = gScanFile.Position();
+        if (Meter.IsReached(int64_t{Position} - Start)) ShowReading(FormatNum(Meter.Percent(), "0") + "%");
+        if (gScanFile.AtEnd() || Position + gFrameMin >= Stop || Filler.Count() > SampleStore::MaxIndex) break;
+    }
+    return Filler.Finish();
+}
+} // namespace
+
+bool RawFile::Open(const std::string& Path, int32_t Start)
+{
+    Close();
+    std::error_code Error;
+    const auto Bytes = std::filesystem::file_size(Path, Error);
+    if (Error || Bytes >= std::numeric_limits<int32_t>::max()) return false;
+    File.rdbuf()->pubsetbuf(nullptr, 0); // the source has a buffer of its own
+    Name = Path;
+    File.open(Path, std::ios::binary);
+    File.seekg(Start - 1);
+    First = Start;
+    Size = static_cast<int32_t>(Bytes);
+    return File.good();
+}
+
+void RawFile::Close()
+{
+    File.close();
+    File.clear();
+    Source = ByteSource([this](std::span<uint8_t> Room) { return Read(Room); });
+}
+
+std::size_t RawFile::Read(std::span<uint8_t> Room)
+{
+    File.read(reinterpret_cast<char*>(Room.data()), static_cast<std::streamsize>(Room.size()));
+    return static_cast<std::size_t>(File.gcount());
+}
+
+bool OpenScanFile(const std::string& Path, int32_t Start)
+{
+    if (!gScanFile.Open(Path, Start)) {
+        MsgBox("Can't open file: " + Path, TitleError);
+        return false;
+    }
+    return true;
+}
+
+bool CloseScanFile()
+{
+    const bool HasFailed = gScanFile.HasFailed();
+    gScanFile.Close();
+    if (HasFailed) MsgBox("Can't read file: " + gScanFile.Path(), TitleError);
+    return !HasFailed;
+}
+
+bool ReadFrame()
+{
+    const auto Taken = gScanFile.Take();
+    return Taken && DecodeFrame(FrameRoad::File, *Taken);
+}
+
+bool ReadRawFile(const std::string& Path, int32_t& Start, int32_t& Stop)
+{
+    CheckChannels();
+    const int32_t From = std::max(Start, 1);
+    if (!OpenScanFile(Path, From)) return false;
+    const int32_t To = Stop < 1 ? gScanFile.Length() : Stop;
+    SampleStore Store = ReadStretch(From, To);
+    if (!CloseScanFile()) return false;
+    gRaw = std::move(Store);
+    Start = From;
+    Stop = To;
+    return true;
+}

@@ -1,0 +1,88 @@
+// The polynomial fit and the value of what it gives.
+#include "processing/mProcFuncs.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+#include <utility>
+
+namespace {
+// The orthonormal polynomial that the recurrence has come to: its values on the points and its power coefficients.
+struct Ortho
+{
+    std::vector<double> P;
+    std::vector<double> Q; // values of the polynomial before
+    std::vector<double> B;
+    std::vector<double> BQ;
+    double Alpha = 0;
+    double Beta = 0;
+};
+
+double Dot(std::span<const double> X, std::span<const double> Y)
+{
+    return std::inner_product(X.begin(), X.end(), Y.begin(), 0.0);
+}
+
+// Divides the polynomial by its norm on the points. False when it vanishes there.
+bool Normalise(Ortho& Poly, std::span<const double> X)
+{
+    const double Norm = std::sqrt(Dot(Poly.P, Poly.P));
+    if (!(Norm > 0)) return false;
+    for (double& Each : Poly.P)
+        Each /= Norm;
+    for (double& Each : Poly.B)
+        Each /= Norm;
+    Poly.Beta = Norm;
+    Poly.Alpha = 0;
+    for (std::size_t i = 0; i < X.size(); ++i)
+        Poly.Alpha += X[i] * Poly.P[i] * Poly.P[i];
+    return true;
+}
+
+// The next polynomial: (x - alpha) p - beta q, normalised.
+bool Advance(Ortho& Poly, std::span<const double> X)
+{
+    for (std::size_t i = 0; i < X.size(); ++i) {
+        const double Next = (X[i] - Poly.Alpha) * Poly.P[i] - Poly.Beta * Poly.Q[i];
+        Poly.Q[i] = std::exchange(Poly.P[i], Next);
+    }
+    std::vector<double> Next(Poly.B.size());
+    for (std::size_t j = 0; j < Next.size(); ++j)
+        Next[j] = (j > 0 ? Poly.B[j - 1] : 0) - Poly.Alpha * Poly.B[j] - Poly.Beta * Poly.BQ[j];
+    Poly.BQ = std::exchange(Poly.B, std::move(Next));
+    return Normalise(Poly, X);
+}
+} // namespace
+
+bool PolyFit(std::span<const double> X, std::span<const double> Y, int16_t& Degree, double& Sigma,
+             std::vector<double>& Coef)
+{
+    if (X.size() != Y.size() || X.empty() || Degree < 0) return false;
+    const std::size_t Count = static_cast<std::size_t>(Degree) + 1;
+    Ortho Poly{std::vector<double>(X.size(), 1), std::vector<double>(X.size()), std::vector<double>(Count),
+               std::vector<double>(Count)};
+    Poly.B[0] = 1;
+    std::vector<double> A(Count);
+    std::vector<double> Rest(Y.begin(), Y.end()); // residuals
+    for (std::size_t k = 0; k < Count; ++k) {
+        if (!(k == 0 ? Normalise(Poly, X) : Advance(Poly, X))) return false;
+        const double C = Dot(Poly.P, Y);
+        for (std::size_t j = 0; j <= k; ++j)
+            A[j] += Poly.B[j] * C;
+        for (std::size_t i = 0; i < Rest.size(); ++i)
+            Rest[i] -= Poly.P[i] * C;
+    }
+    const double Squares = Dot(Rest, Rest);
+    if (!std::isfinite(Squares) || !std::all_of(A.begin(), A.end(), [](double Each) { return std::isfinite(Each); }))
+        return false;
+    Sigma = X.size() > 1 ? std::sqrt(Squares / static_cast<double>(X.size() - 1)) : 0;
+    Degree = static_cast<int16_t>(Count);
+    Coef = std::move(A);
+    return true;
+}
+
+double PolyVal(std::span<const double> Coef, double X)
+{
+    if (Coef.size() < 2 || Coef.size() > 4) return 0;
+    return std::accumulate(Coef.rbegin(), Coef.rend(), 0.0, [X](double Sum, double C) { return Sum * X + C; });
+}

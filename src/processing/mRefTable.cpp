@@ -1,0 +1,128 @@
+// Reference tables: reading their files, and values between and beyond their rows.
+#include "processing/mRefTable.h"
+
+#include "core/mError.h"
+#include "core/mGlobData.h"
+#include "core/mHost.h"
+#include "core/mNumText.h"
+#include "files/mSafeSave.h"
+#include "processing/mProcFuncs.h"
+
+#include <algorithm>
+#include <span>
+#include <string_view>
+
+std::vector<RefTable> gRefTabs(1);
+int16_t gRefCnt = 0;
+
+namespace {
+// Rows at an end of a table that carry its extrapolation.
+constexpr int EndRows = 7;
+
+// Takes the text up to a separator off the front of Text.
+std::string_view TakeUpTo(std::string_view& Text, char Separator)
+{
+    const std::size_t End = std::min(Text.find(Separator), Text.size());
+    const std::string_view Part = Text.substr(0, End);
+    Text.remove_prefix(std::min(End + 1, Text.size()));
+    return Part;
+}
+
+// The head line: the number of the last row and the name. False when there is no number.
+bool ReadHead(std::string_view Line, RefTable& Table)
+{
+    const auto Last = LeadingNumber(TakeUpTo(Line, '\t'));
+    if (!Last) return false;
+    Table.Cnt = static_cast<int16_t>(RoundHalfEven(std::clamp<double>(*Last, 0, RefTable::MaxRow)));
+    std::string_view Name = TakeUpTo(Line, '\t');
+    if (Name.ends_with('\r')) Name.remove_suffix(1);
+    Table.Name = Name;
+    return true;
+}
+
+// A line of the table into row Index; its own row number counts for nothing. False when a number is missing.
+bool ReadRow(std::string_view Line, RefTable& Table, std::size_t Index)
+{
+    TakeUpTo(Line, '\t');
+    const auto N = LeadingNumber(TakeUpTo(Line, '\t'));
+    const auto X = LeadingNumber(TakeUpTo(Line, '\t'));
+    const auto Y = LeadingNumber(TakeUpTo(Line, '\t'));
+    if (!N || !X || !Y) return false;
+    Table.N[Index] = *N;
+    Table.X[Index] = *X;
+    Table.Y[Index] = *Y;
+    return true;
+}
+
+// False when Text holds no table. A table whose file was cut short ends with its last whole row.
+bool ReadTable(std::string_view Text, RefTable& Table)
+{
+    TakeUpTo(Text, '\n');
+    if (!ReadHead(TakeUpTo(Text, '\n'), Table)) return false;
+    TakeUpTo(Text, '\n');
+    std::size_t Rows = 0;
+    while (!Text.empty() && Rows <= RefTable::MaxRow)
+        if (ReadRow(TakeUpTo(Text, '\n'), Table, Rows)) ++Rows;
+    if (Rows == 0) return false;
+    Table.Cnt = std::min(Table.Cnt, static_cast<int16_t>(Rows - 1));
+    return true;
+}
+} // namespace
+
+void LoadRefTables()
+{
+    gRefCnt = 0;
+    gRefTabs.assign(1, {});
+    for (CalibrRow& Row : gFile.Calibr) {
+        if (Row.ProcMode != 4) continue;
+        gRefCnt = ToInt16(gRefCnt + 1);
+        // A table that cannot be read keeps its number, so that no channel comes to use the table of another.
+        RefTable& Table = gRefTabs.emplace_back();
+        if (ReadRefTable(gCurDir + Row.SensorID + ".ref", Table) == 0) continue;
+        Row.Threshold = gRefCnt;
+        Row.RefTabFN = Row.SensorID;
+    }
+}
+
+int16_t ReadRefTable(const std::string& Path, RefTable& Table)
+{
+    const auto Text = ReadWhole(Path);
+    RefTable Read;
+    if (Text && ReadTable(*Text, Read)) {
+        Table = std::move(Read);
+        return gRefCnt;
+    }
+    MsgBox("Can't open reference table: " + Path, TitleError);
+    return 0;
+}
+
+double RefLookup(int Tab, double V)
+{
+    if (Tab < 1 || Tab > gRefCnt) return 0;
+    const RefTable& Table = gRefTabs[static_cast<std::size_t>(Tab)];
+    const auto Last = static_cast<std::size_t>(Table.Cnt);
+    const auto [Lo, Hi] = std::minmax(Table.X[0], Table.X[Last]);
+    if (V < Lo || V > Hi) return RefExtrapolate(Table, V);
+    for (std::size_t i = 1; i <= Last; ++i) {
+        const double P = Table.X[i - 1];
+        const double Q = Table.X[i];
+        if ((P <= V && V < Q) || (Q <= V && V < P))
+            return (V - P) / (Q - P) * (Table.Y[i] - Table.Y[i - 1]) + Table.Y[i - 1];
+    }
+    return 0;
+}
+
+double RefExtrapolate(const RefTable& Table, double V)
+{
+    if (Table.Cnt + 1 < EndRows) return 0;
+    const auto Last = static_cast<std::size_t>(Table.Cnt);
+    const bool AtLowEnd = Table.X[0] <= Table.X[Last] ? V < Table.X[0] : V > Table.X[0];
+    const std::size_t First = AtLowEnd ? 0 : Last + 1 - EndRows;
+    int16_t Degree = 3;
+    double Sigma = 0;
+    std::vector<double> Coef;
+    if (!PolyFit(std::span(Table.X).subspan(First, EndRows), std::span(Table.Y).subspan(First, EndRows), Degree, Sigma,
+                 Coef))
+        return 0;
+    return PolyVal(Coef, V);
+}

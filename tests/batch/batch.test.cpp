@@ -1,0 +1,176 @@
+// The batch program as its users call it: a process, its files, its exit code and its words.
+#include "core/mNumText.h"
+#include "files/mSafeSave.h"
+#include "support/TempFolder.h"
+
+#include <doctest/doctest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+#include <sys/wait.h>
+#include <vector>
+
+namespace {
+struct Outcome
+{
+    int Exit = 0;
+    std::string Out;
+    std::string Err;
+};
+
+std::string Quoted(const std::string& Word)
+{
+    std::string Text = "'";
+    return Text.append(Word).append("'");
+}
+
+class Bench : public TempFolder
+{
+public:
+    Bench() { std::filesystem::copy_file(SOURCE_FOLDER "/demo/single.txt", Path("single.txt")); }
+
+    Outcome Run(const std::string& Program, const std::vector<std::string>& Words) const
+    {
+        std::string Line = "cd ";
+        Line.append(Quoted(Path(""))).append(" && ").append(Quoted(std::string(PROGRAM_FOLDER "/").append(Program)));
+        for (const std::string& Word : Words)
+            Line.append(" ").append(Quoted(Word));
+        const int Status = std::system((Line + " >out.log 2>err.log").c_str());
+        return {WEXITSTATUS(Status), Bytes("out.log"), Bytes("err.log")};
+    }
+
+    Outcome Batch(const std::vector<std::string>& Words) const { return Run("skarvelin-batch", Words); }
+
+    void Record(const std::string& Name, const std::string& Number) const
+    {
+        REQUIRE(Run("skarvelin-sim", {"--file", Name, "single.txt", "--strokes=12", "--seed=" + Number}).Exit == 0);
+    }
+
+    std::string Bytes(const std::string& Name) const { return ReadWhole(Path(Name)).value_or("(none)"); }
+};
+} // namespace
+
+TEST_CASE("wrong usage is told with a usage line and touches nothing")
+{
+    const Bench Folder;
+    const std::vector<std::vector<std::string>> Lines = {
+        {},
+        {"cut", "single.txt"},
+        {"--sett", "gProcRuns=2", "info", "single.txt"},
+        {"--set", "gProcRun=2", "info", "single.txt"},
+        {"--set", "gProcRuns=two", "info", "single.txt"},
+        {"--set", "gProcRuns=40000", "info", "single.txt"},
+        {"resave", "single.txt"},
+        {"resave", "single.txt", "single.txt", "single.txt"},
+        {"resave", "single.txt", "new.txt", "--filter", "Some"},
+        {"process", "single.txt"},
+        {"process", "single.txt", "a.qvn", "--start", "1.5"},
+        {"process", "single.txt", "a.qvn", "--dist"},
+        {"export", "single.txt", "a.qvn", "out.txt", "--filter=yes"},
+    };
+    const std::string Before = Folder.Bytes("single.txt");
+    for (const auto& Line : Lines) {
+        const Outcome Result = Folder.Batch(Line);
+        CAPTURE(Result.Err);
+        CHECK(Result.Exit == 2);
+        CHECK(Result.Err.find("Usage: skarvelin-batch") != std::string::npos);
+    }
+    CHECK(Folder.Bytes("single.txt") == Before);
+    CHECK_FALSE(std::filesystem::exists(Folder.Path("new.txt")));
+}
+
+TEST_CASE("a failure is told with the file that it is about, exits 1 and leaves every file as it was")
+{
+    const Bench Folder;
+    Folder.Record("a.qvn", "1");
+    std::filesystem::create_directory(Folder.Path("folder.qvn"));
+    REQUIRE(SaveWhole(Folder.Path("empty.qvn"), ""));
+    REQUIRE(SaveWhole(Folder.Path("kept.txt"), "kept"));
+    struct
+    {
+        std::vector<std::string> Line;
+        const char* Told;
+    } const Cases[] = {
+        {{"resave", "none.txt", "kept.txt"}, "none.txt"},
+        {{"resave", "single.txt", "nowhere/new.txt"}, "nowhere/new.txt"},
+        {{"resave", "single.txt", "folder.qvn"}, "folder.qvn"},
+        {{"export", "single.txt", "none.qvn", "kept.txt"}, "none.qvn"},
+        {{"export", "single.txt", "folder.qvn", "kept.txt"}, "folder.qvn"},
+        {{"dump", "single.txt", "folder.qvn", "kept.txt"}, "folder.qvn"},
+        {{"scan", "single.txt", "none.qvn", "kept.txt"}, "none.qvn"},
+        {{"strokes", "single.txt", "empty.qvn"}, "cycle"},
+        {{"process", "single.txt", "empty.qvn"}, "empty.qvn"},
+        {{"process", "single.txt", "a.qvn", "none.qvn"}, "none.qvn"},
+        {{"--set", "StdFilter=0", "process", "single.txt", "a.qvn"}, "Division by zero"},
+    };
+    const std::string Before = Folder.Bytes("single.txt");
+    for (const auto& Case : Cases) {
+        const Outcome Result = Folder.Batch(Case.Line);
+        CAPTURE(Case.Told);
+        CAPTURE(Result.Err);
+        CHECK(Result.Exit == 1);
+        CHECK(Result.Err.find(Case.Told) != std::string::npos);
+        CHECK(Folder.Bytes("single.txt") == Before);
+        CHECK(Folder.Bytes("kept.txt") == "kept");
+    }
+    CHECK_FALSE(std::filesystem::exists(Folder.Path("single.bak")));
+}
+
+TEST_CASE("recordings become samples, the former session its copy, and the same call gives the same bytes")
+{
+    const Bench Folder;
+    Folder.Record("a.qvn", "1");
+    Folder.Record("b.qvn", "2");
+    const std::string Before = Folder.Bytes("single.txt");
+    const std::vector<std::string> Line = {"--set", "gProcRuns=2", "--set",      "gExpSTD=1", "process", "single.txt",
+                                           "a.qvn", "b.qvn",       "--dist=500", "--out",     "new.txt"};
+    const Outcome First = Folder.Batch(Line);
+    CAPTURE(First.Err);
+    REQUIRE(First.Exit == 0);
+    CHECK(Folder.Bytes("single.txt") == Before);
+    const std::string New = Folder.Bytes("new.txt");
+    CHECK(New.find("\r\nS01\t") != std::string::npos);
+    CHECK(New.find("\ta.qvn\t") != std::string::npos);
+    CHECK(New.find("\tb.qvn\t") != std::string::npos);
+    CHECK(New.find("\r\nSTD\r\n") != std::string::npos);
+    REQUIRE(Folder.Batch(Line).Exit == 0);
+    CHECK(Folder.Bytes("new.txt") == New);
+
+    REQUIRE(Folder.Batch({"--set", "gExpSTD=1", "resave", "new.txt", "again.txt"}).Exit == 0);
+    CHECK(Folder.Bytes("again.txt") == New);
+
+    REQUIRE(Folder.Batch({"process", "single.txt", "a.qvn", "--comment", "Headwind"}).Exit == 0);
+    CHECK(Folder.Bytes("single.bak") == Before);
+    CHECK(Folder.Bytes("single.txt").find("\tHeadwind\t") != std::string::npos);
+}
+
+TEST_CASE("a second log of strokes never replaces the first, and its path is printed")
+{
+    const Bench Folder;
+    Folder.Record("a.qvn", "3");
+    CHECK(Folder.Batch({"strokes", "single.txt", "a.qvn"}).Out == "single_str.csv\n");
+    CHECK(Folder.Batch({"strokes", "single.txt", "a.qvn"}).Out == "single_str_01.csv\n");
+    CHECK(Folder.Bytes("single_str.csv") == Folder.Bytes("single_str_01.csv"));
+    CHECK(Folder.Bytes("single_str.csv")
+              .starts_with("Str N\tRate\tDriveT\tMaxFT\tRecovT\tLength\tMaxForce\tAverForce\t"
+                           "Impulse\tWPS\tPower\r\n1\t"));
+}
+
+TEST_CASE("counts are dumped as they came, and nothing follows the first broken frame")
+{
+    const Bench Folder;
+    Folder.Record("a.qvn", "4");
+    REQUIRE(Folder.Batch({"dump", "single.txt", "a.qvn", "all.txt"}).Exit == 0);
+    const std::string All = Folder.Bytes("all.txt");
+    CHECK(All.starts_with("N\tT\t1\t2\t3\t"));
+
+    std::string Raw = Folder.Bytes("a.qvn");
+    const std::size_t Middle = Raw.find('\x80', Raw.size() / 2);
+    REQUIRE(SaveWhole(Folder.Path("torn.qvn"), Raw.substr(0, Middle + 20)));
+    REQUIRE(Folder.Batch({"dump", "single.txt", "torn.qvn", "torn.txt"}).Exit == 0);
+    const std::string Torn = Folder.Bytes("torn.txt");
+    CHECK(Torn.size() < All.size());
+    CHECK(All.starts_with(Torn));
+    CHECK(Torn.ends_with("\t\r\n"));
+}

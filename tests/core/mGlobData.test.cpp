@@ -1,0 +1,91 @@
+// Conversion of raw counts and the look-ups by identifier.
+#include "core/mGlobData.h"
+
+#include "core/mError.h"
+
+#include <doctest/doctest.h>
+
+TEST_CASE("each mode of a channel converts by its own formula")
+{
+    CalibrRow& Row = gFile.Calibr.Grow();
+    Row.Q0 = -10;
+    Row.Q1 = 2;
+    Row.Q2 = 100; // belongs to the fit, not to the conversion
+    Row.Qup0 = 1;
+    Row.Qup1 = 10;
+    Row.Qup2 = 0.5;
+    Row.Qdn0 = 3;
+    Row.Qdn1 = 20;
+    Row.Qdn2 = 1.5;
+    struct
+    {
+        int16_t Mode;
+        double X;
+        double Prev;
+        double Y;
+        double PrevAfter;
+    } const Cases[] = {
+        {0, 2, 7, -6, 7}, {5, 2, 7, -6, 7}, {7, 2, 7, -6, 7},  {-1, 2, 7, -6, 7}, {3, 2, 7, 6, 7},
+        {1, 2, 7, 23, 7}, {2, 4, 3, 49, 4}, {2, 4, 5, 107, 4}, {2, 4, 4, 78, 4},
+    };
+    for (const auto& Case : Cases) {
+        CAPTURE(Case.Mode);
+        CAPTURE(Case.Prev);
+        Row.ProcMode = Case.Mode;
+        double Prev = Case.Prev;
+        CHECK(CalcPhysVal(1, Case.X, Prev) == Case.Y);
+        CHECK(Prev == Case.PrevAfter);
+    }
+    double Prev = 0;
+    CHECK_THROWS_AS(CalcPhysVal(2, 0, Prev), RunError);
+}
+
+TEST_CASE("channels are found exactly, and the empty name finds none")
+{
+    CHECK(FindChan(gFile.Calibr, "A1") == -1);
+    for (const char* Name : {"a1", "", "A1", "A1"}) {
+        CalibrRow& Row = gFile.Calibr.Grow();
+        Row.Chan = static_cast<int16_t>(gFile.Calibr.UBound());
+        Row.ParamID = Name;
+        Row.Q1 = Row.Chan;
+    }
+    CHECK(FindChan(gFile.Calibr, "A1") == 3);
+    CHECK(FindChan(gFile.Calibr, "") == -1);
+    gFile.KeyChanID = "A1";
+    ResolveChannels();
+    CHECK(gKeyChan == 3);
+    CHECK(gKeyQ1 == 3);
+    CHECK(gH1Chan == -1);
+    CHECK(gH1Q1 == 0);
+}
+
+TEST_CASE("samples are found by any of their three names")
+{
+    DescRow& Row = gFile.Desc.Grow();
+    Row.SampleID = "S01";
+    Row.RawFN = "a.qvn";
+    CHECK(FindDesc(gFile, "S01", DescKey::TestID) == 1);
+    CHECK(FindDesc(gFile, "a.qvn", DescKey::RawFN) == 1);
+    CHECK(FindDesc(gFile, "a.qvn", DescKey::PrimFN) == -1);
+    CHECK(FindDesc(gFile, "", DescKey::PrimFN) == -1);
+}
+
+TEST_CASE("the sample store keeps what it holds when it grows and shrinks")
+{
+    SampleStore Store;
+    Store.Create(3, 0);
+    for (int i = 0; i <= 1000; ++i) {
+        Store.Resize(i);
+        for (int Chan = 0; Chan <= 3; ++Chan)
+            Store(Chan, i) = Chan * 10000 + i;
+    }
+    Store.Resize(500);
+    Store.Resize(600);
+    CHECK(Store.UBound() == 600);
+    CHECK(Store(2, 500) == 20500);
+    CHECK(Store(2, 501) == 0);
+    CHECK(Store.Channel(3)[499] == 30499);
+    CHECK_THROWS_AS(Store(4, 0), RunError);
+    CHECK_THROWS_AS(Store(0, 601), RunError);
+    CHECK_THROWS_AS(Store(-1, 0), RunError);
+}

@@ -1,0 +1,80 @@
+// Skarvelin.ini and the settings store.
+#include "core/mIni.h"
+
+#include "core/mGlobData.h"
+#include "core/mMain.h"
+#include "core/mSettings.h"
+#include "files/mSafeSave.h"
+#include "support/ScriptedDialogs.h"
+#include "support/TempFolder.h"
+
+#include <doctest/doctest.h>
+
+TEST_CASE_FIXTURE(FreshState, "an ini file is read in any order and written back in its own")
+{
+    const TempFolder Folder;
+    gAppDir = Folder.Path("");
+    REQUIRE(
+        SaveWhole(IniPath(),
+                  "IsCurves=1\nIsGrid=0\nLink Address=10.0.0.7\nno sign here\nUnknown=7\nWidth=1024.5\nCOM port=70000\n"
+                  "Current File=/boats/a=b.txt\nAutoCalQ1=0.123456789\nCalibrSens=\n"
+                  "1\tLoad cell\t17\t-0.5\t0.25\t18\n0\t\t1\nEnd\nSysID= K7\nIsValue=-1"));
+    gCOMport = 3;
+    REQUIRE(ReadIni());
+    CHECK(gCurFile == "/boats/a=b.txt");
+    REQUIRE(WriteIni());
+    CHECK(ReadWhole(IniPath()) ==
+          "SysID= K7\r\nLeft=0\r\nTop=0\r\nWidth=1024.5\r\nHeight=0\r\n"
+          "Current File=/boats/a=b.txt\r\nBase Folder=\r\nCOM port=3\r\nBackground=\r\nModels=\r\n"
+          "AutoCalCh=0\r\nAutoCalQ0=0.00000000\r\nAutoCalQ1=0.12345679\r\nCalibrSens=\r\n"
+          "-1\tLoad cell\t17\t-0.50000000\t0.25000000\t18\r\n"
+          "0\t\t1\t0.00000000\t0.00000000\t0\r\n0\t\t0\t0.00000000\t0.00000000\t0\r\n"
+          "0\t\t0\t0.00000000\t0.00000000\t0\r\n0\t\t0\t0.00000000\t0.00000000\t0\r\nEnd\r\n"
+          "IsCurves=-1\r\nIsValue=-1\r\nIsScore=0\r\nIsInd=0\r\nIsSound=0\r\nIsGrid=0\r\n"
+          "Link Address=10.0.0.7\r\nLink Port=6000\r\n");
+}
+
+TEST_CASE_FIXTURE(FreshState, "a sixth calibrator is left out, and the last row made for a channel is selected")
+{
+    const TempFolder Folder;
+    gAppDir = Folder.Path("");
+    REQUIRE(SaveWhole(IniPath(), "CalibrSens=\n0\ta\t1\t1\t1\t9\n0\tb\t2\t2\t2\t9\n0\tc\t3\t3\t3\t8\n0\td\t4\t4\t4\t7\n"
+                                 "0\te\t5\t5\t5\t6\n0\tf\t6\t6\t6\t9\nEnd\nAutoCalCh=11\n"));
+    REQUIRE(ReadIni());
+    CHECK(gAutoCalCh == 11);
+    SelectCalibrSens(9);
+    CHECK(gAutoCalCh == 2);
+    CHECK(gAutoCalQ1 == 2);
+    SelectCalibrSens(5);
+    CHECK(gAutoCalCh == 2);
+}
+
+TEST_CASE_FIXTURE(FreshState, "a start without an ini file is told once and goes on with the defaults")
+{
+    const TempFolder Folder;
+    CHECK_FALSE(StartUp(Folder.Path("")));
+    CHECK(Dialogs.Told == std::vector<std::string>{"Error: File not found: " + Folder.Path("Skarvelin.ini")});
+    CHECK(gTimeStep == 1.0 / 25);
+    ShutDown();
+    CHECK(StartUp(Folder.Path("")));
+}
+
+TEST_CASE_FIXTURE(FreshState, "settings come back as they were saved, unusable values give the default")
+{
+    CHECK(gRGB[2] == 16744448);
+    CHECK(gToolBar);
+    CHECK(gTCPaddress == "127.0.0.1");
+    gFFslope = -0.125;
+    gSessCnt = 123456;
+    gToolBar = false;
+    for (const char* Key : {"gFFslope", "gSessCnt", "ToolBar"})
+        SaveSetting(Key);
+    Settings.SaveSetting("General", "gTCPport", "99999");
+    Settings.SaveSetting("Options", "StdFilter", "wide");
+    LoadSettings();
+    CHECK(gFFslope == -0.125);
+    CHECK(gSessCnt == 123456);
+    CHECK_FALSE(gToolBar);
+    CHECK(gTCPport == 6000);
+    CHECK(StdFilter == 1);
+}
