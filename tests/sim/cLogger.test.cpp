@@ -1,0 +1,161 @@
+// The stream of the simulated logger: the same for the same seed, and what faults do to it.
+#include "sim/cLogger.h"
+
+#include "acquisition/mFrame.h"
+#include "support/ScriptedDialogs.h"
+
+#include <doctest/doctest.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+constexpr int FrameCount = 3000;
+
+// A master with one slave that has an oar and a channel of no known kind.
+DataFile SmallSession()
+{
+    DataFile File;
+    File.Model = 61;
+    File.SlaveCnt = 1;
+    File.SlaveChans = 8;
+    File.BoatType = "1x";
+    File.Calibr.Resize(24);
+    for (int16_t Chan = 1; Chan <= 24; ++Chan) {
+        CalibrRow& Row = File.Calibr[Chan];
+        Row.Chan = Chan;
+        Row.ParamID = Chan == 17 ? "A1" : Chan == 18 ? "H1" : Chan == 15 ? "Vs" : Chan == 5 ? "Acc" : "X";
+        Row.Q0 = Chan == 17 ? -100 : Chan == 18 ? -150 : Chan == 5 ? -20 : 0;
+        Row.Q1 = Chan == 17 ? 0.0122 : Chan == 18 ? 0.1 : Chan == 5 ? 0.0024 : 0.001;
+    }
+    return File;
+}
+
+std::vector<uint8_t> Stream(const DataFile& File, const LoggerSettings& Settings, FaultCounts* Done = nullptr)
+{
+    cLogger Logger(File, Settings);
+    std::vector<uint8_t> Bytes;
+    for (int i = 0; i < FrameCount; ++i)
+        Logger.NextFrame(Bytes);
+    if (Done) *Done = Logger.FaultsDone();
+    return Bytes;
+}
+
+using Sample = std::vector<double>; // time and the session's channels
+
+// The samples of a stream as a live receiver gets them: a frame ends at the latest where another one begins.
+std::vector<Sample> Decoded(const std::vector<uint8_t>& Bytes)
+{
+    gFile.Model = 61;
+    const auto IsSync = [](uint8_t Byte) { return Byte >= SyncLimit; };
+    std::vector<Sample> Samples;
+    auto From = std::find_if(Bytes.begin(), Bytes.end(), IsSync);
+    while (From != Bytes.end()) {
+        const auto To = std::find_if(From + 1, Bytes.end(), IsSync);
+        const auto Size = static_cast<std::size_t>(To - From);
+        Frame Taken{{&*From, Size}};
+        const std::size_t Wanted = Size < FrameHeadSize ? Size : static_cast<std::size_t>(Taken.Length()) + 5;
+        if (Size >= FrameHeadSize && Size >= Wanted) {
+            Taken.Bytes = Taken.Bytes.first(Wanted);
+            if (DecodeFrame(FrameRoad::File, Taken)) Samples.emplace_back(gData.begin(), gData.begin() + 25);
+        }
+        From = To;
+    }
+    return Samples;
+}
+} // namespace
+
+TEST_CASE("the same seed gives the same bytes and another one others")
+{
+    const DataFile File = SmallSession();
+    LoggerSettings Settings;
+    Settings.Faults = {20, 20, 20, 20};
+    const auto Bytes = Stream(File, Settings);
+    CHECK(Bytes == Stream(File, Settings));
+    Settings.Seed = 2;
+    CHECK(Bytes != Stream(File, Settings));
+}
+
+TEST_CASE("faults hit as often as told and spare the other frames")
+{
+    const FreshState State;
+    const DataFile File = SmallSession();
+    const LoggerSettings Clean;
+    const auto Whole = Decoded(Stream(File, Clean));
+    REQUIRE(Whole.size() == FrameCount);
+    const auto IsThere = [&](const Sample& Each) { return std::find(Whole.begin(), Whole.end(), Each) != Whole.end(); };
+    FaultCounts Done;
+
+    LoggerSettings Faulty = Clean;
+    Faulty.Faults = {.Junk = 300};
+    CHECK(Decoded(Stream(File, Faulty, &Done)) == Whole);
+    CHECK(std::abs(Done.Junk - 900) < 100);
+
+    Faulty.Faults = {.Drop = 50};
+    const auto Left = Decoded(Stream(File, Faulty, &Done));
+    CHECK(Left.size() == static_cast<std::size_t>(FrameCount - Done.Drop));
+    CHECK(std::all_of(Left.begin(), Left.end(), IsThere));
+    CHECK(std::abs(Done.Drop - 150) < 45);
+
+    Faulty.Faults = {.Corrupt = 50};
+    const auto Broken = Decoded(Stream(File, Faulty, &Done));
+    const auto Good = static_cast<int>(std::count_if(Broken.begin(), Broken.end(), IsThere));
+    CHECK(std::abs(Done.Corrupt - 150) < 45);
+    CHECK(Broken.size() < FrameCount); // some cannot be decoded at all
+    CHECK(Good >= FrameCount - Done.Corrupt);
+    CHECK(Good < FrameCount - Done.Corrupt / 2);
+
+    Faulty.Faults = {.Spikes = 50};
+    const auto Spiked = Decoded(Stream(File, Faulty, &Done));
+    REQUIRE(Spiked.size() == FrameCount);
+    int Differ = 0;
+    for (std::size_t i = 0; i < Spiked.size(); ++i) {
+        int Jumps = 0;
+        for (int Chan = 1; Chan <= 24; ++Chan)
+            if (Spiked[i][static_cast<std::size_t>(Chan)] != Whole[i][static_cast<std::size_t>(Chan)]) ++Jumps;
+        CHECK(Jumps <= 1);
+        Differ += Jumps;
+    }
+    CHECK(Differ == Done.Spikes);
+    CHECK(std::abs(Done.Spikes - 150) < 45);
+}
+
+TEST_CASE("the hull's distance is the integral of its speed and its acceleration the slope")
+{
+    cStrokes Strokes(30, 3, 0, 7);
+    cHull Hull("1x", 30, Strokes);
+    constexpr double Step = 0.001;
+    double Way = 0;
+    for (int i = 0; i < 60000; ++i) {
+        const double T = i * Step;
+        const double Middle = T + Step / 2;
+        Way += Hull.Speed(Middle) * Step;
+        // Where one stroke ends and a shorter one begins, the slope has a corner.
+        const double Slope = (Hull.Speed(T + Step) - Hull.Speed(T)) / Step;
+        CHECK(std::fabs(Slope - Hull.Acceleration(Middle)) < 0.35);
+    }
+    CHECK(Hull.Distance(60) == doctest::Approx(Way).epsilon(1e-5));
+    CHECK(Way / 60 == doctest::Approx(4.4).epsilon(0.01));
+}
+
+TEST_CASE("an oar has one minimum and one maximum a stroke, without flat stretches")
+{
+    cStrokes Strokes(24, 3, 3, 5);
+    const Oar Each = MakeOar(5, 3, 1, false, 24);
+    int Turns = 0;
+    double Before = 0;
+    for (double T = 0; T < Strokes.At(21).Start; T += 0.01) {
+        const double Step = OarAngle(Each, Strokes.PhaseAt(T + 0.01)) - OarAngle(Each, Strokes.PhaseAt(T));
+        CHECK(std::fabs(Step) < 4);
+        if (Step * Before < 0) ++Turns;
+        if (Step != 0) Before = Step;
+        CHECK(std::fabs(Step) > 0);
+    }
+    CHECK(Turns == 2 * 20 - 1);
+    const Stroke& One = Strokes.At(4);
+    CHECK(One.DriveT < One.Period - One.DriveT);
+    CHECK(OarAngle(Each, {&One, true, 0}) == doctest::Approx(CatchAngle(Each, One)));
+    CHECK(OarAngle(Each, {&One, false, 0}) == doctest::Approx(FinishAngle(Each, One)));
+    CHECK(CatchAngle(Each, One) == doctest::Approx(-58).epsilon(0.07));
+    CHECK(FinishAngle(Each, One) == doctest::Approx(34).epsilon(0.07));
+}
