@@ -1,0 +1,94 @@
+// The stroke log, compared as a whole text.
+#include "processing/mStrokeLog.h"
+
+#include "core/mError.h"
+#include "files/mSafeSave.h"
+#include "processing/Recording.h"
+#include "support/ScriptedDialogs.h"
+#include "support/TempFolder.h"
+
+#include <doctest/doctest.h>
+
+#include <csignal>
+#include <sys/resource.h>
+
+namespace {
+const std::string Header = "Str N\tRate\tDriveT\tMaxFT\tRecovT\tLength\tMaxForce\tAverForce\tImpulse\tWPS\tPower\r\n";
+
+struct LogState : FreshState
+{
+    TempFolder Folder;
+
+    // Six strokes of 5 s, highest at sample 2, lowest at sample 7 of each. The log starts from sample 10.
+    LogState()
+    {
+        gCurDir = Folder.Path("");
+        gFileTitle = "S1";
+        gKeyMode = 3;
+        MakeRecording(
+            {Repeat({1, 3, 5, 3, 1, -1, -3, -5, -3, -1}, 6), Repeat({200, 100, 0, 0, 0, 40, 0, 0, 100, 300}, 6)}, 0.5);
+    }
+};
+} // namespace
+
+TEST_CASE_FIXTURE(LogState, "a cycle without a finish writes no row, the next row carries its sums")
+{
+    gRaw(1, 30) = 3; // two equal samples before the highest: a boundary, but no finish
+    const std::string Rows = Header +
+                             "1\t12.00\t2.5000\t1.0000\t2.5000\t10.000\t300.00\t140.00\t350.00\t1400.00\t280.00\r\n"
+                             "2\t12.00\t2.5000\t-4.0000\t2.5000\t10.000\t300.00\t250.00\t625.00\t3000.00\t600.00\r\n"
+                             "3\t12.00\t2.5000\t1.0000\t2.5000\t10.000\t300.00\t140.00\t350.00\t1400.00\t280.00\r\n";
+    for (const char* Name : {"S1_str.csv", "S1_str_01.csv", "S1_str_02.csv"}) {
+        int32_t Stop = 0;
+        CHECK(ExportStrokes(10, Stop));
+        CHECK(Stop == 59);
+        CHECK(StrokeLogFN == Folder.Path(Name));
+        CHECK(Dialogs.Told.back() == "Information: Stroke date was recorded into the file " + Folder.Path(Name));
+        CHECK(ReadWhole(Folder.Path(Name)) == Rows);
+    }
+}
+
+TEST_CASE_FIXTURE(LogState,
+                  "the first step of a stroke counts from zero, and so does a stroke that begins at its catch")
+{
+    int32_t Stop = 30;
+    gKeyMode = 2;
+    CHECK(ExportStrokes(10, Stop));
+    CHECK(ReadWhole(StrokeLogFN) ==
+          Header + "1\t12.00\t11.0000\t10.0000\t-6.0000\t5.000\t200.00\t100.00\t1100.00\t500.00\t100.00\r\n");
+    gKeyMode = 3;
+    for (double& K : gRaw.Channel(1))
+        K += 4;
+    CHECK(ExportStrokes(10, Stop = 25));
+    CHECK(ReadWhole(StrokeLogFN) ==
+          Header + "1\t12.00\t2.5000\t1.0000\t2.5000\t10.000\t300.00\t200.00\t500.00\t1460.00\t292.00\r\n");
+}
+
+TEST_CASE_FIXTURE(LogState, "rows written before a failure stay, and what cannot be logged is told")
+{
+    int32_t Stop = 0;
+    for (int i = 45; i <= 55; ++i)
+        gRaw(0, i) = 22.5; // the last stroke has no duration
+    CHECK_THROWS_WITH_AS(ExportStrokes(20, Stop), "Division by zero", RunError);
+    const std::string Row = "\t12.00\t2.5000\t1.0000\t2.5000\t10.000\t300.00\t140.00\t350.00\t1400.00\t280.00\r\n";
+    CHECK(ReadWhole(Folder.Path("S1_str.csv")) == Header + "1" + Row + "2" + Row);
+    CHECK(gStrokeCnt == 2);
+
+    gKeyMode = 4;
+    CHECK(!ExportStrokes(10, Stop));
+    CHECK(!ReadWhole(Folder.Path("S1_str_01.csv")));
+    gKeyMode = 3;
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit Full{100, 100}; // bytes: the header fits
+    setrlimit(RLIMIT_FSIZE, &Full);
+    CHECK(!ExportStrokes(10, Stop = 25));
+    gCurDir = Folder.Path("none/");
+    CHECK(!ExportStrokes(10, Stop));
+    gH1Chan = -1;
+    CHECK(!ExportStrokes(10, Stop));
+    CHECK(Dialogs.Told ==
+          std::vector<std::string>{"Warning!: Could not find any cycle!",
+                                   "Warning!: Can't write Log file: " + Folder.Path("S1_str_01.csv"),
+                                   "Warning!: Can't open Log file: " + Folder.Path("none/S1_str.csv"),
+                                   "Warning!: There is no channel \"H1\": the stroke log needs the handle force."});
+}
