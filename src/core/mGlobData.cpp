@@ -5,6 +5,7 @@
 #include "core/mNumText.h"
 #include "processing/mRefTable.h"
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <utility>
@@ -42,6 +43,12 @@ std::string gRawFN;
 bool gFromFile = false;
 double gRate = 0;
 int16_t gStrokeCnt = 0;
+bool gFirstCycle = true;
+double gCycleTime = 0;
+double gCycleSum = 0;
+double gRateAver = 0;
+double gPlayTime = 0;
+int32_t gPlayIdx = 0;
 
 namespace {
 double Square(double Q0, double Q1, double Q2, double X)
@@ -166,4 +173,15 @@ void ResolveChannels()
 void CreateData()
 {
     gData.fill(0);
+}
+
+void FindTimeIdx(double Time)
+{
+    if (gRaw.UBound() < 0) return;
+    const auto Times = gRaw.Channel(0);
+    gPlayIdx = std::clamp(gPlayIdx, 0, gRaw.UBound());
+    while (gPlayIdx < gRaw.UBound() && Times[static_cast<std::size_t>(gPlayIdx) + 1] <= Time)
+        ++gPlayIdx;
+    while (gPlayIdx > 0 && Times[static_cast<std::size_t>(gPlayIdx)] > Time)
+        --gPlayIdx;
 }

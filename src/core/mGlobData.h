@@ -325,6 +325,12 @@ extern std::string gRawFN;     // raw sample file in use
 extern bool gFromFile;         // data come from a file
 extern double gRate;           // strokes per minute
 extern int16_t gStrokeCnt;
+extern bool gFirstCycle;  // the next stroke start of a live panel only arms the cycle clock
+extern double gCycleTime; // s, last live cycle
+extern double gCycleSum;  // s, all live cycles
+extern double gRateAver;  // strokes per minute, mean of the live cycles
+extern double gPlayTime;  // s, the play clock
+extern int32_t gPlayIdx;  // sample of gRaw at the play clock
 
 /// Stores Path as the current session data file, splits it into folder and title and shows the title in panel 1.
 void SetCurFile(const std::string& Path);
@@ -360,3 +366,6 @@ void ResolveChannels();
 
 /// Empties the current sample vector.
 void CreateData();
+
+/// Moves gPlayIdx up or down to the last sample of gRaw that is not later than Time (s), within the store.
+void FindTimeIdx(double Time);

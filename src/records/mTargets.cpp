@@ -1,0 +1,199 @@
+// The two files of targets, and the choice of the row that fits the session.
+#include "records/mTargets.h"
+
+#include "core/mHost.h"
+#include "core/mIni.h"
+#include "core/mNumText.h"
+#include "core/mSettings.h"
+#include "files/mCodePage.h"
+#include "files/mSafeSave.h"
+#include "files/mTextIO.h"
+
+#include <algorithm>
+#include <cctype>
+#include <optional>
+#include <utility>
+
+TargetRow gTarget;
+TargetTable gTargets;
+std::vector<CurveRow> gCurves;
+
+namespace {
+constexpr const char* TargetsName = "Targets.ini";
+constexpr const char* CurvesName = "Curves.ini";
+constexpr const char* TitleTargets = "Warninng";
+constexpr std::string_view TargetsMark = "Targets";
+constexpr std::string_view CurvesMark = "Curves";
+constexpr std::string_view EndMark = "End";
+
+using Cells = std::vector<std::string>;
+
+bool CannotOpen(const std::string& Path)
+{
+    MsgBox("Can't open file: " + Path, TitleError);
+    return false;
+}
+
+Cells SplitTabs(std::string_view Line)
+{
+    Cells Row;
+    for (;;) {
+        const auto Tab = Line.find('\t');
+        Row.emplace_back(Line.substr(0, Tab));
+        if (Tab == std::string_view::npos) return Row;
+        Line.remove_prefix(Tab + 1);
+    }
+}
+
+// The lines of a table between its mark and its end, as cells; a text with another mark has none.
+std::vector<Cells> TableLines(std::string_view Text, std::string_view Mark)
+{
+    std::vector<Cells> Lines;
+    if (!Text.starts_with(Mark)) return Lines;
+    for (auto Break = Text.find('\n'); Break != std::string_view::npos; Break = Text.find('\n')) {
+        Text.remove_prefix(Break + 1);
+        std::string_view Line = Text.substr(0, Text.find('\n'));
+        if (Line.ends_with('\r')) Line.remove_suffix(1);
+        if (Text.empty() || Line.starts_with(EndMark)) break;
+        Lines.push_back(SplitTabs(Line));
+    }
+    return Lines;
+}
+
+std::optional<std::vector<Cells>> ReadTable(const char* Name, std::string_view Mark, TextEncoding& Encoding)
+{
+    const auto Bytes = ReadWhole(gAppDir + Name);
+    if (!Bytes) return {};
+    return TableLines(DecodeText(*Bytes, Encoding), Mark);
+}
+
+TargetRow TargetFromCells(const Cells& Row)
+{
+    TargetRow Target;
+    for (std::size_t i = 0; i < Row.size(); ++i) {
+        if (i < Target.Fields.size())
+            Target.Fields[i] = Row[i];
+        else
+            Target.Values.push_back(Val(Row[i]));
+    }
+    return Target;
+}
+
+Cells CellsOf(const TargetRow& Target)
+{
+    Cells Row(Target.Fields.begin(), Target.Fields.end());
+    for (const double Value : Target.Values)
+        Row.push_back(FormatNum(Value, "0.00"));
+    return Row;
+}
+
+void AppendLine(std::string& Text, const Cells& Row)
+{
+    for (std::size_t i = 0; i < Row.size(); ++i)
+        Text.append(i == 0 ? "" : "\t").append(Row[i]);
+    Text += "\r\n";
+}
+
+std::string Lower(std::string Text)
+{
+    for (char& C : Text)
+        C = static_cast<char>(std::tolower(static_cast<unsigned char>(C)));
+    return Text;
+}
+
+bool Matches(const TargetRow& Row)
+{
+    const auto& [ID, Group, Sex, Weight, Boats, Age] = Row.Fields;
+    return Sex == gFile.Sex && Weight == gFile.Category && Age == gFile.AgeGroup &&
+           Lower(Boats).find(Lower(gFile.BoatType)) != std::string::npos;
+}
+
+// The table's last row is a pattern for new rows and is never chosen.
+bool ChooseTarget()
+{
+    bool Found = false;
+    for (std::size_t i = 0; i + 1 < gTargets.Rows.size(); ++i) {
+        if (!Matches(gTargets.Rows[i])) continue;
+        gTarget = gTargets.Rows[i];
+        gTarget.Fields[4] = gFile.BoatType;
+        Found = true;
+    }
+    return Found;
+}
+} // namespace
+
+void InitTargets()
+{
+    LoadSetting("gIsTargVals");
+    LoadSetting("gIsTargCurves");
+    if (gIsTargVals >= 1 && !(LoadTargets() && ChooseTarget())) {
+        MsgBox("No Targets were found for the category " + gFile.Sex + gFile.Category + gFile.BoatType + gFile.AgeGroup,
+               TitleTargets);
+        gIsTargVals = 0;
+        // The store takes the switch of the curves: with them on, the targets are looked for again next time.
+        gHost.Settings->SaveSetting("Models", "gIsTargVals", FormatNum(gIsTargCurves, "0"));
+    }
+    if (gIsTargCurves > 0 && !LoadCurves()) {
+        MsgBox("No Curves were loaded", TitleTargets);
+        gIsTargCurves = 0;
+        SaveSetting("gIsTargCurves");
+    }
+}
+
+bool LoadTargets()
+{
+    TargetTable Table;
+    const auto Lines = ReadTable(TargetsName, TargetsMark, Table.Encoding);
+    if (!Lines) return CannotOpen(gAppDir + TargetsName);
+    if (!Lines->empty()) Table.Heads = Lines->front();
+    for (std::size_t i = 1; i < Lines->size(); ++i)
+        Table.Rows.push_back(TargetFromCells((*Lines)[i]));
+    gTargets = std::move(Table);
+    return true;
+}
+
+bool SaveTargets()
+{
+    std::string Text(TargetsMark);
+    Text += "\r\n";
+    AppendLine(Text, gTargets.Heads);
+    for (const TargetRow& Row : gTargets.Rows)
+        AppendLine(Text, CellsOf(Row));
+    Text.append(EndMark).append("\r\n");
+    const std::string Path = gAppDir + TargetsName;
+    return SaveWhole(Path, EncodeText(Text, gTargets.Encoding)) || CannotOpen(Path);
+}
+
+bool LoadCurves()
+{
+    TextEncoding Encoding;
+    const auto Lines = ReadTable(CurvesName, CurvesMark, Encoding);
+    if (!Lines) return CannotOpen(gAppDir + CurvesName);
+    gCurves.clear();
+    for (const Cells& Row : *Lines) {
+        CurveRow Curve{Row.front(), {}};
+        std::transform(Row.begin() + 1, Row.end(), std::back_inserter(Curve.Values), Val);
+        gCurves.push_back(std::move(Curve));
+    }
+    return true;
+}
+
+cGrid TargetsToGrid()
+{
+    cGrid Grid(gTargets.Heads);
+    for (const TargetRow& Row : gTargets.Rows)
+        Grid.Append(CellsOf(Row));
+    Grid.SetCurrent(0);
+    return Grid;
+}
+
+bool StoreTargets(const cGrid& Grid)
+{
+    std::vector<TargetRow> Rows;
+    for (int Row = 0; Row < Grid.RowCount(); ++Row)
+        Rows.push_back(TargetFromCells(Grid.Row(Row)));
+    std::swap(gTargets.Rows, Rows);
+    if (BackupFile(gAppDir + TargetsName) && SaveTargets()) return true;
+    std::swap(gTargets.Rows, Rows);
+    return false;
+}
