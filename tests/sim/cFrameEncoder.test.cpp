@@ -85,22 +85,17 @@ TEST_CASE("each frame kind carries its own items of the optional block")
     const FreshState State;
     gFile.Model = 61;
     cFrameEncoder Encoder({61, 1, 8, false});
-    struct Carried
-    {
-        int Kind;
-        bool Words, Place, Dist;
-    };
-    for (const Carried& Each : {Carried{KindWords, true, false, false}, Carried{KindPlace, false, true, true},
-                                Carried{KindNoDist, true, true, false}, Carried{KindAll, true, true, true}}) {
-        CAPTURE(Each.Kind);
+    for (const int Kind : {KindWords, KindPlace, KindNoDist, KindAll}) {
+        CAPTURE(Kind);
+        const double Words = Kind == KindPlace ? 7 : 9;
+        const double Place = Kind == KindWords ? 7 : 9;
+        const double Dist = Kind == KindWords || Kind == KindNoDist ? 7 : 9;
         gLastGPS.fill(7);
         Bytes Stream;
-        Encoder.Append(Stream, 1000, std::vector<int32_t>(25, 9), Each.Kind);
+        Encoder.Append(Stream, 1000, std::vector<int32_t>(25, 9), Kind);
         REQUIRE(Decode(Stream));
-        const auto Of = [](bool IsCarried) { return IsCarried ? 9.0 : 7.0; };
         CHECK(std::vector<double>(gData.begin() + 11, gData.begin() + 18) ==
-              std::vector<double>{Of(Each.Words), Of(Each.Words), Of(Each.Place), Of(Each.Place), Of(Each.Place),
-                                  Of(Each.Dist), 9.0});
+              std::vector<double>{Words, Words, Place, Place, Place, Dist, 9});
     }
 }
 

@@ -100,8 +100,6 @@ TEST_CASE("a channel that cannot show the value gives the nearest count or its z
     Flat.Q0 = 3;
     Flat.Log0 = 8190;
     CHECK(CountOf(Flat, 100, 0, Max) == 8190);
-    Flat.ProcMode = 1;
-    CHECK(CountOf(Flat, 100, 0, Max) == 8190);
     Flat.ProcMode = 4; // without a table
     CHECK(CountOf(Flat, 100, 0, Max) == 8190);
 }
