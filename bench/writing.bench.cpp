@@ -4,6 +4,7 @@
 #include "core/mGlobData.h"
 #include "core/mNumText.h"
 #include "files/mBinIO.h"
+#include "files/mCodePage.h"
 #include "files/mExport.h"
 #include "files/mSafeSave.h"
 #include "files/mTextIO.h"
