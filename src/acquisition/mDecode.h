@@ -50,7 +50,12 @@ public:
     {
         const int Size = 2 * static_cast<int>(Values.size());
         if (!Has(Size)) return ReadTornWords(Values, Of);
-        ConvertWords(Bytes.data() + BufPos, Values, Of);
+        const uint8_t* Words = Bytes.data() + BufPos;
+        std::size_t i = 0;
+        for (; i + Block <= Values.size(); i += Block)
+            ConvertBlock(Words + 2 * i, Values.data() + i, Of);
+        for (; i < Values.size(); ++i)
+            Values[i] = Of(static_cast<uint16_t>(Words[2 * i] + 128 * Words[2 * i + 1]));
         BufPos += Size;
     }
 
@@ -59,24 +64,20 @@ public:
     bool FrameOK = true;
 
 private:
-    // Whole words, a block of 16 at once with the processor's vector instructions: all its steps stay in 16 bits. A
-    // function of its own, as the loops lose their vectors when they are unrolled into a larger one.
+    // Words that are converted at once by the processor's vector instructions.
+    static constexpr std::size_t Block = 16;
+
+    // All steps stay in 16 bits, and the function stays apart: unrolled into another loop it would lose its vectors.
     template <class Formula>
-    [[gnu::noinline]] static void ConvertWords(const uint8_t* Words, std::span<double> Values, const Formula& Of)
+    [[gnu::noinline]] static void ConvertBlock(const uint8_t* Words, double* Values, const Formula& Of)
     {
         static_assert(std::endian::native == std::endian::little);
-        constexpr std::size_t Block = 16;
-        std::size_t i = 0;
-        for (; i + Block <= Values.size(); i += Block) {
-            std::array<uint16_t, Block> Pairs;
-            std::memcpy(Pairs.data(), Words + 2 * i, sizeof Pairs);
-            std::array<int16_t, Block> Results;
-            for (std::size_t j = 0; j < Block; ++j)
-                Results[j] = Of(static_cast<uint16_t>((Pairs[j] & 255) + (Pairs[j] >> 8) * 128));
-            std::copy_n(Results.begin(), Block, Values.begin() + static_cast<std::ptrdiff_t>(i));
-        }
-        for (; i < Values.size(); ++i)
-            Values[i] = Of(static_cast<uint16_t>(Words[2 * i] + 128 * Words[2 * i + 1]));
+        std::array<uint16_t, Block> Pairs;
+        std::memcpy(Pairs.data(), Words, sizeof Pairs);
+        std::array<int16_t, Block> Results;
+        for (std::size_t i = 0; i < Block; ++i)
+            Results[i] = Of(static_cast<uint16_t>((Pairs[i] & 255) + (Pairs[i] >> 8) * 128));
+        std::copy(Results.begin(), Results.end(), Values);
     }
 
     template <class Formula>

@@ -107,6 +107,7 @@ SampleStore ReadStretch(int32_t Start, int32_t Stop)
     StoreFiller Filler(gFile.ChanCnt, std::min<int64_t>(Length, gScanFile.Length()));
     PercentMeter Meter(Length);
     CreateData();
+    if (gScanFile.Length() < gFrameMin) return Filler.Finish();
     while (ReadFrame()) {
         Filler.AddFrame();
         const int32_t Position = gScanFile.Position();

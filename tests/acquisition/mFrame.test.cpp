@@ -1,0 +1,77 @@
+#include "acquisition/mFrame.h"
+
+#include "core/mGlobData.h"
+#include "support/Hex.h"
+
+#include <doctest/doctest.h>
+#include <string>
+
+namespace {
+// A source that gives the bytes of a text in pieces of that size.
+ByteSource Pieces(const std::string& Text, std::size_t Size)
+{
+    return ByteSource([Bytes = Hex(Text), Size, Given = std::size_t{0}](std::span<uint8_t> Room) mutable {
+        const std::size_t Count = std::min({Size, Bytes.size() - Given, Room.size()});
+        std::copy_n(Bytes.begin() + static_cast<std::ptrdiff_t>(Given), Count, Room.begin());
+        Given += Count;
+        return Count;
+    });
+}
+
+// Each frame as the position behind it, its size and its first byte; a "-" for one that is not whole.
+std::string Frames(ByteSource Source)
+{
+    std::string Text;
+    while (const auto Taken = TakeFrame(Source))
+        Text += std::to_string(Source.Taken()) + ":" + std::to_string(Taken->Bytes.size()) + "," +
+                std::to_string(Taken->Bytes[0]) + (Taken->IsWhole() ? " " : "- ");
+    return Text;
+}
+} // namespace
+
+TEST_CASE("frames are found behind any bytes below 128, however the bytes arrive")
+{
+    const std::string Stream = "00 7F 80 FF 01 00 11 12 7F FF 00 00 00 11 90 00 00 00 80 80 00 02 00 11 12";
+    for (const std::size_t Size : {1U, 2U, 3U, 7U, 100U}) {
+        CAPTURE(Size);
+        CHECK(Frames(Pieces(Stream, Size)) == "8:6,128 14:5,255 19:5,144 25:6,128- ");
+    }
+    CHECK(Frames(Pieces("00 01 7F", 2)).empty());
+    CHECK(Frames(Pieces("80 00", 2)) == "2:2,128- ");
+    CHECK(Frames(Pieces("", 2)).empty());
+}
+
+TEST_CASE("the longest frame fits into the buffer")
+{
+    std::string Stream = "00 ";
+    for (int i = 0; i < 3; ++i) {
+        Stream += "80 00 FF FF ";
+        for (int j = 0; j < 32896; ++j)
+            Stream += "01 ";
+    }
+    CHECK(Frames(Pieces(Stream, 1000)) == "32901:32900,128 65801:32900,128 98701:32900,128 ");
+}
+
+TEST_CASE("each road tells short frames by a limit of its own")
+{
+    struct
+    {
+        FrameRoad Road;
+        std::vector<int> Short, Long; // values of L
+    } const Roads[] = {
+        {FrameRoad::File, {28}, {0, 27, 29, 48}},
+        {FrameRoad::Serial, {0, 28, 32}, {33, 48}},
+        {FrameRoad::Socket, {0, 28, 32}, {33, 48}},
+        {FrameRoad::Replay, {0, 28, 33}, {34, 48}},
+    };
+    for (const auto& Each : Roads) {
+        CAPTURE(static_cast<int>(Each.Road));
+        gFile.Model = 61;
+        for (const int Length : Each.Short)
+            CHECK(IsShortFrame(Each.Road, Length));
+        for (const int Length : Each.Long)
+            CHECK_FALSE(IsShortFrame(Each.Road, Length));
+        gFile.Model = 66;
+        CHECK(IsShortFrame(Each.Road, 48));
+    }
+}

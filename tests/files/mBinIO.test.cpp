@@ -1,0 +1,172 @@
+#include "files/mBinIO.h"
+
+#include "core/mGlobData.h"
+#include "core/mNumText.h"
+#include "support/Hex.h"
+#include "support/ScriptedDialogs.h"
+#include "support/TempFolder.h"
+
+#include <algorithm>
+#include <doctest/doctest.h>
+#include <filesystem>
+#include <fstream>
+
+namespace {
+using Texts = std::vector<std::string>;
+
+// A program with a session of one slave of 8 channels, of which the first three are calibrated differently.
+class Recording : public FreshState
+{
+public:
+    Recording()
+    {
+        gFile = DataFile{};
+        gFile.Model = 67;
+        gFile.ChanCnt = 3;
+        gFile.Calibr.Resize(3);
+        gFile.Calibr[1].Q0 = -10;
+        gFile.Calibr[1].Q1 = 0.5;
+        gFile.Calibr[2].ProcMode = 2;
+        gFile.Calibr[2].Qup0 = 1;
+        gFile.Calibr[2].Qdn0 = 2;
+        gFile.Calibr[3].ProcMode = 1;
+        gFile.Calibr[3].Qup2 = 0.25;
+        gRaw.Create(3, 0);
+    }
+
+    std::string File(const std::string& Bytes)
+    {
+        std::ofstream(Folder.Path("a.qvn"), std::ios::binary) << Bytes;
+        return Folder.Path("a.qvn");
+    }
+
+    // Reads a file of these bytes between two positions. The samples as lines, or "false".
+    std::string Read(const std::string& Bytes, int32_t From = 0, int32_t To = 0)
+    {
+        Start = From;
+        Stop = To;
+        return ReadRawFile(File(Bytes), Start, Stop) ? Samples() : "false";
+    }
+
+    static std::string Samples()
+    {
+        std::string Text;
+        for (int i = 0; i <= gRaw.UBound(); ++i, Text += "| ")
+            for (int Chan = 0; Chan <= gRaw.ChannelUBound(); ++Chan)
+                Text += FormatShortest(gRaw(Chan, i)) + " ";
+        return Text;
+    }
+
+    TempFolder Folder;
+    int32_t Start = 0;
+    int32_t Stop = 0;
+};
+
+// A short frame of 33 bytes: stamp in milliseconds, three channels.
+std::string Short(int Stamp, int A = 0, int B = 0, int C = 0)
+{
+    const auto Word = [](int X) { return std::string{static_cast<char>(X % 128), static_cast<char>(X / 128 % 128)}; };
+    return HexText("80 00 1C 00") + Word(Stamp) + Word(Stamp / 16384) + std::string(8, '\0') + Word(A) + Word(B) +
+           Word(C) + std::string(11, '\0');
+}
+} // namespace
+
+TEST_CASE_FIXTURE(Recording, "samples are calibrated and timed from the first stamp that moves")
+{
+    CHECK(Read(HexText("01 02") + Short(0, 20, 5, 2) + Short(0, 22, 6, 4) + HexText("7F 00") + Short(125, 24, 4, 6) +
+               Short(250, 26, 4, 8)) == "0 0 1 1 | 0 1 1 4 | 0 2 2 9 | 0.125 3 1.5 16 | ");
+    CHECK(Start == 1);
+    CHECK(Stop == 136);
+    CHECK(Read(Short(250, 20) + Short(375, 20)) == "0 0 1.5 0 | 0.125 0 1.5 0 | ");
+}
+
+TEST_CASE_FIXTURE(Recording, "a frame cut off at any byte is dropped")
+{
+    const std::string Whole = Short(0) + Short(40) + Short(80);
+    for (std::size_t Size = 1; Size <= Whole.size(); ++Size) {
+        CAPTURE(Size);
+        Read(Whole.substr(0, Size));
+        CHECK(gRaw.UBound() == static_cast<int>(Size / 33) - 1);
+    }
+    CHECK(Dialogs.Told.empty());
+}
+
+TEST_CASE_FIXTURE(Recording, "bytes without a frame give an empty recording, a refused frame ends it")
+{
+    CHECK(Read(HexText("00 01 7F")).empty());
+    CHECK(Read("").empty());
+    CHECK(gRaw.UBound() == -1);
+    CHECK(gRaw.ChannelUBound() == 3);
+    // A frame of another size goes to the long decoder, which refuses the sync byte within it.
+    CHECK(Read(Short(0, 20) + HexText("80 00 02 00 01 80 01") + Short(40, 20)) == "0 0 1.5 0 | ");
+}
+
+TEST_CASE_FIXTURE(Recording, "a stretch begins at the next frame and ends with the one that reaches Stop")
+{
+    const std::string Four = Short(125, 2) + Short(250, 4) + Short(375, 6) + Short(500, 8);
+    struct
+    {
+        int32_t From, To;
+        const char* Samples;
+    } const Stretches[] = {
+        {34, 100, "0 -8 1.5 0 | 0.125 -7 1.5 0 | "}, // whole frames; position 100 is the third's end
+        {35, 67, "0 -7 1.5 0 | "},
+        {-5, 34, "0 -9 1.5 0 | "},
+        {-5, 35, "0 -9 1.5 0 | 0.125 -8 1.5 0 | "},
+        {100, 9999, "0 -6 1.5 0 | "},
+        {120, 0, ""},
+        {500, 0, ""},
+        {34, 3, "0 -8 1.5 0 | "},
+    };
+    for (const auto& Each : Stretches) {
+        CAPTURE(Each.From);
+        CAPTURE(Each.To);
+        CHECK(Read(Four, Each.From, Each.To) == Each.Samples);
+        CHECK(Start == std::max(Each.From, 1));
+        CHECK(Stop == (Each.To < 1 ? 132 : Each.To));
+    }
+    gFrameMin = 33; // while more than a frame is to come
+    CHECK(Read(Four, 1, 67) == "0 -9 1.5 0 | ");
+    gFrameMin = 133;
+    CHECK(Read(Four).empty());
+}
+
+TEST_CASE_FIXTURE(Recording, "a long recording keeps 32,201 samples and tells its progress once a percent")
+{
+    std::string Bytes;
+    for (int i = 0; i < 33000; ++i)
+        Bytes += Short(40 + 40 * i, i % 100, i % 3, 0);
+    Read(Bytes);
+    CHECK(gRaw.UBound() == 32200);
+    bool IsRight = true;
+    const double Directions[] = {2, 1, 1}; // of counts 0, 1, 2, 0, 1, ...
+    for (int i = 1; i <= 32200; ++i)
+        IsRight = IsRight && gRaw(0, i) == (40 + 40 * i) / 1000.0 - 0.04 && gRaw(1, i) == i % 100 * 0.5 - 10 &&
+                  gRaw(2, i) == Directions[i % 3];
+    CHECK(IsRight);
+    Texts Percents;
+    for (int i = 1; i <= 97; ++i)
+        Percents.push_back("3: " + FormatNum(i, "0") + "%");
+    CHECK(Status.Shown == Percents);
+}
+
+TEST_CASE_FIXTURE(Recording, "what cannot be read is told and leaves the samples as they were")
+{
+    CHECK(Read(Short(40, 2)) == "0 -9 1.5 0 | ");
+    const std::string Locked = Folder.Path("locked.qvn");
+    std::ofstream(Locked) << Short(0);
+    std::filesystem::permissions(Locked, std::filesystem::perms::none);
+    Texts Expected;
+    for (const std::string& Path : {Folder.Path("missing.qvn"), Folder.Path(""), Locked}) {
+        if (std::ifstream(Path).peek() >= 0) continue; // root may read it all the same
+        CHECK_FALSE(ReadRawFile(Path, Start, Stop));
+        Expected.push_back("Error: Can't open file: " + Path);
+    }
+    CHECK(Dialogs.Told == Expected);
+    CHECK(Samples() == "0 -9 1.5 0 | ");
+    for (const int ChanCnt : {-1, 4, 85}) {
+        gFile.ChanCnt = static_cast<int16_t>(ChanCnt);
+        CHECK_THROWS_AS(Read(Short(40, 2)), RunError);
+        CHECK(Samples() == "0 -9 1.5 0 | ");
+    }
+}
