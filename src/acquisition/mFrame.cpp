@@ -16,6 +16,33 @@ constexpr int SerialLongAbove = 33;   // bodies above are long
 constexpr int SocketShortBelow = 34;  // bodies below are short
 constexpr int ReplayLongAbove = 33;   // L above is long
 constexpr int16_t OldSlaveModel = 66; // its bodies of 49 bytes are short by no limit
+} // namespace
+
+ByteSource::ByteSource(Refill Reader, Reading Manner) : More(std::move(Reader)), How(Manner), Buffer(BufferSize) {}
+
+void ByteSource::Fill(std::size_t Count)
+{
+    std::copy(Buffer.begin() + static_cast<std::ptrdiff_t>(Begin), Buffer.begin() + static_cast<std::ptrdiff_t>(End),
+              Buffer.begin());
+    End -= Begin;
+    Begin = 0;
+    while (End < Count) {
+        const std::size_t Got =
+            More(std::span(Buffer).subspan(End, How == Reading::Ahead ? std::dynamic_extent : Count - End));
+        if (Got == 0) return;
+        End += Got;
+    }
+}
+
+bool Frame::IsWhole() const
+{
+    return Bytes.size() >= FrameHeadSize && Bytes.size() == Size();
+}
+
+std::span<const uint8_t> Frame::Body() const
+{
+    return Bytes.subspan(std::min(FrameHeadSize, Bytes.size()));
+}
 
 bool FindSync(ByteSource& Source)
 {
@@ -27,39 +54,12 @@ bool FindSync(ByteSource& Source)
         if (Ready.empty()) return false;
     }
 }
-} // namespace
-
-ByteSource::ByteSource(Refill Reader) : More(std::move(Reader)), Buffer(BufferSize) {}
-
-void ByteSource::Fill(std::size_t Count)
-{
-    std::copy(Buffer.begin() + static_cast<std::ptrdiff_t>(Begin), Buffer.begin() + static_cast<std::ptrdiff_t>(End),
-              Buffer.begin());
-    End -= Begin;
-    Begin = 0;
-    while (End < Count) {
-        const std::size_t Got = More(std::span(Buffer).subspan(End));
-        if (Got == 0) return;
-        End += Got;
-    }
-}
-
-bool Frame::IsWhole() const
-{
-    return Bytes.size() >= FrameHeadSize && Body().size() == static_cast<std::size_t>(Length()) + 1;
-}
-
-std::span<const uint8_t> Frame::Body() const
-{
-    return Bytes.subspan(std::min(FrameHeadSize, Bytes.size()));
-}
 
 std::optional<Frame> TakeFrame(ByteSource& Source)
 {
     if (!FindSync(Source)) return {};
     Frame Taken{Source.Peek(FrameHeadSize)};
-    if (Taken.Bytes.size() == FrameHeadSize)
-        Taken.Bytes = Source.Peek(FrameHeadSize + static_cast<std::size_t>(Taken.Length()) + 1);
+    if (Taken.Bytes.size() == FrameHeadSize) Taken.Bytes = Source.Peek(Taken.Size());
     Source.Skip(Taken.Bytes.size());
     return Taken;
 }

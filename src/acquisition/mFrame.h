@@ -15,14 +15,22 @@ inline constexpr uint8_t SyncLimit = 128;
 /// Bytes of a frame ahead of its body: the sync byte and the head.
 inline constexpr std::size_t FrameHeadSize = 4;
 
-/// Bytes of a file, a port or a socket, read ahead into a fixed buffer that holds the longest frame.
+/// How much a source takes at once: a file as much as there is, a link no more than is asked for, so that what was not
+/// used yet stays where the operating system and the port keep it.
+enum class Reading
+{
+    Ahead,
+    AsAsked
+};
+
+/// Bytes of a file, a port or a socket, read into a fixed buffer that holds the longest frame.
 class ByteSource
 {
 public:
     /// Puts the next bytes of the stream into Room and gives their number, 0 when there are none.
     using Refill = std::function<std::size_t(std::span<uint8_t> Room)>;
 
-    explicit ByteSource(Refill More);
+    explicit ByteSource(Refill Reader, Reading Manner = Reading::Ahead);
 
     /// The next Count bytes, fewer when there are no more. Valid until the next call.
     std::span<const uint8_t> Peek(std::size_t Count)
@@ -38,6 +46,9 @@ public:
         return {Buffer.data() + Begin, End - Begin};
     }
 
+    /// Bytes taken in and not yet skipped.
+    std::size_t Held() const { return End - Begin; }
+
     /// Goes on behind Count bytes that were seen.
     void Skip(std::size_t Count)
     {
@@ -52,6 +63,7 @@ private:
     void Fill(std::size_t Count);
 
     Refill More;
+    Reading How;
     std::vector<uint8_t> Buffer;
     std::size_t Begin = 0;
     std::size_t End = 0;
@@ -66,12 +78,18 @@ struct Frame
     /// L of the head; the body has one byte more.
     int Length() const { return Bytes[2] + 128 * Bytes[3]; }
 
+    /// Bytes of the whole frame.
+    std::size_t Size() const { return FrameHeadSize + static_cast<std::size_t>(Length()) + 1; }
+
     /// False when the source ended within the frame.
     bool IsWhole() const;
 
     /// The bytes behind the head.
     std::span<const uint8_t> Body() const;
 };
+
+/// Drops bytes up to the next sync byte. False when there is none yet.
+bool FindSync(ByteSource& Source);
 
 /// The next frame; bytes ahead of its sync byte are dropped. Nothing when the source ends before there is one; what is
 /// there of a frame that was cut off comes as a frame that is not whole.

@@ -93,12 +93,12 @@ void qSerialPort::Close()
 // of no delay lets the window's events go first.
 void qSerialPort::Tell()
 {
-    const std::size_t Enough = std::max<std::size_t>(RThreshold, 1);
-    if (IsTelling || InBufferCount() < Enough) return;
+    const auto IsEnough = [this] { return InBufferCount() >= std::max<std::size_t>(RThreshold, 1); };
+    if (IsTelling || !IsEnough()) return;
     IsTelling = true;
     if (OnData) OnData();
     IsTelling = false;
-    if (Port.isOpen() && InBufferCount() >= Enough) NextTurn.start(0);
+    if (IsOpen() && IsEnough()) NextTurn.start(0);
 }
 
 // A hung-up line gives a storm of errors, and the port must not be closed inside its own signal: the first error

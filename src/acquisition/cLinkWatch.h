@@ -1,0 +1,69 @@
+// The state of the link to the logger: lost, silent or live, in plain words, and when to try again.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+/// Times are the clock's milliseconds.
+class cLinkWatch
+{
+public:
+    enum class eState
+    {
+        Closed,
+        Connecting,
+        Open,
+        Lost
+    };
+
+    /// Takes the link up again. Called by Tick while it is lost; Connecting or Opened tell the outcome.
+    std::function<void()> Reopen;
+
+    /// News of the link in plain words: made, lost, silent, back.
+    std::function<void(const std::string& News)> OnChange;
+
+    /// A link called Name is about to be connected.
+    void Connecting(const std::string& Name, int64_t Now);
+
+    /// The link called Name is open.
+    void Opened(const std::string& Name, int64_t Now);
+
+    /// The link broke or could not be made.
+    void Lost(const std::string& Reason, int64_t Now);
+
+    /// A try to take a lost link up again failed.
+    void StillLost(int64_t Now);
+
+    /// The link was closed on purpose.
+    void Closed();
+
+    /// A frame came over the link.
+    void FrameCame(int64_t Now);
+
+    /// Notices silence, gives up attempts that get no answer, and tries again. Wants to be called a few times a second.
+    void Tick(int64_t Now);
+
+    eState State() const { return Stage; }
+
+    /// Whether an open link has brought no frame for two seconds.
+    bool IsSilent() const { return Silent; }
+
+    /// The state in plain words, empty when closed.
+    std::string Words(int64_t Now) const;
+
+private:
+    void Begin(const std::string& Name);
+    void Enter(eState Next, int64_t Now);
+    void Tell(const std::string& Text) const;
+
+    eState Stage = eState::Closed;
+    std::string Link;
+    std::string Why;
+    bool Silent = false;
+    bool WasOpen = false;  // since the link was asked for
+    int64_t Since = 0;     // when the state was entered
+    int64_t LastFrame = 0; // or the opening
+    int64_t NextTry = 0;
+    int64_t Delay = 0; // before the next try
+};

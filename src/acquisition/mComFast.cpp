@@ -1,0 +1,213 @@
+// Opening by model and port number, and taking a lost link up again.
+#include "acquisition/mComFast.h"
+
+#include "acquisition/mDecode.h"
+#include "acquisition/mSampling.h"
+#include "core/mError.h"
+#include "core/mGlobData.h"
+#include "core/mHost.h"
+#include "core/mIni.h"
+#include "core/mNumText.h"
+#include "core/mSettings.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <vector>
+
+cLinkWatch gLinkWatch;
+
+namespace {
+constexpr int LastPort = 16;
+constexpr int32_t LastTCPport = 65535;
+constexpr const char* SlaveLine = "115200,n,8,1";
+
+const std::array Models = {
+    LoggerModel{60, 65, "Master and Slaves", nullptr, 0, 0},
+    LoggerModel{66, 66, "Slave 16ch (old)", SlaveLine, 18, 53},
+    LoggerModel{67, 67, "Slave 8ch", SlaveLine, 8, 53},
+    LoggerModel{68, 68, "Slave w.Encoder", SlaveLine, 8, 53},
+};
+
+// What the link that is open was opened with.
+struct LinkInUse
+{
+    bool IsSocket = false;
+    std::string Key; // all that makes it another link
+    std::string Device;
+    std::vector<std::string> Known; // devices that were there when it was opened
+    bool IsRun = false;             // the logger was asked to stream
+};
+LinkInUse Used;
+
+// A model without a speed of its own leaves the line as the last one set it.
+std::string LineSettings = "9600,n,8,1";
+
+std::string PortName()
+{
+    return "COM port " + (gCOMdevice.empty() ? FormatNum(gCOMport, "0") : gCOMdevice);
+}
+
+std::string LinkName()
+{
+    return gConnection == 1 ? gLinkAddress + ":" + FormatNum(gLinkPort, "0") : PortName();
+}
+
+std::string LinkKey()
+{
+    return LinkName() + (gConnection == 1 ? "" : "," + LineSettings + "," + FormatNum(gFrameMin, "0"));
+}
+
+std::optional<std::string> NthDevice(int Number)
+{
+    const auto Devices = gHost.SerialPort->Devices();
+    if (Number < 1 || static_cast<std::size_t>(Number) > Devices.size()) return {};
+    return Devices[static_cast<std::size_t>(Number) - 1];
+}
+
+bool CanOpen(int Number)
+{
+    const auto Device = NthDevice(Number);
+    if (!Device || !gHost.SerialPort->Open(*Device, LineSettings)) return false;
+    gHost.SerialPort->Close();
+    return true;
+}
+
+void SetUpModel()
+{
+    const LoggerModel* Model = FindModel(gFile.Model);
+    if (!Model) return;
+    const bool BySlaves = Model->ChanCnt == 0;
+    const int Slaves = gFile.SlaveCnt;
+    const auto ChanCnt = BySlaves ? ToInt16(int64_t{Slaves} * gFile.SlaveChans + 16) : Model->ChanCnt;
+    gFrameMin = BySlaves ? ToInt16((int64_t{gFile.SlaveChans} * 2 + 4) * Slaves + 39) : Model->FrameMin;
+    gFile.ChanCnt = ChanCnt;
+    LineSettings = Model->Settings ? Model->Settings : FormatNum(gQVNbauds, "0") + ",n,8,1";
+}
+
+bool OpenSerial()
+{
+    if (!FindPort()) {
+        ShowReading("No COM ports found");
+        return false;
+    }
+    ShowReading(PortName());
+    Used.Device = gCOMdevice.empty() ? NthDevice(gCOMport).value_or("") : gCOMdevice;
+    Used.Known = gHost.SerialPort->Devices();
+    if (!gHost.SerialPort->Open(Used.Device, LineSettings)) {
+        ShowReading("Can't open " + Used.Device);
+        return false;
+    }
+    LinkOpened();
+    return true;
+}
+
+void Connect()
+{
+    Used.IsSocket = true;
+    gLinkWatch.Connecting(LinkName(), gHost.Clock->Milliseconds());
+    gHost.Socket->Connect(gLinkAddress, static_cast<uint16_t>(std::clamp(gLinkPort, 0, LastTCPport)));
+}
+
+// The devices that a pulled adapter may have come back as, the likeliest first.
+std::vector<std::string> Candidates()
+{
+    std::vector<std::string> Found{Used.Device};
+    if (!gCOMdevice.empty()) return Found;
+    for (const std::string& Device : gHost.SerialPort->Devices())
+        if (std::find(Used.Known.begin(), Used.Known.end(), Device) == Used.Known.end()) Found.push_back(Device);
+    return Found;
+}
+} // namespace
+
+std::span<const LoggerModel> LoggerModels()
+{
+    return Models;
+}
+
+const LoggerModel* FindModel(int16_t Model)
+{
+    const auto Found = std::find_if(Models.begin(), Models.end(), [Model](const LoggerModel& Each) {
+        return Model >= Each.First && Model <= Each.Last;
+    });
+    return Found == Models.end() ? nullptr : &*Found;
+}
+
+bool FindPort()
+{
+    if (!gCOMdevice.empty() || CanOpen(gCOMport)) return true;
+    for (int16_t Number = 1; Number <= LastPort; ++Number) {
+        if (!CanOpen(Number)) continue;
+        gCOMport = Number;
+        WriteIni();
+        return true;
+    }
+    return false;
+}
+
+bool OpenLink()
+{
+    if (gConnection != 1) SetUpModel();
+    if (gLinkWatch.State() != cLinkWatch::eState::Closed && Used.Key == LinkKey()) return true;
+    DropLink();
+    StopReplay();
+    if (gConnection == 1)
+        Connect();
+    else if (!OpenSerial())
+        return false;
+    Used.Key = LinkKey();
+    CreateData();
+    gTimeStep = SafeDiv(1, gDataFreq);
+    gDeltaT = gTimeStep;
+    return true;
+}
+
+void CloseLink()
+{
+    DropLink();
+    gFile.Signed = gSignedADC;
+}
+
+void SendRun()
+{
+    Used.IsRun = true;
+    if (gLinkWatch.State() != cLinkWatch::eState::Open) return;
+    const std::string Command = "#RUN\r";
+    if (Used.IsSocket)
+        gHost.Socket->SendData(Command);
+    else
+        gHost.SerialPort->Output(Command);
+}
+
+void LinkOpened()
+{
+    BeginStream();
+    gLinkWatch.Opened(LinkName(), gHost.Clock->Milliseconds());
+    if (Used.IsRun) SendRun();
+}
+
+void LinkLost(const std::string& Reason)
+{
+    TakeRest();
+    gLinkWatch.Lost(Reason, gHost.Clock->Milliseconds());
+}
+
+void ReopenLink()
+{
+    if (Used.IsSocket) return Connect();
+    for (const std::string& Device : Candidates()) {
+        if (!gHost.SerialPort->Open(Device, LineSettings)) continue;
+        Used.Device = Device;
+        return LinkOpened();
+    }
+    gLinkWatch.StillLost(gHost.Clock->Milliseconds());
+}
+
+void DropLink()
+{
+    if (gLogging) TakeRest();
+    gHost.SerialPort->Close();
+    gHost.Socket->Close();
+    gLinkWatch.Closed();
+    Used = {};
+}

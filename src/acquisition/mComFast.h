@@ -1,0 +1,58 @@
+// The link to the logger: what each logger model needs, finding a serial port, opening and closing.
+#pragma once
+
+#include "acquisition/cLinkWatch.h"
+
+#include <cstdint>
+#include <span>
+#include <string>
+
+/// A group of logger models with one set of link values.
+struct LoggerModel
+{
+    int16_t First; // values of gFile.Model
+    int16_t Last;
+    const char* Caption;
+    const char* Settings; // of the serial line; null: speed by the setting gQVNbauds
+    int16_t ChanCnt;      // 0: by the number of slaves and their channels
+    int16_t FrameMin;
+};
+
+/// All models in the order of their numbers.
+std::span<const LoggerModel> LoggerModels();
+
+/// The group of a model, null for another.
+const LoggerModel* FindModel(int16_t Model);
+
+/// Watches the link that is open or was asked for.
+extern cLinkWatch gLinkWatch;
+
+/// Looks for a serial port that can be opened, first number gCOMport, then 1 to 16. Another number than before is
+/// taken into gCOMport and the ini file. False when there is none. A device named by path needs no search.
+bool FindPort();
+
+/// Opens the link that gConnection asks for; a link that is open already is left as it is, since frames would be lost.
+/// A connection to a wireless logger is made in the background, and tried again as long as it takes. False when there
+/// is no serial port (told in panel 3).
+bool OpenLink();
+
+/// Closes the link and stores in the session whether its samples are signed.
+void CloseLink();
+
+/// Asks the logger to stream, now or when the link is open, and again each time it was taken up anew.
+void SendRun();
+
+// Events of the ports.
+
+/// The link is open: what came before is forgotten.
+void LinkOpened();
+
+/// The link broke or could not be made. Whole frames that have come are taken first.
+void LinkLost(const std::string& Reason);
+
+/// Tries to take a lost link up again: the same port, or a serial device that was not there when it was opened, since
+/// an adapter may come back under another name.
+void ReopenLink();
+
+/// Closes the link, whichever it is.
+void DropLink();

@@ -1,0 +1,270 @@
+// What the three roads of frames do alike and where they differ.
+#include "acquisition/mSampling.h"
+
+#include "acquisition/mComFast.h"
+#include "acquisition/mFrame.h"
+#include "core/mDataWindow.h"
+#include "core/mGlobData.h"
+#include "core/mHost.h"
+#include "core/mNumText.h"
+
+#include <algorithm>
+#include <filesystem>
+
+bool FrameSynced = false;
+bool gReplaying = false;
+RawFile gReplayFile;
+
+namespace {
+constexpr std::size_t InBufferSize = 2000; // bytes; a longer frame is never waited for
+constexpr int TickInterval = 200;          // ms
+constexpr int64_t StarvingAfter = 2000;    // ms without a byte for the log
+
+ByteSource FromPort([](std::span<uint8_t> Room) { return gHost.SerialPort->Input(Room); }, Reading::AsAsked);
+ByteSource FromSocket([](std::span<uint8_t> Room) { return gHost.Socket->GetData(Room); }, Reading::AsAsked);
+
+int Timer1 = 0; // 0: not enabled
+int Timer1Interval = ReplayInterval;
+bool HasDrawFailed = false; // since frames began to come
+
+// Growth of the log, to tell a recording into which nothing flows.
+int64_t LoggedBytes = 0;
+int64_t LastGrowth = 0; // ms of the clock
+bool IsStarving = false;
+bool IsFrameShown = false; // panel 2 tells of a frame as live
+std::string LinkWords;
+
+// What waits of the next frame, from its sync byte on, and what must wait before it is taken.
+struct NextFrame
+{
+    std::size_t Waiting;
+    std::size_t Needed;
+
+    bool IsReady() const { return Waiting >= Needed; }
+};
+
+// InPort are the bytes that the port holds once those ahead of the sync byte are dropped.
+template <class Count>
+NextFrame FindNext(ByteSource& Source, const Count& InPort, std::size_t Least)
+{
+    FindSync(Source);
+    NextFrame Next{Source.Held() + InPort(), std::max(Least, FrameHeadSize)};
+    if (Next.Waiting < FrameHeadSize) return Next;
+    const std::size_t Size = Frame{Source.Peek(FrameHeadSize)}.Size();
+    if (Size <= InBufferSize) Next.Needed = std::max(Least, Size);
+    return Next;
+}
+
+NextFrame NextInPort(std::size_t Least)
+{
+    return FindNext(
+        FromPort, [] { return gHost.SerialPort->InBufferCount(); }, Least);
+}
+
+NextFrame NextInSocket(std::size_t Least)
+{
+    return FindNext(
+        FromSocket, [] { return gHost.Socket->BytesReceived(); }, Least);
+}
+
+std::size_t FrameMin()
+{
+    return static_cast<std::size_t>(std::max<int16_t>(gFrameMin, 0));
+}
+
+// Takes, decodes and records the next frame. The log is a true copy of the stream, whatever the decoder says.
+bool PassFrame(FrameRoad Road, const Frame& Taken)
+{
+    FrameSynced = DecodeFrame(Road, Taken);
+    LogFrame(Taken.Bytes);
+    if (FrameSynced) gLinkWatch.FrameCame(gHost.Clock->Milliseconds());
+    return FrameSynced;
+}
+
+bool PassFrame(FrameRoad Road, ByteSource& Source)
+{
+    const auto Taken = TakeFrame(Source);
+    return Taken && PassFrame(Road, *Taken);
+}
+
+// A window that fails is told once; the recording goes on without it.
+void ShowFrame(const std::string& Text)
+{
+    if (!HasDrawFailed)
+        HasDrawFailed = !Guard("Showing the frame", [] {
+            DrawDataWindows();
+            return true;
+        });
+    UpdateStatus(Text);
+    IsFrameShown = true;
+}
+
+std::string FrameText()
+{
+    return "SampleTime=" + FormatNum(gSampleTime, "000.00") + "s, Frequency=" + FormatNum(gFrequency, "000.000") +
+           "Hz, ";
+}
+
+std::string LiveText()
+{
+    return FrameText() + "Missed=" + FormatNum(gMissed, "0") + "pc, ";
+}
+
+std::string ReplayText()
+{
+    return FrameText() + "Strokes=" + FormatNum(gStrokeCnt, "000") + ", Rate=" + FormatNum(gRate, "000.0");
+}
+
+void TakeBackFrameText()
+{
+    const bool IsGone = gLinkWatch.State() == cLinkWatch::eState::Lost || gLinkWatch.IsSilent();
+    if (!IsGone || !IsFrameShown) return;
+    IsFrameShown = false;
+    UpdateStatus("No frames");
+}
+
+void StartTimer1()
+{
+    gHost.Clock->StopTimer(Timer1);
+    Timer1 = gHost.Clock->StartRepeating(Timer1Interval, Timer1_Timer);
+}
+
+void WatchLog(int64_t Now)
+{
+    if (!gLogging || gLogFile.Length() != LoggedBytes) {
+        LoggedBytes = gLogFile.Length();
+        LastGrowth = Now;
+        IsStarving = false;
+    } else if (!IsStarving && Now - LastGrowth >= StarvingAfter) {
+        IsStarving = true;
+        IsFrameShown = false;
+        UpdateStatus("RECORDING, BUT NOTHING ARRIVES");
+    }
+}
+} // namespace
+
+void InitSampling()
+{
+    gHost.SerialPort->OnData = MSComm1_OnComm;
+    gHost.SerialPort->OnError = LinkLost;
+    gHost.Socket->OnConnect = LinkOpened;
+    gHost.Socket->OnData = tcpServer_DataArrival;
+    gHost.Socket->OnClose = tcpServer_Close;
+    gHost.Socket->OnError = LinkLost;
+    gLinkWatch.Reopen = ReopenLink;
+    gHost.Clock->StartRepeating(TickInterval, TickLink);
+}
+
+void MSComm1_OnComm()
+{
+    iSerialPort& Port = *gHost.SerialPort;
+    const NextFrame Next = NextInPort(FrameMin());
+    if (!Next.IsReady()) {
+        Port.RThreshold = Next.Needed - FromPort.Held();
+        return;
+    }
+    Port.RThreshold = FrameMin();
+    if (PassFrame(FrameRoad::Serial, FromPort)) ShowFrame(LiveText());
+}
+
+void tcpServer_DataArrival(std::size_t)
+{
+    bool IsLastGood = false;
+    while (NextInSocket(FrameMin() + 1).IsReady())
+        IsLastGood = PassFrame(FrameRoad::Socket, FromSocket);
+    if (IsLastGood) ShowFrame(LiveText());
+}
+
+void tcpServer_Close()
+{
+    LinkLost("closed by the logger");
+    if (gHost.Socket->State() != eSocketState::Closed) gHost.Socket->Close();
+}
+
+void Timer1_Timer()
+{
+    if (!gReplaying) return;
+    if (gReplayFile.AtEnd()) {
+        StopAll();
+        CloseDForms();
+        return;
+    }
+    const auto Taken = gReplayFile.Take();
+    if (Taken && PassFrame(FrameRoad::Replay, *Taken)) ShowFrame(ReplayText());
+}
+
+void StartReplay(const std::string& Path)
+{
+    std::error_code Ignored;
+    if (gLogging && std::filesystem::equivalent(Path, gLogFile.Path(), Ignored)) {
+        MsgBox("The recording is still running: " + Path, TitleWarning);
+        return;
+    }
+    if (!gReplayFile.Open(Path)) return;
+    DropLink();
+    CreateData();
+    HasDrawFailed = false;
+    gReplaying = true;
+    gFromFile = true;
+    StartTimer1();
+}
+
+void SetReplayInterval(int Milliseconds)
+{
+    Timer1Interval = Milliseconds;
+    if (Timer1 != 0) StartTimer1();
+}
+
+void StopReplay()
+{
+    gHost.Clock->StopTimer(Timer1);
+    Timer1 = 0;
+    Timer1Interval = ReplayInterval;
+    gReplaying = false;
+    gFromFile = false;
+    gReplayFile.Close();
+}
+
+void StopAll()
+{
+    if (gLogging) TakeRest();
+    StopLog();
+    StopReplay();
+}
+
+void BeginStream()
+{
+    FromPort.Skip(FromPort.Held());
+    FromSocket.Skip(FromSocket.Held());
+    gHost.SerialPort->RThreshold = FrameMin();
+    FrameSynced = false;
+    HasDrawFailed = false;
+}
+
+void TakeRest()
+{
+    bool IsLastGood = false;
+    while (NextInPort(0).IsReady())
+        IsLastGood = PassFrame(FrameRoad::Serial, FromPort);
+    while (NextInSocket(0).IsReady())
+        IsLastGood = PassFrame(FrameRoad::Socket, FromSocket);
+    if (IsLastGood) ShowFrame(LiveText());
+}
+
+void TickLink()
+{
+    const int64_t Now = gHost.Clock->Milliseconds();
+    gLinkWatch.Tick(Now);
+    CheckLive();
+    TakeBackFrameText();
+    WatchLog(Now);
+    if (const std::string Words = gLinkWatch.Words(Now); Words != LinkWords) {
+        LinkWords = Words;
+        ShowReading(Words);
+    }
+}
+
+bool IsLogStarving()
+{
+    return IsStarving;
+}

@@ -1,0 +1,56 @@
+// The three roads of frames, serial port, socket and replay: taken, decoded, recorded, handed to the data windows.
+#pragma once
+
+#include "files/mBinIO.h"
+#include "files/mRawLog.h"
+
+#include <cstddef>
+#include <string>
+
+extern bool FrameSynced;    // the last bytes searched held a sync byte, and its frame was decoded
+extern bool gReplaying;     // a raw file is played; cleared to hold it
+extern RawFile gReplayFile; // the file that is played
+
+/// Designed interval of the replay timer in milliseconds.
+inline constexpr int ReplayInterval = 40;
+
+/// Connects the ports of gHost with the handlers below and starts the watch over the link. Once, at the program's
+/// start, when gHost is filled.
+void InitSampling();
+
+/// Serial event: takes one frame when gFrameMin bytes wait. A frame whose end has not come yet is left until it has;
+/// one that claims more bytes than the input buffer holds is taken as it is, which the decoders refuse.
+void MSComm1_OnComm();
+
+/// Socket event: takes the frames that wait while they are above gFrameMin bytes, and shows the last one only.
+void tcpServer_DataArrival(std::size_t BytesTotal);
+
+/// The other side closed the connection.
+void tcpServer_Close();
+
+/// Replay tick: takes one frame of the file. At its end everything is closed, the data windows too.
+void Timer1_Timer();
+
+/// Starts to play a raw file, which ends the link. A missing file does nothing; one that is just being recorded is
+/// refused (told).
+void StartReplay(const std::string& Path);
+
+/// Sets the interval of the replay timer.
+void SetReplayInterval(int Milliseconds);
+
+void StopReplay();
+
+/// Closes whichever of the raw log and the replay file is open.
+void StopAll();
+
+/// A link was opened: what is left of the one before is no part of its stream.
+void BeginStream();
+
+/// Takes the whole frames that wait, however few, and shows the last one: for the end of a link or of a recording.
+void TakeRest();
+
+/// Looks after the link, the windows and the recording; runs a few times a second.
+void TickLink();
+
+/// Whether a recording is open into which nothing has flowed for two seconds.
+bool IsLogStarving();

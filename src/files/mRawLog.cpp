@@ -1,0 +1,80 @@
+// Names, questions and messages of a recording.
+#include "files/mRawLog.h"
+
+#include "core/mError.h"
+#include "core/mGlobData.h"
+#include "core/mHost.h"
+#include "core/mNumText.h"
+#include "core/mSettings.h"
+#include "files/mTextIO.h"
+
+#include <algorithm>
+#include <filesystem>
+
+bool gLogging = false;
+cRawLog gLogFile;
+std::string gSampleName;
+
+namespace {
+// A comment may hold what would lead to another folder.
+std::string AsFileName(std::string Text)
+{
+    std::replace(Text.begin(), Text.end(), '/', '-');
+    return Text;
+}
+
+bool MayReplace(const std::string& Path)
+{
+    std::error_code Ignored;
+    if (gInBoatMode != 0 || !std::filesystem::exists(Path, Ignored)) return true;
+    return AskYesNo("Are you sure to replace file " + Path + "?", TitleWarning);
+}
+
+// Behind the event at hand: a message lets further events run, and the one at hand is not done with its frame.
+void TellLater(const std::string& Text)
+{
+    gHost.Clock->StartOnce(0, [Text] { MsgBox(Text, TitleError); });
+}
+
+void TellFailure()
+{
+    TellLater("Can't write Log file: " + gLogFile.Path() + " (" + gLogFile.Failure() +
+              "). The recording has stopped; what was recorded until now is whole.");
+}
+} // namespace
+
+void StartLog()
+{
+    const int16_t Next = ToInt16(int64_t{gFile.SampleCnt} + 1);
+    gSampleName = "Sample " + FormatNum(gFile.SampleCnt, "00");
+    const std::string Comment =
+        InputBox("Ready to start sample # " + FormatNum(gFile.SampleCnt, "0"), "Input Comment", gSampleName);
+    gRawFN = gCurDir + AsFileName(Comment == gSampleName ? gFileTitle : Comment) + "_" +
+             FormatNum(gFile.SampleCnt, "000") + ".qvn";
+    if (!MayReplace(gRawFN)) return;
+    StopLog();
+    gFile.SampleCnt = Next;
+    // A session data file that cannot be saved is told; the recording matters more and goes on.
+    if (BackupFile(gCurFile)) WriteDataFile(gCurFile, gFile, SectionFilter::Any);
+    OpenLog(gRawFN, OldBytes::Kept);
+}
+
+bool OpenLog(const std::string& Path, OldBytes Old)
+{
+    gLogging = gLogFile.Open(Path, Old);
+    if (!gLogging) MsgBox("Can't open Log file: " + Path, TitleError);
+    return gLogging;
+}
+
+void LogFrame(std::span<const uint8_t> Frame)
+{
+    if (!gLogging || gLogFile.Append(Frame)) return;
+    gLogging = false;
+    TellFailure();
+}
+
+void StopLog()
+{
+    gLogging = false;
+    if (!gLogFile.Close()) TellFailure();
+}

@@ -1,0 +1,165 @@
+// Opening the link by model and port, and what happens to it afterwards.
+#include "acquisition/mComFast.h"
+
+#include "acquisition/mDecode.h"
+#include "acquisition/mSampling.h"
+#include "core/mGlobData.h"
+#include "core/mIni.h"
+#include "core/mSettings.h"
+#include "files/mSafeSave.h"
+#include "support/ScriptedLink.h"
+#include "support/TempFolder.h"
+
+#include <doctest/doctest.h>
+
+namespace {
+struct Link : LinkState
+{
+    TempFolder Folder;
+    std::string News;
+
+    Link()
+    {
+        gAppDir = Folder.Path("");
+        gCOMport = 1;
+        gCOMdevice.clear();
+        gConnection = 0;
+        gLinkWatch.OnChange = [this](const std::string& Text) {
+            News += std::to_string(Clock.Milliseconds() / 1000) + " " + Text + "\n";
+        };
+        Clock.Wait(9000);
+    }
+    ~Link() { gLinkWatch.OnChange = nullptr; }
+};
+} // namespace
+
+TEST_CASE_FIXTURE(Link, "each logger model sets its line, its channels and the bytes of its shortest frame")
+{
+    Port.Plugged = {"/dev/ttyS0"};
+    gFile.SlaveCnt = 2;
+    gFile.SlaveChans = 10;
+    gQVNbauds = 256000;
+    gDataFreq = 50;
+    std::string Found;
+    for (const int16_t Model : {int16_t{60}, int16_t{65}, int16_t{66}, int16_t{67}, int16_t{68}, int16_t{69}}) {
+        gFile.Model = Model;
+        REQUIRE(OpenLink());
+        Found += Port.Settings + " " + std::to_string(gFile.ChanCnt) + " " + std::to_string(gFrameMin) + " " +
+                 std::to_string(Port.RThreshold) + "\n";
+    }
+    CHECK(Found == "256000,n,8,1 36 87 87\n256000,n,8,1 36 87 87\n115200,n,8,1 18 53 53\n115200,n,8,1 8 53 53\n"
+                   "115200,n,8,1 8 53 53\n115200,n,8,1 8 53 53\n");
+    CHECK(gTimeStep == 0.02);
+    CHECK(gDeltaT == 0.02);
+    gSignedADC = true;
+    CloseLink();
+    CHECK(gFile.Signed);
+    CHECK_FALSE(Port.IsOpen());
+
+    SUBCASE("more channels than the field holds change nothing")
+    {
+        gFile.Model = 61;
+        gFile.SlaveCnt = 32000;
+        CHECK_FALSE(Guard("Opening the link", OpenLink));
+        CHECK(gFile.ChanCnt == 8);
+        CHECK(gFrameMin == 53);
+    }
+}
+
+TEST_CASE_FIXTURE(Link, "the port of the setting is tried first, then the others, and the one found is kept")
+{
+    gFile.Model = 61;
+    CHECK_FALSE(OpenLink());
+    CHECK(Panel(3) == "No COM ports found");
+    Port.Plugged = {"/dev/ttyS0", "/dev/ttyUSB0"};
+    gCOMport = 2;
+    REQUIRE(OpenLink());
+    CHECK(Port.Device == "/dev/ttyUSB0");
+    CHECK(Panel(3) == "COM port 2");
+    gCOMport = 9;
+    REQUIRE(OpenLink());
+    CHECK(gCOMport == 1);
+    CHECK(Port.Device == "/dev/ttyS0");
+    CHECK(ReadWhole(IniPath()).value_or("").find("COM port=1\r\n") != std::string::npos);
+    gCOMdevice = "/dev/ttyUSB0";
+    REQUIRE(OpenLink());
+    CHECK(Port.Device == "/dev/ttyUSB0");
+    CHECK(Panel(3) == "COM port /dev/ttyUSB0");
+    gCOMdevice = "/dev/none";
+    CHECK_FALSE(OpenLink());
+    CHECK(Panel(3) == "Can't open /dev/none");
+}
+
+TEST_CASE_FIXTURE(Link, "a link that is open stays when another window asks for it")
+{
+    gFile.Model = 61;
+    Port.Plugged = {"/dev/ttyUSB0"};
+    REQUIRE(OpenLink());
+    Port.Feed(LongFrame(40) + LongFrame(80).substr(0, 10));
+    REQUIRE(OpenLink());
+    Port.Feed(LongFrame(80).substr(10));
+    CHECK(gData[0] == 0.08);
+}
+
+TEST_CASE_FIXTURE(Link, "an adapter that was pulled is taken up again, under a new name too, but no other device is")
+{
+    gFile.Model = 61;
+    Port.Plugged = {"/dev/ttyUSB0", "/dev/ttyUSB1"};
+    REQUIRE(OpenLink());
+    SendRun();
+    Port.Pull();
+    Clock.Wait(20000);
+    CHECK_FALSE(Port.IsOpen());
+    Port.Plugged.push_back("/dev/ttyUSB2");
+    Clock.Wait(2200);
+    CHECK(Port.Device == "/dev/ttyUSB2");
+    Port.Pull();
+    Port.Plugged.push_back("/dev/ttyUSB0");
+    Clock.Wait(2200);
+    CHECK(Port.Device.empty());
+    Port.Plugged.push_back("/dev/ttyUSB2");
+    Clock.Wait(2200);
+    CHECK(Port.Device == "/dev/ttyUSB2");
+    CHECK(Port.Sent == "#RUN\r#RUN\r#RUN\r");
+    CHECK(News == "10 Connected to COM port 1\n"
+                  "10 COM port 1 lost: the line was hung up. Trying again\n32 COM port 1 is back\n"
+                  "32 COM port 1 lost: the line was hung up. Trying again\n36 COM port 1 is back\n");
+}
+
+TEST_CASE_FIXTURE(Link, "a wireless link is made in the background, lost, silent and made again, each told once")
+{
+    gConnection = 1;
+    gLinkAddress = "127.0.0.1";
+    gLinkPort = 6000;
+    gTCPaddress = "10.1.1.1"; // has no say
+    gTCPport = 7000;
+    REQUIRE(OpenLink());
+    SendRun();
+    CHECK(Socket.Place == "127.0.0.1:6000");
+    Clock.Wait(20000); // nobody answers
+    Socket.OnError("Connection refused");
+    Clock.Wait(2000);
+    Socket.Answer();
+    CHECK(Socket.Sent == "#RUN\r");
+    Clock.Wait(2000);
+    CHECK(Panel(3) == "127.0.0.1:6000: no frames for 2 s");
+    Clock.Wait(2000);
+    CHECK(Panel(3) == "127.0.0.1:6000: no frames for 4 s");
+    Socket.Feed(LongFrame(40));
+    Socket.Drop();
+    Clock.Wait(600);
+    Socket.Answer();
+    Socket.Feed(LongFrame(80));
+    CHECK(News == "10 Connecting to 127.0.0.1:6000\n"
+                  "15 No connection to 127.0.0.1:6000: no answer. Trying again\n"
+                  "30 No connection to 127.0.0.1:6000: Connection refused. Trying again\n"
+                  "32 Connected to 127.0.0.1:6000\n"
+                  "34 127.0.0.1:6000: no frames for 2 s\n"
+                  "36 127.0.0.1:6000: frames again\n"
+                  "36 127.0.0.1:6000 lost: closed by the logger. Trying again\n"
+                  "36 127.0.0.1:6000 is back\n");
+    CloseLink();
+    Clock.Wait(10000);
+    CHECK(Socket.State() == eSocketState::Closed);
+    CHECK(Panel(3) == "");
+}

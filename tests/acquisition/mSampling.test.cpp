@@ -1,0 +1,288 @@
+// The three roads of frames: what each takes at once, how it decodes, what it records and what it shows.
+#include "acquisition/mSampling.h"
+
+#include "acquisition/mComFast.h"
+#include "core/mGlobData.h"
+#include "core/mSettings.h"
+#include "files/mSafeSave.h"
+#include "support/ScriptedLink.h"
+#include "support/TempFolder.h"
+
+#include <doctest/doctest.h>
+
+#include <random>
+#include <sys/resource.h>
+
+namespace {
+// A program with both roads of a link open and a recording.
+struct Recording : LinkState
+{
+    TempFolder Folder;
+    CountingWindow Window;
+    std::string Path = Folder.Path("a.qvn");
+
+    void Open(int16_t Connection, int16_t Model = 61)
+    {
+        gConnection = Connection;
+        gFile.Model = Model;
+        Port.Plugged = {"/dev/ttyUSB0"};
+        REQUIRE(OpenLink());
+        if (Connection == 1) Socket.Answer();
+        REQUIRE(OpenLog(Path, OldBytes::Kept));
+    }
+    std::string Recorded() const { return ReadWhole(Path).value_or("none"); }
+};
+
+// Frames of both kinds with what a line may do to them, and what of it belongs into the recording.
+struct Stream
+{
+    std::string Sent;
+    std::string Kept;
+
+    explicit Stream(std::mt19937& Random)
+    {
+        for (int i = 1; i <= 60; ++i) {
+            std::string Frame = i % 3 == 0 ? ShortFrame(40 * i) : LongFrame(40 * i);
+            if (Random() % 4 == 0) Sent += std::string(Random() % 90, '\x11'); // junk between frames
+            if (Random() % 8 == 0) Frame[5 + Random() % 20] = '\x90';          // a byte turned into a sync byte
+            Sent += Frame;
+            Kept += Frame;
+        }
+    }
+};
+} // namespace
+
+TEST_CASE_FIXTURE(Recording, "five frames of one arrival are all recorded and shown once, with the fifth in gData")
+{
+    Open(1);
+    std::string Batch;
+    for (int i = 1; i <= 5; ++i)
+        Batch += LongFrame(40 * i);
+    Socket.Feed(Batch);
+    CHECK(Window.Drawn == 1);
+    CHECK(gData[0] == 0.2);
+    CHECK(gFrameCnt == 5);
+    CHECK(Recorded() == Batch);
+    CHECK(Panel(2) == "SampleTime=000.20s, Frequency=025.000Hz, Missed=0pc, ");
+
+    SUBCASE("only the last frame's result counts")
+    {
+        std::string Bad = LongFrame(400);
+        Bad[20] = '\xf0';
+        Socket.Feed(Bad + LongFrame(240));
+        CHECK(Window.Drawn == 2);
+        Socket.Feed(LongFrame(280) + Bad);
+        CHECK(Window.Drawn == 2);
+        CHECK_FALSE(FrameSynced);
+        CHECK(Recorded() == Batch + Bad + LongFrame(240) + LongFrame(280) + Bad);
+    }
+    SUBCASE("as many bytes as gFrameMin are left for the next arrival, and taken when the link ends")
+    {
+        gFrameMin = 39;
+        Socket.Feed(LongFrame(240));
+        CHECK(gFrameCnt == 5);
+        Socket.Drop();
+        CHECK(gFrameCnt == 6);
+        CHECK(Recorded() == Batch + LongFrame(240));
+    }
+}
+
+TEST_CASE_FIXTURE(Recording, "on the serial road each frame has an event and is shown")
+{
+    Open(0);
+    REQUIRE(gFrameMin == 39);
+    Port.Feed(LongFrame(40) + "junk" + LongFrame(80) + LongFrame(120).substr(0, 38));
+    CHECK(Port.Events == 2);
+    CHECK(Window.Drawn == 2);
+    CHECK(Recorded() == LongFrame(40) + LongFrame(80));
+    Port.Feed(LongFrame(120).substr(38));
+    CHECK(Window.Drawn == 3);
+
+    SUBCASE("a frame longer than gFrameMin is left until it is whole, and the event asked for at its size")
+    {
+        const std::string Longer = PlainFrame(160, 60);
+        Port.Feed(Longer.substr(0, 50));
+        CHECK(Port.RThreshold + 4 == Longer.size());
+        Port.Feed(Longer.substr(50));
+        CHECK(Port.RThreshold == 39);
+        CHECK(Recorded() == LongFrame(40) + LongFrame(80) + LongFrame(120) + Longer);
+    }
+    SUBCASE("a head that claims more than the buffer holds costs what has come, and the next frame is found")
+    {
+        std::string Liar = LongFrame(160);
+        Liar[3] = 100;
+        Port.Feed(Liar);
+        CHECK_FALSE(FrameSynced);
+        Port.Feed(LongFrame(200));
+        CHECK(gSampleTime == 0.2);
+        CHECK(Recorded() == LongFrame(40) + LongFrame(80) + LongFrame(120) + Liar + LongFrame(200));
+    }
+    SUBCASE("half a frame at the end of the link is no part of the recording, nor of the next link's stream")
+    {
+        Port.Feed(LongFrame(160).substr(0, 30));
+        Port.Pull();
+        Port.Plugged = {"/dev/ttyUSB0"};
+        Clock.Wait(1000);
+        REQUIRE(Port.IsOpen());
+        Port.Feed(LongFrame(200));
+        CHECK(Recorded() == LongFrame(40) + LongFrame(80) + LongFrame(120) + LongFrame(200));
+    }
+}
+
+TEST_CASE_FIXTURE(Recording, "short frames below gFrameMin lag behind by what the threshold holds back")
+{
+    Open(0, 67);
+    Port.Feed(ShortFrame(1400));
+    CHECK(gFrameCnt == 0);
+    Port.Feed(ShortFrame(1440));
+    CHECK(gFrameCnt == 1);
+    CHECK(gSampleTime == 1);
+    StopAll();
+    CHECK(Recorded() == ShortFrame(1400) + ShortFrame(1440));
+}
+
+TEST_CASE_FIXTURE(Recording, "however the stream is cut, its frames are recorded byte for byte and its junk is not")
+{
+    int16_t Connection = 0;
+    SUBCASE("serial port")
+    {
+        Connection = 0;
+    }
+    SUBCASE("socket")
+    {
+        Connection = 1;
+    }
+    Open(Connection);
+    std::mt19937 Random(7);
+    for (int Round = 0; Round < 40; ++Round) {
+        const Stream Part(Random);
+        const std::string Before = Recorded();
+        for (std::size_t At = 0, Size = 0; At < Part.Sent.size(); At += Size) {
+            Size = 1 + Random() % (Round % 2 == 0 ? 20 : 500);
+            if (Connection == 1)
+                Socket.Feed(Part.Sent.substr(At, Size));
+            else
+                Port.Feed(Part.Sent.substr(At, Size));
+        }
+        TakeRest();
+        REQUIRE(Recorded() == Before + Part.Kept);
+    }
+}
+
+TEST_CASE_FIXTURE(Recording, "the three roads part short frames from long ones each at a size of its own")
+{
+    // The short decoder rounds the sample time to a whole second.
+    const auto IsShortBy = [&](int16_t Connection, int BodySize) {
+        const std::string Bytes = PlainFrame(400, BodySize);
+        gSampleTime = -1;
+        if (Connection == 2) {
+            REQUIRE(SaveWhole(Folder.Path("r.qvn"), Bytes));
+            StartReplay(Folder.Path("r.qvn"));
+            Timer1_Timer();
+            StopReplay();
+        } else {
+            Open(Connection, 69);
+            Connection == 1 ? Socket.Feed(Bytes) : Port.Feed(Bytes);
+            StopAll();
+        }
+        REQUIRE(gSampleTime != -1);
+        return gSampleTime == 0;
+    };
+    for (int16_t Road = 0; Road < 3; ++Road) {
+        CAPTURE(Road);
+        CHECK(IsShortBy(Road, 33));
+        CHECK(IsShortBy(Road, 34) == (Road == 2));
+        CHECK_FALSE(IsShortBy(Road, 35));
+    }
+}
+
+TEST_CASE_FIXTURE(Recording,
+                  "a replay with a log open makes an equal file less the junk, and closes everything at its end")
+{
+    std::mt19937 Random(3);
+    const Stream Part(Random);
+    const std::string Tail = LongFrame(3000).substr(0, 20); // cut off by the end of the file
+    REQUIRE(SaveWhole(Folder.Path("old.qvn"), "junk" + LongFrame(40) + Part.Sent + Tail));
+    Open(0);
+    StartReplay(Folder.Path("none.qvn"));
+    CHECK(Port.IsOpen());
+    StartReplay(Path);
+    CHECK(Dialogs.Told == std::vector<std::string>{"Warning!: The recording is still running: " + Path});
+    StartReplay(Folder.Path("old.qvn"));
+    CHECK_FALSE(Port.IsOpen());
+    gStrokeCnt = 7;
+    gRate = 31.25;
+    Clock.Wait(40);
+    CHECK(gFromFile);
+    CHECK(Panel(2).ends_with("Hz, Strokes=007, Rate=031.2"));
+    SetReplayInterval(4);
+    gReplaying = false;
+    Clock.Wait(1000);
+    CHECK(gFrameCnt == 1);
+    gReplaying = true;
+    Clock.Wait(4 * 63);
+    CHECK(Window.IsUnloaded);
+    CHECK_FALSE(gLogging);
+    CHECK_FALSE(gReplaying);
+    CHECK(Recorded() == LongFrame(40) + Part.Kept + Tail);
+}
+
+TEST_CASE_FIXTURE(Recording,
+                  "a recording into which nothing flows says so, and so do windows and status after a silence")
+{
+    Open(0);
+    Port.Feed(LongFrame(40));
+    CHECK(Window.IsShownLive);
+    Clock.Wait(1200);
+    CHECK_FALSE(Window.IsShownLive);
+    CHECK_FALSE(IsLogStarving());
+    CHECK(Panel(3) == "COM port 1");
+    Clock.Wait(1000);
+    CHECK(IsLogStarving());
+    CHECK(Panel(2) == "RECORDING, BUT NOTHING ARRIVES");
+    CHECK(Panel(3) == "COM port 1: no frames for 2 s");
+    Port.Feed(LongFrame(80));
+    Clock.Wait(200);
+    CHECK_FALSE(IsLogStarving());
+    CHECK(Panel(2).starts_with("SampleTime=000.08s"));
+    CHECK(Panel(3) == "COM port 1");
+    StopAll();
+    Port.Pull();
+    Clock.Wait(200);
+    CHECK(Panel(2) == "No frames");
+    CHECK(Panel(3) == "COM port 1 lost: the line was hung up. Trying again");
+    Clock.Wait(5000);
+    CHECK_FALSE(IsLogStarving());
+}
+
+TEST_CASE_FIXTURE(Recording, "a full disk ends the recording with one message; the windows go on")
+{
+    Open(0);
+    const rlimit Room{100, RLIM_INFINITY};
+    REQUIRE(setrlimit(RLIMIT_FSIZE, &Room) == 0);
+    Port.Feed(LongFrame(40) + LongFrame(80) + LongFrame(120) + LongFrame(160));
+    CHECK(Dialogs.Told.empty());
+    Clock.Wait(0);
+    Port.Feed(LongFrame(200));
+    Clock.Wait(1000);
+    const rlimit All{RLIM_INFINITY, RLIM_INFINITY};
+    setrlimit(RLIMIT_FSIZE, &All);
+    CHECK(Dialogs.Told == std::vector<std::string>{
+                              "Error: Can't write Log file: " + Path +
+                              " (File too large). The recording has stopped; what was recorded until now is whole."});
+    CHECK_FALSE(gLogging);
+    CHECK(Window.Drawn == 5);
+    CHECK(Recorded() == LongFrame(40) + LongFrame(80));
+}
+
+TEST_CASE_FIXTURE(Recording, "a window that fails is told once; the recording goes on")
+{
+    Open(0);
+    Window.Fails = true;
+    Port.Feed(LongFrame(40) + LongFrame(80) + LongFrame(120));
+    CHECK(Window.Drawn == 1);
+    CHECK(Dialogs.Told ==
+          std::vector<std::string>{"Error: Showing the frame failed: Division by zero. Nothing that was "
+                                   "stored has been changed."});
+    CHECK(Recorded() == LongFrame(40) + LongFrame(80) + LongFrame(120));
+}

@@ -1,0 +1,102 @@
+// Ports that a test feeds by hand, a window that counts, and the frames to feed.
+#pragma once
+
+#include "core/mDataWindow.h"
+#include "platform/iSerialPort.h"
+#include "platform/iSocket.h"
+#include "platform/plain/sByteQueue.h"
+#include "support/ScriptedDialogs.h"
+#include "support/TestClock.h"
+
+#include <string>
+
+/// A frame of a master without slaves: S is 35, the time is in milliseconds. Its kind is 26.
+std::string LongFrame(int Time);
+
+/// A frame of a slave of 8 channels: S is 29.
+std::string ShortFrame(int Time);
+
+/// A frame with that many bytes in its body, all of them 0 behind the time.
+std::string PlainFrame(int Time, int BodySize);
+
+class ScriptedPort : public iSerialPort
+{
+public:
+    /// What Devices gives, and what can be opened.
+    std::vector<std::string> Plugged;
+    std::string Device;   // that is open
+    std::string Settings; // that it was opened with last
+    std::string Sent;
+    int Events = 0;
+
+    /// Bytes come in: the events that follow at once.
+    void Feed(const std::string& Bytes);
+
+    /// The line breaks.
+    void Pull();
+
+    std::vector<std::string> Devices() const override { return Plugged; }
+    bool Open(const std::string& Path, const std::string& Line) override;
+    bool IsOpen() const override { return !Device.empty(); }
+    std::size_t InBufferCount() const override { return Queue.Count(); }
+    std::size_t Input(std::span<uint8_t> Bytes) override { return Queue.Take(Bytes); }
+    bool Output(const std::string& Text) override;
+    void Close() override;
+
+private:
+    ByteQueue Queue;
+};
+
+class ScriptedSocket : public iSocket
+{
+public:
+    std::string Place; // "address:port" of the last Connect
+    std::string Sent;
+
+    void Answer();
+    void Feed(const std::string& Bytes);
+    void Drop();
+
+    void Connect(const std::string& Address, uint16_t Port) override;
+    eSocketState State() const override { return Connection; }
+    std::size_t BytesReceived() const override { return Queue.Count(); }
+    std::size_t GetData(std::span<uint8_t> Bytes) override { return Queue.Take(Bytes); }
+    bool SendData(const std::string& Text) override;
+    void Close() override;
+
+private:
+    ByteQueue Queue;
+    eSocketState Connection = eSocketState::Closed;
+};
+
+/// A data window that counts its frames.
+class CountingWindow : public cDataWindow
+{
+public:
+    CountingWindow() : cDataWindow(DataTag) {}
+    int Drawn = 0;
+    bool IsShownLive = false;
+    bool IsUnloaded = false;
+    bool Fails = false;
+
+    void DrawData() override;
+    void SetLive(bool Live) override { IsShownLive = Live; }
+    void Unload() override { IsUnloaded = true; }
+};
+
+/// A program with a link, as far as a test moves it.
+class LinkState : public FreshState
+{
+public:
+    LinkState();
+    ~LinkState();
+    LinkState(const LinkState&) = delete;
+    LinkState& operator=(const LinkState&) = delete;
+
+    ScriptedPort Port;
+    ScriptedSocket Socket;
+    TestClock Clock;
+
+    /// The last text of a status panel.
+    std::string Panel(int Number) const;
+};
