@@ -76,7 +76,8 @@ void FinishNorm(int Run);
 void CopyRun1();
 
 /// The stroke figures, the patterns and the sizes of the sample tables as they were when a run began. Unless the run is
-/// finished they are put back at the end of the scope, so that a failure leaves nothing half made.
+/// finished they are put back at the end of the scope, so that a failure leaves nothing half made. The detector's
+/// window and gBadStrokes, which nothing ever clears, go on.
 class RunBackup
 {
 public:
