@@ -155,7 +155,8 @@ void CountMissed()
 void CountLongFrame(double Time)
 {
     ++gFrameCnt;
-    gDeltaT = Time - LastLongTime;
+    // The first frame of a link has none before it: the step that the panel was opened with holds.
+    if (gFrameCnt > 1) gDeltaT = Time - LastLongTime;
     gFrequency = SafeDiv(1, gDeltaT);
     CountMissed();
     LastLongTime = Time;

@@ -28,8 +28,15 @@ std::string Objection(const Option& Item, const std::string& Value)
     const std::string Got = std::string(Item.Name) + " is \"" + Value + "\", but ";
     if (Item.Kind == ArgKind::Whole && !IsWhole(Value)) return Got + "takes a whole number";
     if (Item.Kind == ArgKind::Real && !IsReal(Value)) return Got + "takes a number";
-    if (Item.Kind == ArgKind::Filter && Value != "Any" && Value != "Non") return Got + "takes Any or Non";
-    return {};
+    if (Item.Kind != ArgKind::Choice) return {};
+    std::string Choices;
+    for (std::string_view Rest = Item.Value;;) {
+        const std::string_view Choice = Rest.substr(0, Rest.find('|'));
+        if (Value == Choice) return {};
+        Choices.append(Choices.empty() ? "" : " or ").append(Choice);
+        if (Choice.size() == Rest.size()) return Got + "takes " + Choices;
+        Rest.remove_prefix(Choice.size() + 1);
+    }
 }
 } // namespace
 

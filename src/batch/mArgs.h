@@ -12,7 +12,7 @@ enum class ArgKind
     Whole,
     Real,
     Text,
-    Filter
+    Choice // one of the words that the value's name lists between bars
 };
 
 /// An option of a command, as "--start I".

@@ -1,8 +1,10 @@
 // The table of commands and what several of them begin with.
 #include "batch/mCommands.h"
 
+#include "core/mHost.h"
 #include "core/mMain.h"
 #include "files/mBinIO.h"
+#include "files/mSafeSave.h"
 #include "processing/mFilter.h"
 
 std::span<const Command> AllCommands()
@@ -18,7 +20,7 @@ std::span<const Command> AllCommands()
          "reads a session data file and writes it again; Non leaves the samples out",
          2,
          2,
-         {{"--filter", ArgKind::Filter, "Any|Non"}},
+         {{"--filter", ArgKind::Choice, "Any|Non"}},
          DoResave},
         {"dump", "SESSION RAW OUT", "writes the raw counts of every frame as text", 3, 3, {}, DoDump},
         {"export",
@@ -49,9 +51,30 @@ std::span<const Command> AllCommands()
           {"--time", ArgKind::Real, "T"},
           {"--out", ArgKind::Text, "OUT"}},
          DoProcess},
+        {"derive",
+         "SESSION SAMPLE OUT [--view 3|4]",
+         "writes the derived variables of a stored sample, as the report (3) or the play view (4) computes them",
+         3,
+         3,
+         {{"--view", ArgKind::Choice, "3|4"}},
+         DoDerive},
+        {"live",
+         "SESSION RAW OUT [--panel rower]",
+         "plays a recording through a panel and writes the stroke numbers that it shows",
+         3,
+         3,
+         {{"--panel", ArgKind::Choice, "rower"}},
+         DoLive},
         {"info", "SESSION", "prints a summary of a session data file in JSON", 1, 1, {}, DoInfo},
     };
     return Table;
+}
+
+bool SaveText(const std::string& Path, const std::string& Text)
+{
+    if (SaveWhole(Path, Text)) return true;
+    MsgBox("Can't write file: " + Path, TitleError);
+    return false;
 }
 
 bool LoadSession(const std::string& Path)

@@ -30,6 +30,9 @@ bool LoadSession(const std::string& Path);
 /// Reads a raw file into the sample store and conditions it when the line says --filter. False when told.
 bool LoadRaw(const std::string& Path, const Args& Line);
 
+/// Writes Text as a whole file. False when that fails (told).
+bool SaveText(const std::string& Path, const std::string& Text);
+
 // Session data files and samples as text.
 bool DoResave(const Args& Line);
 bool DoDump(const Args& Line);
@@ -40,3 +43,7 @@ bool DoInfo(const Args& Line);
 bool DoScan(const Args& Line);
 bool DoStrokes(const Args& Line);
 bool DoProcess(const Args& Line);
+
+// Derived variables.
+bool DoDerive(const Args& Line);
+bool DoLive(const Args& Line);

@@ -6,7 +6,6 @@
 #include "core/mNumText.h"
 #include "files/mBinIO.h"
 #include "files/mExport.h"
-#include "files/mSafeSave.h"
 #include "files/mTextIO.h"
 
 #include <cmath>
@@ -134,14 +133,6 @@ std::string SessionJson()
         .Text();
 }
 
-// Writes Text as a whole file. False when that fails (told).
-bool Save(const std::string& Path, const std::string& Text)
-{
-    if (SaveWhole(Path, Text)) return true;
-    MsgBox("Can't write file: " + Path, TitleError);
-    return false;
-}
-
 void AppendFrame(std::string& Text, int Index)
 {
     AppendFixed(Text, Index, 0);
@@ -173,7 +164,7 @@ bool DoDump(const Args& Line)
     CreateData();
     for (int Index = 0; ReadFrame(); ++Index)
         AppendFrame(Text, Index);
-    return Save(Line.Files[2], Text);
+    return SaveText(Line.Files[2], Text);
 }
 
 bool DoExport(const Args& Line)

@@ -174,3 +174,58 @@ TEST_CASE("counts are dumped as they came, and nothing follows the first broken 
     CHECK(All.starts_with(Torn));
     CHECK(Torn.ends_with("\t\r\n"));
 }
+
+TEST_CASE("derive gives the same bytes each time and leaves out what a row cannot be made of")
+{
+    const Bench Folder;
+    Folder.Record("a.qvn", "1");
+    REQUIRE(Folder.Batch({"process", "single.txt", "a.qvn"}).Exit == 0);
+    const Outcome Report = Folder.Batch({"derive", "single.txt", "S01", "a.tsv"});
+    CHECK(Report.Exit == 0);
+    CHECK(Report.Err.empty());
+    const std::string Text = Folder.Bytes("a.tsv");
+    CHECK(Text.starts_with("Row\tID\tKind\tKey\tX\tY\n1\tRight\tP\t0\t"));
+    CHECK(Text.find("\n1\tRight\tP\t49\t") != std::string::npos);
+    CHECK(Text.find("\n1\tRight\tP\t50\t") == std::string::npos);
+    CHECK(Text.find("\n1\tRight\tF\tDelX\t\t") != std::string::npos);
+    CHECK(Text.find('\r') == std::string::npos);
+
+    REQUIRE(Folder.Batch({"derive", "single.txt", "S01", "b.tsv", "--view", "4"}).Exit == 0);
+    CHECK(Folder.Bytes("b.tsv").find("\tP\t50\t50.5\t") != std::string::npos);
+
+    std::string Session = Folder.Bytes("single.txt");
+    const auto Arguments = Session.find("A1,G1,G2\tMaxY");
+    REQUIRE(Arguments != std::string::npos);
+    Session.replace(Session.rfind("\t0\t1\t0\t8\t", Arguments), 9, "\t0\t8\t0\t8\t"); // a power of two arguments
+    REQUIRE(SaveWhole(Folder.Path("single.txt"), Session));
+    const Outcome Short = Folder.Batch({"derive", "single.txt", "S01", "c.tsv"});
+    CHECK(Short.Exit == 0);
+    CHECK(Short.Err.find("Row 3 (Gates)") != std::string::npos);
+    CHECK(Folder.Bytes("c.tsv").find("\n3\t") == std::string::npos);
+    CHECK(Folder.Bytes("c.tsv").find("\n4\tHands\t") != std::string::npos);
+
+    const Outcome Missing = Folder.Batch({"derive", "single.txt", "S07", "d.tsv"});
+    CHECK(Missing.Exit == 1);
+    CHECK(Missing.Err == "Error: There is no sample S07 in file: single.txt\n");
+    CHECK(Folder.Bytes("d.tsv") == "(none)");
+}
+
+TEST_CASE("live writes the stroke numbers of every stroke that the recording holds")
+{
+    const Bench Folder;
+    Folder.Record("a.qvn", "1");
+    const Outcome Live = Folder.Batch({"live", "single.txt", "a.qvn", "live.tsv"});
+    CHECK(Live.Exit == 0);
+    CHECK(Live.Err.empty());
+    const std::string Text = Folder.Bytes("live.tsv");
+    CHECK(Text.starts_with("Frame\tTime\tStroke\tCycle\tRate\tRateAver\tRow\tID\tKey\tValue\n"));
+    // The first start arms the clock; twelve rowed strokes follow it, each with a score on the model.
+    CHECK(Text.find("\t0\t0\t0\t0\t3\tStyle\tMod\t0\n") != std::string::npos);
+    std::size_t Scores = 0;
+    for (auto At = Text.find("Style\tAt\t"); At != std::string::npos; At = Text.find("Style\tAt\t", At + 1))
+        ++Scores;
+    CHECK(Scores == 12);
+    CHECK(Folder.Batch({"live", "single.txt", "b.qvn", "b.tsv"}).Exit == 1);
+    CHECK(Folder.Batch({"live", "single.txt", "a.qvn", "b.tsv", "--panel=stroke"}).Exit == 2);
+    CHECK(Folder.Bytes("b.tsv") == "(none)");
+}

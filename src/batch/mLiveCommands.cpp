@@ -1,0 +1,142 @@
+// Commands on derived variables: derive, live.
+#include "batch/mCommands.h"
+
+#include "core/mGlobData.h"
+#include "core/mHost.h"
+#include "core/mIni.h"
+#include "core/mNumText.h"
+#include "files/mBinIO.h"
+#include "live/cRower.h"
+#include "platform/plain/sSurface.h"
+#include "views/cData03report.h"
+#include "views/cData04play.h"
+
+namespace {
+constexpr int Digits = 9;
+
+// A table of texts, cells separated by tabs.
+class TabText
+{
+public:
+    explicit TabText(const char* Heads) : Whole(Heads) { Whole += '\n'; }
+
+    TabText& Cell(const std::string& Words)
+    {
+        if (!IsLineStart) Whole += '\t';
+        IsLineStart = false;
+        Whole += Words;
+        return *this;
+    }
+    TabText& Cell(double X) { return Cell(FormatGeneral(X, Digits)); }
+    void EndLine()
+    {
+        Whole += '\n';
+        IsLineStart = true;
+    }
+    const std::string& Text() const { return Whole; }
+
+private:
+    std::string Whole;
+    bool IsLineStart = true;
+};
+
+// Runs the work on a row. A row that cannot be computed is told and left out.
+template <class Work>
+void ForRow(const ViewRow& View, int Row, const Work& Do)
+{
+    Guard("Row " + FormatNum(Row, "0") + " (" + View.ID + ")", [&] {
+        Do();
+        return true;
+    });
+}
+
+void DeriveReport(TabText& Table)
+{
+    for (int Row = 1; Row <= gFile.View3.UBound(); ++Row)
+        ForRow(gFile.View3[Row], Row, [&] {
+            cData03report Plot;
+            Plot.InitViewID(Row);
+            const std::string& ID = gFile.View3[Row].ID;
+            for (std::size_t k = 0; k < Plot.Xs().size(); ++k) {
+                Table.Cell(Row).Cell(ID).Cell("P").Cell(static_cast<double>(k));
+                Table.Cell(Plot.Xs()[k]).Cell(Plot.Ys()[k]).EndLine();
+            }
+            if (!Plot.Visible()) return;
+            for (const RowValue& Each : Plot.GetFuncs())
+                Table.Cell(Row).Cell(ID).Cell("F").Cell(Each.Key).Cell("").Cell(Each.Value).EndLine();
+        });
+}
+
+void DerivePlay(TabText& Table, int Sample)
+{
+    for (int Row = 1; Row <= gFile.View4.UBound(); ++Row)
+        ForRow(gFile.View4[Row], Row, [&] {
+            cData04play Plot;
+            Plot.InitViewID(Row, Sample);
+            for (std::size_t k = 0; k < Plot.Ys().size(); ++k) {
+                const double Point = static_cast<double>(k);
+                Table.Cell(Row).Cell(gFile.View4[Row].ID).Cell("P").Cell(Point);
+                Table.Cell(Point + 0.5).Cell(Plot.Ys()[k]).EndLine();
+            }
+        });
+}
+
+// The stroke numbers of all rows at a stroke's start.
+void WriteStroke(TabText& Table, int Frame, const cRower& Panel)
+{
+    int Row = 0;
+    for (const cData01real& Plot : Panel.Views()) {
+        ++Row;
+        for (const StrokeNumber& Each : Plot.StrokeNumbers()) {
+            if (!Each.IsMade) continue;
+            Table.Cell(Frame).Cell(gSampleTime).Cell(gStrokeCnt).Cell(gCycleTime).Cell(gRate).Cell(gRateAver);
+            Table.Cell(Row).Cell(gFile.View1[Row].ID).Cell(Each.Key).Cell(Each.Value).EndLine();
+        }
+    }
+}
+
+// Frames as a replay takes them: one that the decoder refuses is passed over.
+bool PlayThrough(cRower& Panel, TabText& Table)
+{
+    CreateData();
+    int Frame = -1;
+    while (const auto Taken = gScanFile.Take()) {
+        if (!DecodeFrame(FrameRoad::Replay, *Taken)) continue;
+        ++Frame;
+        Panel.DrawData();
+        if (Panel.NewStroke()) WriteStroke(Table, Frame, Panel);
+    }
+    return CloseScanFile();
+}
+} // namespace
+
+bool DoDerive(const Args& Line)
+{
+    if (!LoadSession(Line.Files[0])) return false;
+    const int Sample = FindDesc(gFile, Line.Files[1], DescKey::TestID);
+    if (Sample < 1) {
+        MsgBox("There is no sample " + Line.Files[1] + " in file: " + Line.Files[0], TitleError);
+        return false;
+    }
+    TabText Table("Row\tID\tKind\tKey\tX\tY");
+    if (Line.Text("--view", "3") == "3") {
+        LoadSamplePattern(gFile.Desc[Sample]);
+        DeriveReport(Table);
+    } else {
+        DerivePlay(Table, Sample);
+    }
+    return SaveText(Line.Files[2], Table.Text());
+}
+
+bool DoLive(const Args& Line)
+{
+    if (!LoadSession(Line.Files[0]) || !OpenScanFile(Line.Files[1])) return false;
+    gIsCurves = gIsValue = gIsScore = gIsInd = gIsSound = gIsGrid = true;
+    sSurface Screen(1000, 600);
+    cRower Panel(Screen);
+    Panel.Load();
+    Panel.InitMode();
+    Panel.Resize();
+    TabText Table("Frame\tTime\tStroke\tCycle\tRate\tRateAver\tRow\tID\tKey\tValue");
+    return PlayThrough(Panel, Table) && SaveText(Line.Files[2], Table.Text());
+}

@@ -1,0 +1,88 @@
+// The rower's panel without its window: the recogniser of stroke starts, the trace ring, the target curves and what
+// keys and the playback control ask for.
+#pragma once
+
+#include "live/cData01real.h"
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+/// What the window has to do after a key or a playback command.
+enum class eRowerWish
+{
+    None,
+    StartLog,     // start a recording
+    ToggleReplay, // hold the replay, or let it go on
+    Close
+};
+
+class cRower
+{
+public:
+    explicit cRower(iSurface& Surface) : Panel{&Surface} {}
+
+    /// Opens the panel on samples of a source: makes a plot for each row of View1 and arms the cycle clock.
+    void Load(int16_t Source = SourceFrames);
+
+    /// Sets the sampling period of the source; the table is read from the raw file RawPath. False when that cannot be
+    /// read (told).
+    bool InitMode(const std::string& RawPath = "");
+
+    /// Draws everything anew for the surface's size.
+    void Resize();
+
+    /// Takes the newest sample.
+    void DrawData();
+
+    /// Playback control: codes 0, 1, 2, 4 and 5 show the sample at the play clock, 6 closes.
+    eRowerWish DoAction(int Code);
+
+    /// The space bar.
+    eRowerWish PressSpace() const;
+
+    /// Closes the panel.
+    void Unload();
+
+    /// Whether the newest sample started a stroke.
+    bool NewStroke() const { return IsNewStroke; }
+
+    /// The plots in the order of View1.
+    std::span<const cData01real> Views() const { return Plots; }
+
+    // The labels.
+    std::string TimeText = "00.0";
+    std::string RateText = "00.0";
+    std::string StrokesText = "000";
+
+private:
+    void LoadFactorSettings();
+    void InitTargCurves();
+    void DrawTargets();
+    bool CheckCycle();
+    bool IsStart(double Key) const;
+    void CountCycle();
+    double SampleTime() const;
+    double KeyValue() const;
+
+    PlotSurface Panel;
+    int16_t Mode = SourceFrames;
+    std::vector<cData01real> Plots;
+
+    std::vector<SurfacePoint> TargPts;
+    int PrevIdx = 0; // places in the trace ring
+    int CurIdx = 0;
+    int NextIdx = 1;
+
+    float KeyThresh = 0;
+    double KeyQ0 = 0;
+    double KeyQ1 = 0;
+    bool KeyBad = true;
+    bool HasKeys = false; // a key value has come
+    double KeyPrev = 0;
+    double KeyPrev2 = 0;
+    double LastCycleTime = 0; // s
+    bool IsNewStroke = false;
+};

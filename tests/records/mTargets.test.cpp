@@ -1,0 +1,108 @@
+// The files of targets and curves, and the choice of a target.
+#include "records/mTargets.h"
+
+#include "core/mIni.h"
+#include "core/mSettings.h"
+#include "files/mSafeSave.h"
+#include "support/ScriptedDialogs.h"
+#include "support/TempFolder.h"
+
+#include <doctest/doctest.h>
+
+namespace {
+struct TargetFolder : FreshState, TempFolder
+{
+    TargetFolder()
+    {
+        gAppDir = Path("");
+        gFile.Sex = 'W';
+        gFile.Category = 'L';
+        gFile.BoatType = "2X";
+        gFile.AgeGroup = 'A';
+        for (const char* Key : {"gIsTargVals", "gIsTargCurves"})
+            Settings.SaveSetting("Models", Key, "1");
+    }
+    void Put(const std::string& Name, const std::string& Text) const { REQUIRE(SaveWhole(Path(Name), Text)); }
+    std::string Text(const std::string& Name) const { return ReadWhole(Path(Name)).value_or("(none)"); }
+};
+
+constexpr const char* Table = "Targets of a season\r\n"
+                              "ID\tGroup\tSex\tWeight\tBoats\tAge\tCatch\tForce\r\n"
+                              "1\tFirst\tW\tL\t1x 2x\tA\t-60.5\t300\r\n"
+                              "2\tSecond\tW\tL\t2x\tA\t-58,5 deg\tmuch\r\n"
+                              "3\tOther\tM\tL\t2x\tA\t1\t2\r\n"
+                              "4\tLast\tW\tL\t2x\tA\t-1\t-1\r\n"
+                              "End\r\n5\tBehind\tW\tL\t2x\tA\t9\t9\r\n";
+} // namespace
+
+TEST_CASE("of several matches the last wins, but the table's last row is never chosen")
+{
+    const TargetFolder Folder;
+    Folder.Put("Targets.ini", Table);
+    Folder.Put("Curves.ini", "Curves\r\nA\t0\t0.5\t1\r\nF\t0\t1");
+    InitTargets();
+    CHECK(Folder.Dialogs.Told.empty());
+    CHECK(gTargets.Rows.size() == 4);
+    CHECK(gTarget.Fields == std::array<std::string, 6>{"2", "Second", "W", "L", "2X", "A"});
+    CHECK(gTarget.Values == std::vector<double>{-58, 0});
+    REQUIRE(gCurves.size() == 2);
+    CHECK(gCurves[0].Values == std::vector<double>{0, 0.5, 1});
+    CHECK(gCurves[1].Name == "F");
+}
+
+TEST_CASE("a category without targets and missing curves are told and switched off")
+{
+    TargetFolder Folder;
+    gFile.AgeGroup = 'M';
+    Folder.Put("Targets.ini", Table);
+    InitTargets();
+    CHECK(Folder.Dialogs.Told ==
+          std::vector<std::string>{"Warninng: No Targets were found for the category WL2XM",
+                                   std::string("Error: Can't open file: ").append(Folder.Path("Curves.ini")),
+                                   "Warninng: No Curves were loaded"});
+    CHECK(gIsTargVals == 0);
+    CHECK(gIsTargCurves == 0);
+    // Each switch is kept with the value that the curves' had then.
+    CHECK(Folder.Settings.GetSetting("Models", "gIsTargVals") == "1");
+    CHECK(Folder.Settings.GetSetting("Models", "gIsTargCurves") == "0");
+}
+
+TEST_CASE("files of another kind are empty tables, and a lone data row is never chosen")
+{
+    const TargetFolder Folder;
+    for (const char* Text : {"", "targets\r\nID\r\n1\r\n", "Targets", "Targets\r\nEnd of it\r\n1\r\n"}) {
+        Folder.Put("Targets.ini", Text);
+        CHECK(LoadTargets());
+        CHECK(gTargets.Rows.empty());
+    }
+    Folder.Put("Targets.ini", "Targets\nID\n1\t\tW\tL\t2x\tA\t5\n");
+    Folder.Put("Curves.ini", "Curve\nA\t1\n");
+    InitTargets();
+    CHECK(gIsTargVals == 0);
+    CHECK(gTargets.Rows.size() == 1);
+    CHECK(gCurves.empty());
+}
+
+TEST_CASE("the grid's rows go back to the file with its backup, values with two decimals")
+{
+    const TargetFolder Folder;
+    Folder.Put("Targets.ini", Table);
+    REQUIRE(LoadTargets());
+    cGrid Grid = TargetsToGrid();
+    CHECK(Grid.Current() == 0);
+    Grid.DeleteRow();
+    Grid.DeleteRow();
+    CHECK(Grid.Cell(Grid.Current(), 1) == "Other");
+    Grid.AddRow();
+    Grid.SetCell(Grid.Current(), 6, "3.14159");
+    Grid.SetCurrent(9);
+    CHECK(Grid.Current() == 2);
+    REQUIRE(StoreTargets(Grid));
+    CHECK(Folder.Text("Targets.bak") == Table);
+    CHECK(Folder.Text("Targets.ini") == "Targets\r\nID\tGroup\tSex\tWeight\tBoats\tAge\tCatch\tForce\r\n"
+                                        "3\tOther\tM\tL\t2x\tA\t1.00\t2.00\r\n4\tLast\tW\tL\t2x\tA\t-1.00\t-1.00\r\n"
+                                        "4\tLast\tW\tL\t2x\tA\t3.14\t-1.00\r\nEnd\r\n");
+    while (Grid.RowCount() > 0)
+        Grid.DeleteRow();
+    CHECK(Grid.Current() == -1);
+}
