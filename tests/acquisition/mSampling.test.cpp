@@ -255,7 +255,7 @@ TEST_CASE_FIXTURE(Recording,
     CHECK_FALSE(IsLogStarving());
 }
 
-TEST_CASE_FIXTURE(Recording, "a full disk ends the recording with one message; the windows go on")
+TEST_CASE_FIXTURE(Recording, "a full disk ends the recording with one message, and the windows go on")
 {
     Open(0);
     const rlimit Room{100, RLIM_INFINITY};
@@ -275,7 +275,7 @@ TEST_CASE_FIXTURE(Recording, "a full disk ends the recording with one message; t
     CHECK(Recorded() == LongFrame(40) + LongFrame(80));
 }
 
-TEST_CASE_FIXTURE(Recording, "a window that fails is told once; the recording goes on")
+TEST_CASE_FIXTURE(Recording, "a window that fails is told once, and the recording goes on")
 {
     Open(0);
     Window.Fails = true;
