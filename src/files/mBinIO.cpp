@@ -4,6 +4,7 @@
 #include "core/mGlobData.h"
 #include "core/mHost.h"
 #include "core/mNumText.h"
+#include "files/mSafeSave.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -181,4 +182,20 @@ bool ReadRawFile(const std::string& Path, int32_t& Start, int32_t& Stop)
     Start = From;
     Stop = To;
     return true;
+}
+
+bool CutRawFile(const std::string& Dest, int32_t Start, int32_t Stop)
+{
+    if (!OpenScanFile(gRawFN, std::max(Start, 1))) return false;
+    if (Stop < 1) Stop = gScanFile.Length();
+    WholeFile Piece(Dest);
+    do {
+        const auto Taken = gScanFile.Take();
+        if (!Taken || !Taken->IsWhole()) break;
+        Piece.Append({reinterpret_cast<const char*>(Taken->Bytes.data()), Taken->Bytes.size()});
+    } while (gScanFile.Position() < Stop);
+    if (!CloseScanFile()) return false;
+    if (Piece.Commit()) return true;
+    MsgBox("Can't write file: " + Dest + " (" + Piece.Failure() + ")", TitleError);
+    return false;
 }

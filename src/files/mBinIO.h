@@ -87,3 +87,7 @@ private:
 /// samples are kept. False when the file cannot be read (told): gRaw is as it was. Throws RunError when the session's
 /// channels do not fit a frame.
 bool ReadRawFile(const std::string& Path, int32_t& Start, int32_t& Stop);
+
+/// Copies the frames of gRawFN that begin between two positions, with Start and Stop as in ReadRawFile, into Dest,
+/// which is written whole; bytes between frames are left out. False when it failed (told): Dest is as it was.
+bool CutRawFile(const std::string& Dest, int32_t Start, int32_t Stop);

@@ -2,6 +2,7 @@
 
 #include "core/mGlobData.h"
 #include "core/mNumText.h"
+#include "files/mSafeSave.h"
 #include "support/Hex.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempFolder.h"
@@ -169,4 +170,25 @@ TEST_CASE_FIXTURE(Recording, "what cannot be read is told and leaves the samples
         CHECK_THROWS_AS(Read(Short(40, 2)), RunError);
         CHECK(Samples() == "0 -9 1.5 0 | ");
     }
+}
+
+TEST_CASE_FIXTURE(Recording, "a cut holds the frames between two positions without the bytes between them")
+{
+    const std::string A = Short(0, 1);
+    const std::string B = HexText("90 00 02 00 01 80 01"); // no decoder would take it
+    const std::string C = Short(40, 2);
+    const std::string Dest = Folder.Path("cut.qvn");
+    gRawFN = File("xy" + A + "z" + B + "zz" + C + C.substr(0, 20));
+    CHECK(CutRawFile(Dest, 0, 0));
+    CHECK(ReadWhole(Dest) == A + B + C);
+    CHECK(CutRawFile(Dest, 4, 43)); // the first sync byte is at 3, the second frame's end at 43
+    CHECK(ReadWhole(Dest) == B);
+    CHECK(CutRawFile(gRawFN, 1, 44));
+    CHECK(ReadWhole(gRawFN) == A + B);
+    gRawFN = Folder.Path("missing.qvn");
+    CHECK_FALSE(CutRawFile(Dest, 0, 0));
+    CHECK(ReadWhole(Dest) == B);
+    gRawFN = File(A);
+    CHECK_FALSE(CutRawFile(Folder.Path("none/cut.qvn"), 0, 0));
+    CHECK(Dialogs.Told.size() == 2);
 }
