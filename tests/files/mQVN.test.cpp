@@ -1,0 +1,190 @@
+#include "files/mQVN.h"
+
+#include "core/mGlobData.h"
+#include "core/mNumText.h"
+#include "core/mSettings.h"
+#include "files/mSafeSave.h"
+#include "support/Hex.h"
+#include "support/ScriptedDialogs.h"
+#include "support/TempFolder.h"
+
+#include <doctest/doctest.h>
+#include <fstream>
+
+namespace {
+using Texts = std::vector<std::string>;
+
+// A program with a session of one slave of 8 channels; channel 2 drives the strokes, channel 3 is the speed.
+class Outing : public FreshState
+{
+public:
+    Outing()
+    {
+        gFile = DataFile{};
+        gFile.Model = 67;
+        gFile.ChanCnt = 8;
+        gFile.Calibr.Resize(8);
+        gFile.Calibr[2].Q0 = -50;
+        gFile.Calibr[2].Q1 = 1;
+        gFile.Calibr[3].Q0 = 1;
+        gFile.Calibr[3].Q1 = 0.5;
+        gFile.KeyThres = 10;
+        gKeyChan = 2;
+        SetSetting("gVChan", "3");
+    }
+
+    void SetSetting(const std::string& Key, const std::string& Value)
+    {
+        Settings.SaveSetting(FindSetting(Key)->Section, Key, Value);
+    }
+
+    // Scans frames a second apart with these values of the key channel and speeds of 2, 4, 6, ...
+    bool Scan(const std::vector<int>& Keys, const std::string& Tail = "")
+    {
+        std::string Bytes;
+        for (std::size_t i = 0; i < Keys.size(); ++i) {
+            const auto Stamp = 1000 * (i + 1);
+            Bytes += HexText("01 80 00 1C 00") + static_cast<char>(Stamp % 128) + static_cast<char>(Stamp / 128 % 128) +
+                     static_cast<char>(Stamp / 16384) + std::string(9, '\0');
+            for (const std::size_t Word : {std::size_t{0}, static_cast<std::size_t>(Keys[i] + 50), 4 * i + 2})
+                Bytes += std::string{static_cast<char>(Word % 128), static_cast<char>(Word / 128)};
+            Bytes += std::string(11, '\0');
+        }
+        std::ofstream(Folder.Path("a.qvn"), std::ios::binary) << Bytes << Tail;
+        return ScanRawFile(Folder.Path("a.qvn"));
+    }
+
+    static std::string Rows()
+    {
+        std::string Text;
+        for (const ScanRow& Row : gScanRows) {
+            for (const double X : {static_cast<double>(Row.Pos), Row.Time, Row.Rate, Row.Speed, Row.Dist})
+                Text += FormatShortest(X) + " ";
+            Text += "| ";
+        }
+        return Text;
+    }
+
+    std::string Positions()
+    {
+        std::string Text;
+        for (const ScanRow& Row : gScanRows)
+            Text += FormatNum((Row.Pos - 1) / 34, "0") + " ";
+        return Text;
+    }
+
+    TempFolder Folder;
+};
+} // namespace
+
+TEST_CASE_FIXTURE(Outing, "a stroke begins where the key value does what the key mode says")
+{
+    const std::vector<int> Keys = {11, 9, 12, 10, 11, 10, 10, 3, 5, 8, 2, 20, 25, 11, 20};
+    struct
+    {
+        int16_t Mode;
+        const char* Frames; // those in which a stroke begins, from 0
+    } const Modes[] = {{0, "1 3 5 "}, {1, "2 11 "}, {2, "2 8 11 "}, {3, "3 5 13 "}, {4, ""}, {-1, ""}};
+    for (const auto& Each : Modes) {
+        CAPTURE(Each.Mode);
+        gKeyMode = Each.Mode;
+        CHECK(Scan(Keys));
+        CHECK(Positions() == Each.Frames);
+    }
+}
+
+TEST_CASE_FIXTURE(Outing, "no stroke is found before the earlier key values exist")
+{
+    // Values that a window of zeros ahead of the first frame would take for strokes.
+    const std::vector<std::pair<int16_t, std::vector<int>>> Starts = {
+        {0, {5, 5}}, {1, {20, 20}}, {2, {-5, 3}}, {2, {5, -5}}, {3, {30, 15}}};
+    for (const auto& [Mode, Keys] : Starts) {
+        gKeyMode = Mode;
+        gFile.KeyThres = Mode == 0 ? -1 : 10;
+        CHECK(Scan(Keys));
+        CHECK(Rows() == "");
+    }
+}
+
+TEST_CASE_FIXTURE(Outing, "strokes have position, time by the nominal frequency, rate by the stamps and mean speed")
+{
+    gKeyMode = 1;
+    CHECK(Scan({0, 0, 20, 0, 20, 0, 0, 20}));
+    CHECK(gTimeStep == 0.04);
+    CHECK(gFromFile);
+    CHECK(Rows() == "69 0.12 20 4 0 | 137 0.2 30 9 0 | 239 0.32 20 14 0 | ");
+    SetSetting("gDataFreq", "50");
+    SetSetting("gVChan", "8"); // not below the number of channels: no speed
+    CHECK(Scan({0, 20}));
+    CHECK(Rows() == "35 0.04 30 0 0 | ");
+}
+
+TEST_CASE_FIXTURE(Outing, "a scan ends with the frame that failed; a frame cut off is left out")
+{
+    gKeyMode = 1;
+    CHECK(Scan({0, 20, 0}, HexText("80 00 1C 00 7F 7F 7F")));
+    CHECK(Rows() == "35 0.08 30 3 0 | ");
+    // A long frame that the decoder refuses, then one that would be a stroke.
+    CHECK(Scan({0, 20, 0}, HexText("80 00 02 00 01 80 01 80 00 1C 00") + std::string(12, '\0') +
+                               HexText("00 00 7F 7F") + std::string(13, '\0')));
+    CHECK(Rows() == "35 0.08 30 3 0 | ");
+}
+
+TEST_CASE_FIXTURE(Outing, "progress shows the percent and the stamp as if it were in milliseconds")
+{
+    gKeyMode = 1;
+    CHECK(Scan({0, 0, 0, 0, 0}));
+    CHECK(Status.Shown == Texts{"3: 20%  0m 0s", "3: 40%  0m 0s", "3: 60%  0m 0s", "3: 80%  0m 0s", "3: 100%  0m 0s"});
+    Status.Shown.clear();
+    std::ofstream(Folder.Path("a.qvn"), std::ios::binary)
+        << HexText("80 00 1C 00 00 40 31 4B 1D") + std::string(24, '\0'); // 7,942,725,632 ms
+    CHECK(ScanRawFile(Folder.Path("a.qvn")));
+    CHECK(Status.Shown == Texts{"3: 100%  132m 23s"});
+}
+
+TEST_CASE_FIXTURE(Outing, "what cannot be scanned is told and leaves the strokes as they were")
+{
+    gKeyMode = 1;
+    CHECK(Scan({0, 20}));
+    const std::string Before = Rows();
+    CHECK_FALSE(ScanRawFile(Folder.Path("missing.qvn")));
+    CHECK_FALSE(ScanRawFile(Folder.Path("")));
+    gFile.KeyChanID = "A9";
+    gKeyChan = -1;
+    CHECK_FALSE(Scan({0, 20}));
+    CHECK(Dialogs.Told.size() == 3);
+    gKeyChan = 85;
+    CHECK_THROWS_AS(Scan({0, 20}), RunError);
+    gKeyChan = 2;
+    SetSetting("gDataFreq", "0");
+    CHECK_THROWS_AS(Scan({0, 20}), RunError);
+    CHECK(Rows() == Before);
+}
+
+TEST_CASE_FIXTURE(Outing, "the table of strokes counts minutes from the first one, and rows can be summed")
+{
+    gScanRows.Clear();
+    const std::string Path = Folder.Path("a.str");
+    CHECK(WriteStrFile(Path));
+    CHECK(ReadWhole(Path) == "N\tTime\tRate\tSpeed\tDistance\t\r\nEnd\r\n");
+    gScanRows.Grow() = {1, 30, 20.125, 4.5, 1234.56};
+    gScanRows.Grow() = {2, 39, 7.5, 0.25, 1240};
+    gScanRows.Grow() = {3, 6030, 32, 5, 0};
+    CHECK(WriteStrFile(Path));
+    CHECK(ReadWhole(Path) == "N\tTime\tRate\tSpeed\tDistance\t\r\n"
+                             "01\t00.00\t20.12\t04.50\t1234.6\t\r\n"
+                             "02\t00.15\t07.50\t00.25\t1240.0\t\r\n"
+                             "03\t100.00\t32.00\t05.00\t00.0\t\r\n"
+                             "End\r\n");
+    CHECK_FALSE(WriteStrFile(Folder.Path("none/a.str")));
+    CHECK(Dialogs.Told == Texts{"Error: Can't open file: " + Folder.Path("none/a.str")});
+
+    int Count = 0;
+    double Rates = 0;
+    double Speeds = 0;
+    CHECK(SumScan(2, 3, Count, Rates, Speeds));
+    CHECK((Count == 2 && Rates == 39.5 && Speeds == 5.25));
+    for (const auto& [From, To] : {std::pair{0, 2}, std::pair{2, 4}, std::pair{2, 2}, std::pair{3, 2}})
+        CHECK_FALSE(SumScan(From, To, Count, Rates, Speeds));
+    CHECK(Count == 2);
+}
