@@ -70,34 +70,46 @@ void SumStore(benchmark::State& State)
     }
 }
 
+using Table = std::vector<std::vector<double>>;
+
+// The store as plain rows, one a channel.
+Table CopyStore()
+{
+    MakeStrokes();
+    Table X;
+    for (int Chan = 0; Chan <= Channels; ++Chan)
+        X.emplace_back(gRaw.Channel(Chan).begin(), gRaw.Channel(Chan).end());
+    return X;
+}
+
 // Times at which the key channel falls through zero.
-std::vector<double> Cut()
+std::vector<double> Cut(const Table& X)
 {
     std::vector<double> Times;
-    for (int i = 2; i <= LastSample; ++i) {
-        const double A = gRaw(1, i - 1);
-        const double B = gRaw(1, i);
-        if (A > 0 && B <= 0) Times.push_back(gRaw(0, i - 1) + A / (A - B) / Rate);
+    for (std::size_t i = 2; i <= LastSample; ++i) {
+        const double A = X[1][i - 1];
+        const double B = X[1][i];
+        if (A > 0 && B <= 0) Times.push_back(X[0][i - 1] + A / (A - B) / Rate);
     }
     return Times;
 }
 
 void PlainPattern(benchmark::State& State)
 {
-    MakeStrokes();
+    const Table X = CopyStore();
     for (auto _ : State) {
-        std::vector<std::vector<double>> Sum(51, std::vector<double>(Channels + 1));
-        auto SumSq = Sum;
-        const auto Times = Cut();
+        Table Sum(51, std::vector<double>(Channels + 1));
+        Table SumSq = Sum;
+        const auto Times = Cut(X);
         for (std::size_t Cycle = 0; Cycle + 1 < Times.size(); ++Cycle)
             for (std::size_t j = 0; j <= 50; ++j) {
                 const double T = Times[Cycle] + (Times[Cycle + 1] - Times[Cycle]) * static_cast<double>(j) / 50;
-                const int i = static_cast<int>(T * Rate);
-                const double F = T * Rate - i;
-                for (int Chan = 1; Chan <= Channels; ++Chan) {
-                    const double V = gRaw(Chan, i) + (gRaw(Chan, i + 1) - gRaw(Chan, i)) * F;
-                    Sum[j][static_cast<std::size_t>(Chan)] += V;
-                    SumSq[j][static_cast<std::size_t>(Chan)] += V * V;
+                const auto i = static_cast<std::size_t>(T * Rate);
+                const double F = T * Rate - static_cast<double>(i);
+                for (std::size_t Chan = 1; Chan <= Channels; ++Chan) {
+                    const double V = X[Chan][i] + (X[Chan][i + 1] - X[Chan][i]) * F;
+                    Sum[j][Chan] += V;
+                    SumSq[j][Chan] += V * V;
                 }
             }
         const auto Count = static_cast<double>(Times.size()) - 1;
