@@ -10,6 +10,8 @@
 #include <memory>
 
 namespace {
+constexpr int DefaultStrokes = 30;
+
 // Whether two names lead to one file, there or not.
 bool IsSameFile(const std::string& One, const std::string& Other)
 {
@@ -23,7 +25,7 @@ std::string WhyNot(const SimOptions& Options, const DataFile& File, int Model)
     if (!cFrameEncoder::IsPossible(LayoutOf(File, Model)))
         return "No logger is of model " + FormatNum(Model, "0") + " with " + FormatNum(File.SlaveCnt, "0") +
                " slaves of " + FormatNum(File.SlaveChans, "0") + " channels: " + Options.Session;
-    for (const std::string& Out : {Options.Recording, Options.Truth})
+    for (const std::string& Out : {Options.Recording, Options.Truth, Options.Sent})
         if (!Out.empty() && IsSameFile(Out, Options.Session)) return "This would replace the session data file: " + Out;
     if (!Options.Truth.empty() && IsSameFile(Options.Truth, Options.Recording))
         return "The recording and the table cannot be one file: " + Options.Truth;
@@ -60,12 +62,18 @@ bool Told(const WholeFile& File, const std::string& Path)
 }
 } // namespace
 
-std::string RecordFile(const SimOptions& Options, const DataFile& File)
+std::string SettleLogger(const SimOptions& Options, const DataFile& File, LoggerSettings& Used)
 {
-    LoggerSettings Used = Options.Logger;
+    Used = Options.Logger;
     Used.Model = Options.Model > 0 ? Options.Model : File.Model;
     Used.Freq = Options.Freq > 0 ? Options.Freq : FreqOf(File);
-    if (const std::string Reason = WhyNot(Options, File, Used.Model); !Reason.empty()) {
+    return WhyNot(Options, File, Used.Model);
+}
+
+std::string RecordFile(const SimOptions& Options, const DataFile& File)
+{
+    LoggerSettings Used;
+    if (const std::string Reason = SettleLogger(Options, File, Used); !Reason.empty()) {
         MsgBox(Reason, TitleWarning);
         return {};
     }
@@ -76,7 +84,8 @@ std::string RecordFile(const SimOptions& Options, const DataFile& File)
     if (Table && Told(*Table, Options.Truth)) return {};
 
     cLogger Logger(File, Used);
-    const double Stop = Options.Strokes > 0 ? Logger.Model().Strokes().EndOf(Options.Strokes) : Options.Seconds;
+    const int Strokes = Options.Strokes == 0 && Options.Seconds == 0 ? DefaultStrokes : Options.Strokes;
+    const double Stop = Strokes > 0 ? Logger.Model().Strokes().EndOf(Strokes) : Options.Seconds;
     std::vector<uint8_t> Bytes;
     while (Logger.Time() < Stop && Recording.IsOpen()) {
         Bytes.clear();

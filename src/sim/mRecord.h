@@ -3,6 +3,9 @@
 
 #include "sim/mSimOptions.h"
 
+/// The logger that the options ask for on the channels of File. Gives an empty text, or why there is none.
+std::string SettleLogger(const SimOptions& Options, const DataFile& File, LoggerSettings& Used);
+
 /// Writes the recording and the truth table that the options ask for, by the session in File. Nothing is written when
 /// it fails (told). Gives a line that sums up what was done, empty after a failure.
 std::string RecordFile(const SimOptions& Options, const DataFile& File);

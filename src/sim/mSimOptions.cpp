@@ -85,13 +85,23 @@ bool TakeSeconds(SimOptions& Options, const std::string& Text)
 
 constexpr double HighestSeed = 9007199254740991;
 
-constexpr std::array<Option, 14> Table = {{
+constexpr std::array<Option, 19> Table = {{
     {"--file", "OUT.qvn", "the recording to write, as a whole new file",
      [](SimOptions& To, const std::string& Text) { return TakeText(To.Recording, Text); }},
+    {"--tcp", "PORT", "stream live to whoever connects to this TCP port on this machine",
+     [](SimOptions& To, const std::string& Text) { return TakeWhole(To.Port, Text, 1, 65535); }},
+    {"--pty", "LINK", "stream live on a serial line: a pseudo-terminal behind this symbolic link",
+     [](SimOptions& To, const std::string& Text) { return TakeText(To.Terminal, Text); }},
+    {"--speed", "N", "stream N times faster than real time, 0.1 to 1000 (default 1)",
+     [](SimOptions& To, const std::string& Text) { return TakeReal(To.Speed, Text, 0.1, 1000); }},
+    {"--cut", "SECONDS", "drop the link every so often for a second; it comes back by itself",
+     [](SimOptions& To, const std::string& Text) { return TakeReal(To.Cut, Text, 0.1, 86400); }},
+    {"--sent", "FILE", "at the end of a stream write the bytes that were sent while the link was there",
+     [](SimOptions& To, const std::string& Text) { return TakeText(To.Sent, Text); }},
     {"--truth", "FILE", "also write the true strokes as a table: boundaries, rate, angles, length, peak force",
      [](SimOptions& To, const std::string& Text) { return TakeText(To.Truth, Text); }},
-    {"--strokes", "N", "whole strokes to record, 1 to 100000 (default 30)", TakeStrokes},
-    {"--seconds", "S", "length of the recording, instead of --strokes", TakeSeconds},
+    {"--strokes", "N", "whole strokes, 1 to 100000 (default 30 of a recording; a stream is endless)", TakeStrokes},
+    {"--seconds", "S", "length in seconds, instead of --strokes", TakeSeconds},
     {"--rate", "R", "strokes per minute, 10 to 60 (default 28)",
      [](SimOptions& To, const std::string& Text) { return TakeReal(To.Logger.Rate, Text, 10, 60); }},
     {"--spread", "PERCENT", "standard deviation of the stroke periods, 0 to 20 per cent of their mean (default 2)",
@@ -146,20 +156,23 @@ std::string ParseSimOptions(std::span<const std::string> Words, SimOptions& Opti
     }
     if (Options.WantsHelp || Options.WantsVersion) return {};
     if (Options.Session.empty()) return "no session data file given";
-    return Options.Recording.empty() ? "no --file given" : "";
+    const int Ways =
+        (Options.Recording.empty() ? 0 : 1) + (Options.Port == 0 ? 0 : 1) + (Options.Terminal.empty() ? 0 : 1);
+    return Ways == 1 ? "" : "give one of --file, --tcp and --pty";
 }
 
 std::string SimUsage()
 {
-    return "skarvelin-sim --file OUT.qvn SESSION [OPTION VALUE]...";
+    return "skarvelin-sim --file OUT.qvn | --tcp PORT | --pty LINK SESSION [OPTION VALUE]...";
 }
 
 std::string SimHelp()
 {
     constexpr std::size_t Column = 22;
     std::string Text = "Usage: " + SimUsage() +
-                       "\n\nWrites the recording that a logger with the channels of the session data file SESSION "
-                       "would make of a crew\nthat rows by the options.\n\n";
+                       "\n\nWrites the recording, or streams the frames, that a logger with the channels of the "
+                       "session data file SESSION\nwould make of a crew that rows by the options. A stream obeys the "
+                       "commands #RUN, #SETUP<CR>, #MODE, #SN? and #UTC\nand ends with its seconds or with Ctrl-C.\n\n";
     for (const Option& Each : Table) {
         std::string Line = std::string("  ") + Each.Name + " " + Each.Value;
         Line.resize(std::max(Line.size() + 2, Column), ' ');

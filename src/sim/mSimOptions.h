@@ -12,10 +12,15 @@ struct SimOptions
     std::string Session;   // session data file
     std::string Recording; // raw sample file to write
     std::string Truth;     // table of the true strokes to write; empty: none
+    uint16_t Port = 0;     // TCP port to stream on; 0: none
+    std::string Terminal;  // symbolic link of a pseudo-terminal to stream on; empty: none
+    std::string Sent;      // file that takes what was sent; empty: none
+    double Speed = 1;      // times real time
+    double Cut = 0;        // seconds between cuts of the link; 0: none
     int Model = 0;         // 0: the session's
     int Freq = 0;          // Hz, 0: by the session's TimeStep
-    int Strokes = 30;      // whole strokes; 0: Seconds count
-    double Seconds = 0;
+    int Strokes = 0;       // whole strokes; 0: Seconds count
+    double Seconds = 0;    // 0, and no strokes: 30 strokes of a recording, an endless stream
     bool WantsHelp = false;
     bool WantsVersion = false;
     LoggerSettings Logger; // all the rest; its model and frequency are filled from the session

@@ -1,17 +1,33 @@
-// The simulated logger: reads its command line and the session, and writes a recording.
+// The simulated logger: reads its command line and the session, and writes a recording or streams.
 #include "core/mHost.h"
+#include "core/mNumText.h"
 #include "files/mTextIO.h"
 #include "platform/plain/sDialogs.h"
 #include "platform/plain/sSettings.h"
 #include "platform/plain/sStatus.h"
+#include "sim/cStreamer.h"
 #include "sim/mRecord.h"
 
+#include <csignal>
 #include <iostream>
+#include <poll.h>
+#include <sys/signalfd.h>
 
 namespace {
 constexpr int Done = 0;
 constexpr int Failed = 1;
 constexpr int WrongUsage = 2;
+
+// A descriptor that can be read when Ctrl-C is pressed or the system ends the program.
+int WatchedSignals()
+{
+    sigset_t Ends;
+    sigemptyset(&Ends);
+    sigaddset(&Ends, SIGINT);
+    sigaddset(&Ends, SIGTERM);
+    sigprocmask(SIG_BLOCK, &Ends, nullptr);
+    return signalfd(-1, &Ends, SFD_CLOEXEC);
+}
 
 bool Record(const SimOptions& Options)
 {
@@ -20,6 +36,32 @@ bool Record(const SimOptions& Options)
     const std::string Summary = RecordFile(Options, gFile);
     if (!Summary.empty()) std::cout << Summary << std::endl;
     return !Summary.empty();
+}
+
+// Streams until the end or until the user or the system ends the program.
+bool Stream(const SimOptions& Options)
+{
+    SetCurFile(Options.Session);
+    if (!ReadDataFile(Options.Session, gFile, SectionFilter::Non)) return false;
+    LoggerSettings Used;
+    std::string Reason = SettleLogger(Options, gFile, Used);
+    sEventLoop Loop;
+    const int Signals = WatchedSignals();
+    if (Reason.empty()) {
+        cStreamer Streamer(Loop, Options, Used, gFile);
+        Reason = Streamer.OpenLine();
+        if (Reason.empty()) {
+            Loop.Watch(Signals, POLLIN, [&](short) { Streamer.Stop(); });
+            std::cout << "Streaming; Ctrl-C ends it." << std::endl;
+            std::cout << Streamer.Run() << std::endl;
+            return true;
+        }
+        Reason = "Can't open " +
+                 (Options.Terminal.empty() ? "port " + FormatNum(Options.Port, "0") : Options.Terminal) + " (" +
+                 Reason + ")";
+    }
+    MsgBox(Reason, TitleWarning);
+    return false;
 }
 
 int Run(const std::vector<std::string>& Words)
@@ -34,7 +76,8 @@ int Run(const std::vector<std::string>& Words)
         std::cout << (Options.WantsHelp ? SimHelp() : "skarvelin-sim " SKARVELIN_VERSION "\n") << std::flush;
         return Done;
     }
-    return Guard("The recording", [&] { return Record(Options); }) ? Done : Failed;
+    const auto Work = Options.Recording.empty() ? Stream : Record;
+    return Guard("The simulation", [&] { return Work(Options); }) ? Done : Failed;
 }
 } // namespace
 

@@ -1,0 +1,56 @@
+// The simulated logger on a live link: frames at their times, answers to commands, and cuts of the link.
+#pragma once
+
+#include "core/mGlobData.h"
+#include "sim/cLine.h"
+#include "sim/cLogger.h"
+#include "sim/mAnswers.h"
+#include "sim/mSimOptions.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+/// Streams by the options until the seconds are over or Stop is called. Simulated time begins when the link is first
+/// connected and goes on while nobody listens: what is sent then is lost.
+class cStreamer
+{
+public:
+    cStreamer(sEventLoop& EventLoop, const SimOptions& Options, const LoggerSettings& Used, const DataFile& File);
+
+    /// Opens the link. Gives an empty text, or why there is none.
+    std::string OpenLine();
+
+    /// Runs until the end. Gives a line that sums up what was done.
+    std::string Run();
+
+    void Stop() { Loop.Quit(); }
+
+private:
+    void Begin();
+    void SendDue();
+    void SendFrame();
+    void LoseFrame();
+    void Obey(const std::string& Text);
+    void SetFreq();
+    void Cut(int Patience);
+    void PlanCut();
+    void End(int Patience);
+    double SimulatedNow() const;
+
+    sEventLoop& Loop;
+    SimOptions Wanted;
+    LoggerSettings Used;
+    const DataFile& Session;
+    cLine Line;
+    LoggerMode Mode;
+    std::unique_ptr<cLogger> Logger;
+    std::vector<uint8_t> Bytes;
+    std::string Command; // as far as it has come
+    std::string SentBytes;
+    double StartTime = 0;   // simulated seconds on the logger's clock when it was made
+    int64_t StartMs = -1;   // the machine's clock when simulated time began; -1 before
+    bool IsCutting = false; // nothing more is sent, what was sent may still arrive
+    int64_t FramesSent = 0;
+    int64_t FramesLost = 0;
+};
