@@ -1,6 +1,10 @@
 // Present values of all channels: the surface and the window's keys.
 #include "calibration/fCheckChans.h"
 
+#include "acquisition/mComFast.h"
+#include "files/mDump.h"
+
+#include <QKeyEvent>
 #include <QVBoxLayout>
 
 fCheckChans::fCheckChans()
@@ -15,4 +19,25 @@ fCheckChans::fCheckChans()
         Chans.SetUpPoly();
         Chans.DrawGrid();
     };
+}
+
+void fCheckChans::keyPressEvent(QKeyEvent* Event)
+{
+    if (Event->key() == Qt::Key_Escape) {
+        CloseLink();
+        CloseDForms();
+    } else if (Event->key() == Qt::Key_Space) {
+        if (gLinkWatch.State() != cLinkWatch::eState::Closed)
+            CloseLink();
+        else if (OpenLink())
+            SendRun();
+    } else {
+        qDataWindow::keyPressEvent(Event);
+    }
+}
+
+void fCheckChans::closeEvent(QCloseEvent* Event)
+{
+    StopDump();
+    qDataWindow::closeEvent(Event);
 }

@@ -14,6 +14,10 @@ public:
     void DrawData() override { Chans.DrawData(); }
     void SetLive(bool Live) override { Chans.SetLive(Live); }
 
+protected:
+    void keyPressEvent(QKeyEvent* Event) override;
+    void closeEvent(QCloseEvent* Event) override;
+
 private:
     qSurface* Surface;
     cCheckChans Chans;

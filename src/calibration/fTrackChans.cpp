@@ -1,6 +1,11 @@
 // Traces of all channels: the surface and the window's keys.
 #include "calibration/fTrackChans.h"
 
+#include "acquisition/mComFast.h"
+#include "core/fCommands.h"
+#include "core/frmMain.h"
+
+#include <QKeyEvent>
 #include <QVBoxLayout>
 
 fTrackChans::fTrackChans()
@@ -15,4 +20,15 @@ fTrackChans::fTrackChans()
         Chans.SetUpPoly();
         Chans.DrawGrid();
     };
+}
+
+void fTrackChans::keyPressEvent(QKeyEvent* Event)
+{
+    auto* Main = dynamic_cast<frmMain*>(window());
+    if (Event->key() == Qt::Key_Escape)
+        CloseLink();
+    else if (Main && (Event->key() == Qt::Key_Return || Event->key() == Qt::Key_Enter))
+        DumpChannels(*Main);
+    else
+        qDataWindow::keyPressEvent(Event);
 }

@@ -13,6 +13,9 @@ public:
     void DrawData() override { Chans.DrawData(); }
     void SetLive(bool Live) override { Chans.SetLive(Live); }
 
+protected:
+    void keyPressEvent(QKeyEvent* Event) override;
+
 private:
     qSurface* Surface;
     cTrackChans Chans;

@@ -1,13 +1,60 @@
 // The commands of the main window.
 #include "core/fCommands.h"
 
+#include "acquisition/mComFast.h"
+#include "acquisition/mSampling.h"
+#include "calibration/fCheckChans.h"
+#include "calibration/fTrackChans.h"
 #include "core/frmMain.h"
+#include "core/mDataWindow.h"
 #include "core/mGlobData.h"
 #include "core/mHost.h"
+#include "files/mDump.h"
 #include "files/mTextIO.h"
 #include "platform/qt/qIcons.h"
 
 #include <QMessageBox>
+
+#include <algorithm>
+#include <filesystem>
+
+namespace {
+template <class Window>
+Window& ShowOne(frmMain& Main)
+{
+    for (cDataWindow* Open : LoadedWindows())
+        if (auto* Found = dynamic_cast<Window*>(Open); Found && Found->Tag == DataTag) return *Found;
+    auto* New = new Window;
+    Main.AddWindow(New);
+    return *New;
+}
+
+fCheckChans& ShowIndicators(frmMain& Main)
+{
+    fCheckChans& Check = ShowOne<fCheckChans>(Main);
+    ShowOne<fTrackChans>(Main);
+    Main.Tile(Qt::Vertical);
+    Check.setFocus();
+    return Check;
+}
+
+// A recording that is played wants a window to be seen in.
+void Play(frmMain& Main, const std::string& Path)
+{
+    StartReplay(Path);
+    if (!gReplaying) return;
+    const auto& Windows = LoadedWindows();
+    if (std::none_of(Windows.begin(), Windows.end(), [](const cDataWindow* Open) { return Open->Tag == DataTag; }))
+        ShowIndicators(Main);
+    UpdateStatus("Playing Sample from file " + std::filesystem::path(Path).filename().string());
+}
+
+void AskAndPlay(frmMain& Main, const char* Ext)
+{
+    const std::string Path = ExecComDlg("Raw File to Play", Ext, eFileMode::In, gCurDir);
+    if (!Path.empty()) Play(Main, Path);
+}
+} // namespace
 
 void FileOpen(frmMain& Main)
 {
@@ -24,6 +71,52 @@ void FileSave(frmMain&)
 void FileExit(frmMain& Main)
 {
     Main.close();
+}
+
+void CheckChannels(frmMain& Main)
+{
+    if (OpenLink()) SendRun();
+    ShowIndicators(Main);
+}
+
+void DumpChannels(frmMain& Main)
+{
+    if (gDumping) {
+        StopDump();
+        return UpdateStatus("The dump is closed");
+    }
+    const std::string Path = ExecComDlg("Dump to...", "txt", eFileMode::Out);
+    if (Path.empty()) return;
+    ShowIndicators(Main).SetDumpFN(Path);
+    StartDump(Path);
+}
+
+void LogChannels(frmMain&)
+{
+    StartLog();
+}
+
+void ReadLog(frmMain& Main)
+{
+    Play(Main, gRawFN);
+}
+
+void PlayRawRower(frmMain& Main)
+{
+    AskAndPlay(Main, "*");
+}
+
+void PlayRawCoach(frmMain& Main)
+{
+    AskAndPlay(Main, "qvn");
+}
+
+void ToggleLog(frmMain&)
+{
+    if (gLogging)
+        StopAll();
+    else
+        StartLog();
 }
 
 void ShowHelp(frmMain&)

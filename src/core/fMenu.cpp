@@ -19,7 +19,6 @@ constexpr const char* WithViews = "Comes with the data view";
 constexpr const char* WithCorrections = "Comes with the sample corrections";
 constexpr const char* WithPlay = "Comes with the play view";
 constexpr const char* WithVideo = "Comes with the video windows";
-constexpr const char* WithLink = "Comes with the live link";
 constexpr const char* NotUsed = "Not in use";
 
 constexpr MenuTitle Menus[] = {
@@ -49,14 +48,14 @@ constexpr MenuItem Items[] = {
     {"mnuSetUp", "mnuSetView4", "&Play View...", nullptr, nullptr, WithGrid},
     {"mnuSetUp", "mnuSetTargets", "&Targets", nullptr, nullptr, WithTargets},
 
-    {"mnuCalibrate", "mnuCalibrCheck", "&Check Channels", "F5", nullptr, WithLink},
+    {"mnuCalibrate", "mnuCalibrCheck", "&Check Channels", "F5", CheckChannels, nullptr},
     {"mnuCalibrate", "mnuCalibrDo", "&Do Calibration", nullptr, nullptr, WithCalibration},
     {"mnuCalibrate", "mnuCalibrReZero", "Re&Zero Channels...", nullptr, nullptr, WithReZero},
     {"mnuCalibrate", "mnuCalibrZeroCal", "Set Calib&Rator...", nullptr, nullptr, WithCalibration},
     {"mnuCalibrate", "mnuCalibrAnthro", "Anthropometry", nullptr, nullptr, WithVideo},
     {"mnuCalibrate", nullptr, nullptr, nullptr, nullptr, nullptr},
-    {"mnuCalibrate", "mnuCalibrLog", "&Log Channels", nullptr, nullptr, WithLink},
-    {"mnuCalibrate", "mnuCalibrReadLog", "&Read Log", nullptr, nullptr, WithLink},
+    {"mnuCalibrate", "mnuCalibrLog", "&Log Channels", "Ctrl+R", LogChannels, nullptr},
+    {"mnuCalibrate", "mnuCalibrReadLog", "&Read Log", nullptr, ReadLog, nullptr},
 
     {"mnuSample", "mnuSampleRower", "&Rower's Panel", nullptr, nullptr, WithPanels},
     {"mnuSample", "mnuSampleCatch", "&Catch Training", nullptr, nullptr, WithPanels},
@@ -70,8 +69,8 @@ constexpr MenuItem Items[] = {
     {"mnuView", "mnuViewTyp", "&Typical", nullptr, nullptr, WithGrid},
     {"mnuView", "mnuViewSwap", "Correct Vars", nullptr, nullptr, WithCorrections},
 
-    {"mnuPlay", "mnuPlayRawRower", "&Catch", nullptr, nullptr, WithLink},
-    {"mnuPlay", "mnuPlayRawCoach", "Simple", nullptr, nullptr, WithLink},
+    {"mnuPlay", "mnuPlayRawRower", "&Catch", nullptr, PlayRawRower, nullptr},
+    {"mnuPlay", "mnuPlayRawCoach", "Simple", nullptr, PlayRawCoach, nullptr},
     {"mnuPlay", "mnuPlayTypical", "Normalised", nullptr, nullptr, WithPlay},
     {"mnuPlay", "mnuPlayNorm", "Typical Data + &Video", nullptr, nullptr, WithVideo},
     {"mnuPlay", "mnuPlayLoad", "&Load and Play...", nullptr, nullptr, WithPlay},
@@ -107,7 +106,7 @@ constexpr ToolButton Buttons[] = {
     {"Boat Works", "Обнулить", "boat", "mnuSampleCoach", nullptr, nullptr},
     {"Erg Works", "Гребля", "erg", "mnuSampleRower", nullptr, nullptr},
     {"Play", "Воспроизв.", "play", "mnuPlayRawRower", nullptr, nullptr},
-    {"Log Data", "Запись", "record", nullptr, nullptr, WithLink},
+    {"Log Data", "Запись", "record", nullptr, ToggleLog, nullptr},
     {"Close", "Закрыть", "close", nullptr, [](frmMain&) { CloseDForms(); }, nullptr},
 };
 } // namespace

@@ -1,6 +1,8 @@
 // The main window's life: start, commands, arrangement of windows, end.
 #include "core/frmMain.h"
 
+#include "acquisition/mComFast.h"
+#include "acquisition/mSampling.h"
 #include "core/fMenu.h"
 #include "core/mDataWindow.h"
 #include "core/mGlobData.h"
@@ -16,16 +18,19 @@
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QMdiSubWindow>
 #include <QMimeData>
 #include <QRadioButton>
 #include <QScreen>
 #include <QStatusBar>
+#include <QStyle>
 #include <QToolBar>
 #include <QToolButton>
 
 namespace {
 constexpr int WatchEvery = 100; // ms
+const QColor AlarmColour(200, 0, 0);
 
 // The session file among the things dragged over the window, empty when there is none.
 QString SessionFile(const QMimeData* Things)
@@ -49,7 +54,7 @@ frmMain::frmMain(qStatus& InitStatus) : Status(InitStatus), Area(new qWorkArea(t
     BuildStatusBar();
     ShowTitle();
     Status.OnTitle = [this] { ShowTitle(); };
-    QObject::connect(&Watch, &QTimer::timeout, this, [] { CheckLive(); });
+    QObject::connect(&Watch, &QTimer::timeout, this, [this] { ShowLogging(); });
     Watch.start(WatchEvery);
 }
 
@@ -96,6 +101,22 @@ void frmMain::ShowBars()
 void frmMain::ShowTitle()
 {
     setWindowTitle(gFileTitle.empty() ? QString("Skarvelin") : Shown(gFileTitle) + " - Skarvelin");
+}
+
+// A recording may also end by itself: at the end of a replay, or on a full disk.
+void frmMain::ShowLogging()
+{
+    if (gLogging != IsLogShown) {
+        IsLogShown = gLogging;
+        auto* Button = findChild<QToolButton*>("cmdToolBar_6");
+        Button->setText(gLogging ? "Stop Log" : "Start Log");
+        Button->setIcon(gLogging ? DrawnIcon("stop", AlarmColour) : DrawnIcon("record", IconColour));
+    }
+    auto* Running = findChild<QLabel*>("sbStatusBar_2");
+    if (const bool Alarm = IsLogStarving(); Alarm != Running->property("alarm").toBool()) {
+        Running->setProperty("alarm", Alarm);
+        Running->style()->polish(Running);
+    }
 }
 
 void frmMain::AddWindow(QWidget* Window)
@@ -155,6 +176,9 @@ void frmMain::KeepPlace()
 
 void frmMain::closeEvent(QCloseEvent* Event)
 {
+    if (gLogging && !AskYesNo("A recording is running. Stop it and leave?", TitleWarning)) return Event->ignore();
+    StopAll();
+    CloseLink();
     CloseDForms();
     Area->closeAllSubWindows();
     KeepPlace();

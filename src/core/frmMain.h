@@ -51,10 +51,12 @@ private:
     void PlaceWindow();
     void KeepPlace();
     void ShowTitle();
+    void ShowLogging();
     QAction* Command(const char* Name) const;
     void Run(const QString& Caption, void (*Action)(frmMain&));
 
     qStatus& Status;
     QMdiArea* Area;
-    QTimer Watch; // tells data windows when frames have stopped
+    QTimer Watch; // looks whether a recording has begun, starves or has ended
+    bool IsLogShown = false;
 };

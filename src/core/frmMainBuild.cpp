@@ -21,7 +21,6 @@
 namespace {
 constexpr int RedButton = 4;
 constexpr QSize IconSize(28, 28);
-const QColor IconColour(20, 52, 92);
 
 QString WithoutMarks(QString Caption)
 {
@@ -85,6 +84,7 @@ void frmMain::BuildToolBar()
         QObject::connect(Button, &QToolButton::clicked, this, [this, &Item] {
             if (Item.Command) return Command(Item.Command)->trigger();
             Run(Item.Caption, Item.Action);
+            ShowLogging();
         });
         Bar->addWidget(Button);
         ++Number;

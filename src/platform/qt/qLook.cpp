@@ -40,6 +40,7 @@ QDialogButtonBox, QMessageBox, QInputDialog { dialogbuttonbox-buttons-have-icons
 QStatusBar { border-top: 1px solid #c4ccd4; }
 QStatusBar::item { border: 0; }
 QStatusBar QLabel { padding: 2px 8px; }
+QStatusBar QLabel[alarm="true"] { background: #d00000; color: white; font-weight: bold; }
 )";
 } // namespace
 

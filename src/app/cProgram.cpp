@@ -1,0 +1,41 @@
+// The order in which the desktop program comes up.
+#include "app/cProgram.h"
+
+#include "acquisition/mSampling.h"
+#include "core/fFolders.h"
+#include "core/mGlobData.h"
+#include "core/mHost.h"
+#include "core/mMain.h"
+#include "platform/qt/qIcons.h"
+#include "platform/qt/qLook.h"
+#include "platform/qt/qText.h"
+
+#include <QApplication>
+#include <QFileInfo>
+
+namespace {
+// Beside an unpacked program, in an installed one, or in the tree that it was built from.
+std::string DemoFolder()
+{
+    const QString Program = QApplication::applicationDirPath();
+    for (const QString& Folder : {Program + "/demo", Program + "/../share/skarvelin/demo", QString(SOURCE_DEMO)})
+        if (QFileInfo::exists(Folder + "/eight.txt")) return Plain(Folder);
+    return {};
+}
+} // namespace
+
+cProgram::cProgram(const std::string& SettingsPath) : Settings(SettingsPath)
+{
+    QApplication::setWindowIcon(ProgramIcon());
+    SetLook();
+    gHost = {&Dialogs, &Status, &Settings, &Clock, &SerialPort, &Socket};
+    InitSampling();
+    Window.emplace(Status);
+}
+
+void cProgram::Start(const std::string& Folder)
+{
+    if (!Window->Load(Folder)) OfferDemo(DemoFolder(), Folder);
+    if (!gCurFile.empty()) Guard("Opening the session", LoadCurrentFile);
+    Window->show();
+}
