@@ -98,7 +98,8 @@ void cCheckChans::TakeCounts()
 {
     for (int i = 1; i <= std::min<int>(mChanCnt, LastDataChan); ++i) {
         const auto Chan = static_cast<std::size_t>(i);
-        const int32_t X = Place(mXScale * gData[Chan]) + mLeft;
+        // A count beyond the scale stands beside the bar, where it can be seen.
+        const int32_t X = std::clamp(Place(mXScale * gData[Chan]) + mLeft, mLeft / 2, mWidth - mLeft / 2);
         mPoly[2 * Chan - 1].X = X;
         mPoly[2 * Chan].X = X;
     }

@@ -59,7 +59,9 @@ void cTrackChans::DrawData()
     const int32_t From = mPos < 2 ? 0 : ColumnX(mPos - 2) + 1;
     Surface.RestoreGround(From, 0, ColumnX(mPos) + 1, mHeight);
     for (int i = 1; i <= mChanCnt; ++i) {
-        TraceAt(mPos, i).Y = Place(mYScale * gData[static_cast<std::size_t>(i)]) + mTop;
+        // A count beyond the scale runs along outside the frame.
+        const int32_t Y = Place(mYScale * gData[static_cast<std::size_t>(i)]) + mTop;
+        TraceAt(mPos, i).Y = std::clamp(Y, mTop / 2, mHeight - mTop / 2);
         // Behind the last colour of the table the pen keeps the colour it has.
         const auto Colour = static_cast<std::size_t>(((i - 1) & 255) + 1);
         if (Colour < gRGB.size()) Surface.SetPen(gRGB[Colour], PenWidth);

@@ -34,7 +34,7 @@ fCheckChans& ShowIndicators(frmMain& Main)
     fCheckChans& Check = ShowOne<fCheckChans>(Main);
     ShowOne<fTrackChans>(Main);
     Main.Tile(Qt::Vertical);
-    Check.setFocus();
+    Main.Activate(Check);
     return Check;
 }
 

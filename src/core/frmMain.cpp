@@ -124,7 +124,14 @@ void frmMain::AddWindow(QWidget* Window)
     QMdiSubWindow* Frame = Area->addSubWindow(Window);
     Frame->setAttribute(Qt::WA_DeleteOnClose);
     Window->show();
-    Window->setFocus();
+    Activate(*Window);
+}
+
+void frmMain::Activate(QWidget& Window)
+{
+    for (QMdiSubWindow* Frame : Area->subWindowList())
+        if (Frame->widget() == &Window) Area->setActiveSubWindow(Frame);
+    Window.setFocus();
 }
 
 void frmMain::Cascade()

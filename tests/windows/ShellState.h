@@ -1,9 +1,12 @@
 // A main window on scripted dialogs, with its own folder and settings in memory.
 #pragma once
 
+#include "acquisition/mSampling.h"
 #include "core/frmMain.h"
 #include "core/mHost.h"
 #include "platform/qt/qClock.h"
+#include "platform/qt/qSerialPort.h"
+#include "platform/qt/qSocket.h"
 #include "platform/qt/qText.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempFolder.h"
@@ -18,12 +21,17 @@ struct ShellState : FreshState
     TempFolder Folder;
     qClock Clock;
     qStatus Panels;
+    qSerialPort SerialPort;
+    qSocket Socket;
     frmMain Main{Panels};
 
     ShellState()
     {
         gHost.Clock = &Clock;
         gHost.Status = &Panels;
+        gHost.SerialPort = &SerialPort;
+        gHost.Socket = &Socket;
+        InitSampling();
     }
 
     template <class Control>

@@ -1,0 +1,138 @@
+// Check, record and replay as a user does it, with a logger on a real connection.
+#include "ShellState.h"
+#include "calibration/fCheckChans.h"
+#include "calibration/fTrackChans.h"
+#include "core/mGlobData.h"
+#include "core/mIni.h"
+#include "core/mSettings.h"
+#include "files/mDump.h"
+#include "files/mSafeSave.h"
+
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QToolButton>
+
+namespace {
+// A frame of a slave with eight channels: sync, head, time in ms, seven bytes that nobody reads, channels, end.
+QByteArray MakeFrame(int Time, int Count)
+{
+    QByteArray Bytes("\x80\x00\x1c\x00", 4);
+    for (int i = 0; i < 5; ++i, Time /= 128)
+        Bytes.append(static_cast<char>(Time % 128));
+    Bytes.append(7, '\0');
+    for (int i = 0; i < 8; ++i)
+        Bytes.append(static_cast<char>(Count % 128)).append(static_cast<char>(Count / 128));
+    return Bytes.append('\0');
+}
+
+struct LiveState : ShellState
+{
+    QTcpServer Server;
+    QTcpSocket* Logger = nullptr;
+    QByteArray Sent;
+
+    LiveState()
+    {
+        REQUIRE(Server.listen(QHostAddress::LocalHost));
+        Settings.SaveSetting("General", "gConnection", "1");
+        Start("Link Port=" + std::to_string(Server.serverPort()) + "\n");
+        Main.resize(1024, 768);
+        gFile.Model = 67;
+        gFile.ChanCnt = 8;
+        gCurDir = Folder.Path("");
+        gFileTitle = "crew";
+        gCurFile = Folder.Path("crew.txt");
+        REQUIRE(SaveWhole(gCurFile, "Main\r\n"));
+    }
+    void Check()
+    {
+        Click("cmdToolBar_2");
+        REQUIRE(QTest::qWaitFor([&] { return Server.hasPendingConnections(); }, 2000));
+        Logger = Server.nextPendingConnection();
+        REQUIRE(QTest::qWaitFor([&] { return Logger->bytesAvailable() == 5; }, 2000));
+        CHECK(Logger->readAll() == "#RUN\r");
+    }
+    void Send(int From, int To)
+    {
+        for (int i = From; i <= To; ++i) {
+            const QByteArray Frame = MakeFrame(i * 40, i);
+            Logger->write(Frame);
+            Sent.append(Frame);
+        }
+        REQUIRE(QTest::qWaitFor([&] { return gData[8] == To; }, 2000));
+    }
+    static int Open()
+    {
+        int Count = 0;
+        for (const cDataWindow* Window : LoadedWindows())
+            Count += Window->Tag == DataTag ? 1 : 0;
+        return Count;
+    }
+};
+} // namespace
+
+TEST_CASE_FIXTURE(LiveState, "channels are checked, recorded byte for byte, and the record is replayed to its end")
+{
+    Check();
+    CHECK(Open() == 2);
+    Send(1, 20);
+    const QToolButton& Log = Find<QToolButton>("cmdToolBar_6");
+    CHECK(Log.text() == "Log Data");
+    Sent.clear();
+    Click("cmdToolBar_6");
+    CHECK(Dialogs.Told.back() == "Input Comment: Ready to start sample # 0 [Sample 00]");
+    CHECK(Log.text() == "Stop Log");
+    Send(21, 60);
+    Click("cmdToolBar_6");
+    CHECK(Log.text() == "Start Log");
+    CHECK(ReadWhole(Folder.Path("crew_000.qvn")) == Sent.toStdString());
+
+    Click("cmdToolBar_7");
+    CHECK(Open() == 0);
+    Dialogs.Files = {Folder.Path("crew_000.qvn")};
+    gData = {};
+    Choose("mnuPlayRawCoach");
+    CHECK(Open() == 2);
+    REQUIRE(QTest::qWaitFor([&] { return Open() == 0; }, 5000));
+    CHECK(gData[8] == 60);
+}
+
+TEST_CASE_FIXTURE(LiveState, "the keys of the indicators hold the link, dump what comes, and close everything")
+{
+    Check();
+    auto& Bars = Find<QWidget>("fCheckChans");
+    auto& Traces = Find<QWidget>("fTrackChans");
+    Dialogs.Files = {Folder.Path("dump.txt")};
+    QTest::keyClick(&Traces, Qt::Key_Return);
+    CHECK(Dialogs.Told.back() == "Dump to...: *.txt");
+    CHECK(gDumping);
+    Send(1, 1);
+    Send(2, 2);
+    CHECK(ReadWhole(Folder.Path("dump.txt"))->ends_with("\r\n1\t0.080\t2\t2\t2\t2\t2\t2\t2\t2\t\r\n"));
+
+    QTest::keyClick(&Bars, Qt::Key_Space);
+    CHECK(Socket.State() == eSocketState::Closed);
+    QTest::keyClick(&Bars, Qt::Key_Space);
+    CHECK(QTest::qWaitFor([&] { return Server.hasPendingConnections(); }, 2000));
+    CHECK(Open() == 2);
+    QTest::keyClick(&Bars, Qt::Key_Escape);
+    CHECK(Socket.State() == eSocketState::Closed);
+    CHECK(Open() == 0);
+    CHECK(!gDumping);
+}
+
+TEST_CASE_FIXTURE(LiveState, "the window does not close over a running recording unless told to")
+{
+    Check();
+    Send(1, 5);
+    Choose("mnuCalibrLog");
+    CHECK(gLogging);
+    Dialogs.AnswerYes = false;
+    Choose("mnuFileExit");
+    CHECK(Main.isVisible());
+    CHECK(gLogging);
+    Dialogs.AnswerYes = true;
+    Choose("mnuFileExit");
+    CHECK(!Main.isVisible());
+    CHECK(!gLogging);
+}
