@@ -7,6 +7,7 @@
 #include "core/mGlobData.h"
 #include "core/mHost.h"
 #include "core/mNumText.h"
+#include "files/mDump.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -77,7 +78,10 @@ bool PassFrame(FrameRoad Road, const Frame& Taken)
 {
     FrameSynced = DecodeFrame(Road, Taken);
     LogFrame(Taken.Bytes);
-    if (FrameSynced) gLinkWatch.FrameCame(gHost.Clock->Milliseconds());
+    if (FrameSynced) {
+        gLinkWatch.FrameCame(gHost.Clock->Milliseconds());
+        DumpFrame();
+    }
     return FrameSynced;
 }
 
@@ -230,6 +234,7 @@ void StopAll()
     if (gLogging) TakeRest();
     StopLog();
     StopReplay();
+    StopDump();
 }
 
 void BeginStream()

@@ -40,7 +40,7 @@ void SetReplayInterval(int Milliseconds);
 
 void StopReplay();
 
-/// Closes whichever of the raw log and the replay file is open.
+/// Closes whichever of the raw log, the replay file and the dump is open.
 void StopAll();
 
 /// A link was opened: what is left of the one before is no part of its stream.
