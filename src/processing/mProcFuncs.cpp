@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numeric>
 #include <utility>
 
@@ -23,23 +24,34 @@ double Dot(std::span<const double> X, std::span<const double> Y)
     return std::inner_product(X.begin(), X.end(), Y.begin(), 0.0);
 }
 
-// Divides the polynomial by its norm on the points. False when it vanishes there.
-bool Normalise(Ortho& Poly, std::span<const double> X)
+// Norm of a polynomial below which it is nothing but the rounding of the points.
+double RoundingNorm(std::span<const double> X)
 {
-    const double Norm = std::sqrt(Dot(Poly.P, Poly.P));
-    if (!(Norm > 0)) return false;
+    double Largest = 0;
+    for (const double Each : X)
+        Largest = std::max(Largest, std::fabs(Each));
+    return 64 * std::numeric_limits<double>::epsilon() * Largest;
+}
+
+double NormOf(const Ortho& Poly)
+{
+    return std::sqrt(Dot(Poly.P, Poly.P));
+}
+
+// Divides the polynomial by its norm on the points.
+void Normalise(Ortho& Poly, std::span<const double> X)
+{
+    Poly.Beta = NormOf(Poly);
     for (double& Each : Poly.P)
-        Each /= Norm;
+        Each /= Poly.Beta;
     for (double& Each : Poly.B)
-        Each /= Norm;
-    Poly.Beta = Norm;
+        Each /= Poly.Beta;
     Poly.Alpha = 0;
     for (std::size_t i = 0; i < X.size(); ++i)
         Poly.Alpha += X[i] * Poly.P[i] * Poly.P[i];
-    return true;
 }
 
-// The next polynomial: (x - alpha) p - beta q, normalised.
+// The next polynomial: (x - alpha) p - beta q, normalised. False when it vanishes on the points.
 bool Advance(Ortho& Poly, std::span<const double> X)
 {
     for (std::size_t i = 0; i < X.size(); ++i) {
@@ -50,7 +62,14 @@ bool Advance(Ortho& Poly, std::span<const double> X)
     for (std::size_t j = 0; j < Next.size(); ++j)
         Next[j] = (j > 0 ? Poly.B[j - 1] : 0) - Poly.Alpha * Poly.B[j] - Poly.Beta * Poly.BQ[j];
     Poly.BQ = std::exchange(Poly.B, std::move(Next));
-    return Normalise(Poly, X);
+    if (NormOf(Poly) <= RoundingNorm(X)) return false;
+    Normalise(Poly, X);
+    return true;
+}
+
+bool AreFinite(std::span<const double> Values)
+{
+    return std::ranges::all_of(Values, [](double Each) { return std::isfinite(Each); });
 }
 } // namespace
 
@@ -62,10 +81,11 @@ bool PolyFit(std::span<const double> X, std::span<const double> Y, int16_t& Degr
     Ortho Poly{std::vector<double>(X.size(), 1), std::vector<double>(X.size()), std::vector<double>(Count),
                std::vector<double>(Count)};
     Poly.B[0] = 1;
+    Normalise(Poly, X);
     std::vector<double> A(Count);
     std::vector<double> Rest(Y.begin(), Y.end()); // residuals
     for (std::size_t k = 0; k < Count; ++k) {
-        if (!(k == 0 ? Normalise(Poly, X) : Advance(Poly, X))) return false;
+        if (k > 0 && !Advance(Poly, X)) break;
         const double C = Dot(Poly.P, Y);
         for (std::size_t j = 0; j <= k; ++j)
             A[j] += Poly.B[j] * C;
@@ -73,8 +93,7 @@ bool PolyFit(std::span<const double> X, std::span<const double> Y, int16_t& Degr
             Rest[i] -= Poly.P[i] * C;
     }
     const double Squares = Dot(Rest, Rest);
-    if (!std::isfinite(Squares) || !std::all_of(A.begin(), A.end(), [](double Each) { return std::isfinite(Each); }))
-        return false;
+    if (!std::isfinite(Squares + Poly.Beta) || !AreFinite(A)) return false;
     Sigma = X.size() > 1 ? std::sqrt(Squares / static_cast<double>(X.size() - 1)) : 0;
     Degree = static_cast<int16_t>(Count);
     Coef = std::move(A);

@@ -1,0 +1,231 @@
+#include "processing/mRefTable.h"
+
+#include "core/mGlobData.h"
+#include "core/mNumText.h"
+#include "processing/mProcFuncs.h"
+#include "support/ScriptedDialogs.h"
+#include "support/TempFolder.h"
+
+#include <cmath>
+#include <doctest/doctest.h>
+#include <fstream>
+
+namespace {
+using Texts = std::vector<std::string>;
+
+const std::string Heads = "N\tCnt\tX\tY\r\n";
+
+// A program with the folder of a session.
+class Tables : public FreshState
+{
+public:
+    Tables()
+    {
+        gFile = DataFile{};
+        gCurDir = Folder.Path("");
+    }
+
+    std::string File(const std::string& Name, const std::string& Text)
+    {
+        std::ofstream(Folder.Path(Name), std::ios::binary) << Text;
+        return Folder.Path(Name);
+    }
+
+    // Makes a table of these rows the only one.
+    static void Use(const std::vector<double>& X, const std::vector<double>& Y)
+    {
+        gRefTabs.assign(2, {});
+        gRefCnt = 1;
+        gRefTabs[1].Cnt = static_cast<int16_t>(X.size() - 1);
+        std::copy(X.begin(), X.end(), gRefTabs[1].X.begin());
+        std::copy(Y.begin(), Y.end(), gRefTabs[1].Y.begin());
+    }
+
+    TempFolder Folder;
+};
+
+std::string Show(const RefTable& Table)
+{
+    std::string Text = FormatNum(Table.Cnt, "0") + " " + Table.Name;
+    for (std::size_t i = 0; i <= static_cast<std::size_t>(Table.Cnt); ++i)
+        Text +=
+            " | " + FormatShortest(Table.N[i]) + " " + FormatShortest(Table.X[i]) + " " + FormatShortest(Table.Y[i]);
+    return Text;
+}
+
+std::string Line(int Row)
+{
+    return FormatNum(Row, "0") + "\t1\t" + FormatNum(Row, "0.000") + "\t" + FormatNum(-Row, "0.000000") + "\t\r\n";
+}
+} // namespace
+
+TEST_CASE_FIXTURE(Tables, "a table file is read by the order of its lines, and a broken one as far as it holds")
+{
+    const std::string Title = "Reference Table\r\n";
+    const std::string Rows = "0\t5\t1.500\t-2.000000\r\n7\t6\t2.500\t-1.000000\t\r\n2\t0\t4.000\t0.500000";
+    struct
+    {
+        std::string Text;
+        const char* Table; // null: told as no table
+    } const Files[] = {
+        {Title + "02\tS1\t\r\n" + Heads + Rows, "2 S1 | 5 1.5 -2 | 6 2.5 -1 | 0 4 0.5"},
+        {"any\n01\tS1\nN\n" + Rows, "1 S1 | 5 1.5 -2 | 6 2.5 -1"},
+        {Title + "40000\t\r\n" + Heads + Rows, "2  | 5 1.5 -2 | 6 2.5 -1 | 0 4 0.5"},
+        {Title + "-3\tS1\t\r\n" + Heads + Rows, "0 S1 | 5 1.5 -2"},
+        {Title + "02\tS1\t\r\n" + Heads + "0\t5\tx\t1\r\n\r\n" + Rows, "2 S1 | 5 1.5 -2 | 6 2.5 -1 | 0 4 0.5"},
+        {Title + "02\tS1\t\r\n" + Heads + "0\t5\t1.500\t-2.0\r\n1\t6\t2.5", "0 S1 | 5 1.5 -2"},
+        {Title + "02\tS1\t\r\n" + Heads, nullptr},
+        {Title + "S1\t\r\n" + Heads + Rows, nullptr},
+        {"Reference", nullptr},
+        {"", nullptr},
+    };
+    gRefCnt = 3;
+    for (const auto& Each : Files) {
+        CAPTURE(Each.Text);
+        Dialogs.Told.clear();
+        RefTable Table;
+        Table.Name = "before";
+        const std::string Path = File("S1.ref", Each.Text);
+        CHECK(ReadRefTable(Path, Table) == (Each.Table ? 3 : 0));
+        CHECK(Show(Table) == (Each.Table ? Each.Table : "0 before | 0 0 0"));
+        CHECK(Dialogs.Told == (Each.Table ? Texts{} : Texts{"Error: Can't open reference table: " + Path}));
+    }
+    std::string Long = Title + "255\tS1\t\r\n" + Heads;
+    for (int Row = 0; Row < 300; ++Row)
+        Long += Line(Row);
+    RefTable Table;
+    ReadRefTable(File("S1.ref", Long), Table);
+    CHECK(Table.Cnt == 255);
+    CHECK(Table.Y[255] == -255);
+}
+
+TEST_CASE_FIXTURE(Tables, "each channel with a table gets its number, also behind one that cannot be read")
+{
+    gFile.Calibr.Resize(4);
+    for (const int Chan : {1, 3, 4}) {
+        gFile.Calibr[Chan].ProcMode = 4;
+        gFile.Calibr[Chan].Threshold = 1;
+        gFile.Calibr[Chan].SensorID = Chan == 3 ? "lost" : "S" + FormatNum(Chan, "0");
+        File("S" + FormatNum(Chan, "0") + ".ref",
+             "Reference Table\n01\tS\t\n\n0\t0\t0\t0\n1\t0\t10\t" + FormatNum(Chan, "0") + "\n");
+    }
+    LoadRefTables();
+    LoadRefTables();
+    CHECK(gRefCnt == 3);
+    CHECK(Dialogs.Told == Texts(2, "Error: Can't open reference table: " + Folder.Path("lost.ref")));
+    CHECK(gFile.Calibr[1].Threshold == 1);
+    CHECK(gFile.Calibr[1].RefTabFN == "S1");
+    CHECK(gFile.Calibr[3].Threshold == 1);
+    CHECK(gFile.Calibr[3].RefTabFN == "");
+    CHECK(gFile.Calibr[4].Threshold == 3);
+    double Prev = 0;
+    CHECK(CalcPhysVal(1, 5, Prev) == 0.5);
+    CHECK(CalcPhysVal(4, 5, Prev) == 2);
+    for (const double Number : {0.0, -1.0, 4.0, 1e300, std::nan("")}) {
+        gFile.Calibr[4].Threshold = Number;
+        CHECK(CalcPhysVal(4, 5, Prev) == 0);
+    }
+}
+
+TEST_CASE_FIXTURE(Tables, "a value between the rows is interpolated, rising or falling; the last input itself gives 0")
+{
+    Use({1, 2, 4, 4, 8}, {10, 20, 30, 50, 70});
+    const std::vector<std::pair<double, double>> Rising = {{1, 10}, {1.5, 15}, {2, 20}, {3, 25},
+                                                           {4, 50}, {6, 60},   {8, 0}};
+    for (const auto& [V, Y] : Rising)
+        CHECK(RefLookup(1, V) == Y);
+    Use({8, 4, 2, 1}, {70, 30, 20, 10});
+    const std::vector<std::pair<double, double>> Falling = {{7, 60}, {4, 30}, {3, 25}, {1.5, 15}, {1, 10}, {8, 0}};
+    for (const auto& [V, Y] : Falling)
+        CHECK(RefLookup(1, V) == Y);
+}
+
+TEST_CASE_FIXTURE(Tables, "beyond its ends a table goes on as the cubic of its last seven rows")
+{
+    // A cubic at either end, with other rows between that must not count.
+    const auto Low = [](double X) { return 2 - X + 0.5 * X * X - 0.125 * X * X * X; };
+    const auto High = [](double X) { return -1 + 3 * X - 0.25 * X * X; };
+    std::vector<double> X;
+    std::vector<double> Y;
+    for (int i = 0; i < 20; ++i) {
+        X.push_back(i * 0.75);
+        Y.push_back(i < 7 ? Low(X.back()) : i < 13 ? 1000 : High(X.back()));
+    }
+    Use(X, Y);
+    CHECK(RefLookup(1, -2) == doctest::Approx(Low(-2)).epsilon(1e-9));
+    CHECK(RefLookup(1, 16) == doctest::Approx(High(16)).epsilon(1e-9));
+    std::reverse(X.begin(), X.end());
+    std::reverse(Y.begin(), Y.end());
+    Use(X, Y);
+    CHECK(RefLookup(1, -2) == doctest::Approx(Low(-2)).epsilon(1e-9));
+    CHECK(RefLookup(1, 16) == doctest::Approx(High(16)).epsilon(1e-9));
+    // Six rows are too few; seven of one input have no slope.
+    Use({0, 1, 2, 3, 4, 5}, {1, 1, 1, 1, 1, 1});
+    CHECK(RefLookup(1, 6) == 0);
+    Use({0, 0, 0, 0, 0, 0, 0, 1}, {1, 2, 3, 4, 5, 6, 7, 8});
+    CHECK(RefLookup(1, -1) == doctest::Approx(4).epsilon(1e-12));
+}
+
+TEST_CASE("a fit through points gives their polynomial and the spread around it")
+{
+    std::vector<double> X = {-3, -1, 0, 2, 5, 6};
+    std::vector<double> Y;
+    for (const double Each : X)
+        Y.push_back(4 - 3 * Each + 0.5 * Each * Each * Each);
+    int16_t Degree = 3;
+    double Sigma = -1;
+    std::vector<double> Coef;
+    CHECK(PolyFit(X, Y, Degree, Sigma, Coef));
+    CHECK(Degree == 4);
+    const double Known[] = {4, -3, 0, 0.5};
+    for (std::size_t i = 0; i < 4; ++i)
+        CHECK(Coef[i] == doctest::Approx(Known[i]).epsilon(1e-12));
+    CHECK(Sigma < 1e-12);
+
+    // By hand: 1.76 + 0.36 x leaves -0.76, 0.88, 0.52 and -0.64. The divisor is n - 1 for every degree.
+    X = {0, 1, 2, 3};
+    Y = {1, 3, 3, 2.2};
+    Degree = 1;
+    CHECK(PolyFit(X, Y, Degree, Sigma, Coef));
+    CHECK(Coef[0] == doctest::Approx(1.76).epsilon(1e-12));
+    CHECK(Coef[1] == doctest::Approx(0.36).epsilon(1e-12));
+    CHECK(Sigma == doctest::Approx(std::sqrt(2.032 / 3)).epsilon(1e-12));
+    CHECK(PolyVal(Coef, 2) == doctest::Approx(2.48).epsilon(1e-12));
+
+    Degree = 0;
+    CHECK(PolyFit(std::vector<double>{3}, std::vector<double>{7}, Degree, Sigma, Coef));
+    CHECK(Sigma == 0);
+    CHECK(Coef == std::vector<double>{7});
+    CHECK(PolyVal(Coef, 2) == 0); // only degrees 1 to 3 are evaluated
+}
+
+TEST_CASE("points that determine a lower degree only give that one, and none at all change nothing")
+{
+    struct
+    {
+        std::vector<double> X, Y, Coef; // no coefficients: refused
+        double Sigma;
+    } const Fits[] = {
+        {{2, 2, 2}, {1, 2, 6}, {3, 0, 0}, std::sqrt(7)},
+        {{1.1, 2.3}, {3.2, 5.6}, {1, 2, 0}, 0},
+        {{1e16}, {4}, {4, 0, 0}, 0},
+        {{}, {}, {}, 0},
+        {{1, 2}, {1}, {}, 0},
+        {{-1e308, 0, 1e308}, {1, 2, 3}, {}, 0},
+        {{0, std::nan(""), 1, 3}, {1, 2, 3, 4}, {}, 0},
+        {{0, 1, 2, 3}, {1, 2, std::nan(""), 4}, {}, 0},
+    };
+    for (const auto& Each : Fits) {
+        CAPTURE(Each.X.size());
+        int16_t Degree = 2;
+        double Sigma = 5;
+        std::vector<double> Coef = {9};
+        CHECK(PolyFit(Each.X, Each.Y, Degree, Sigma, Coef) == !Each.Coef.empty());
+        CHECK(Degree == (Each.Coef.empty() ? 2 : 3));
+        CHECK(Sigma == doctest::Approx(Each.Coef.empty() ? 5 : Each.Sigma).epsilon(1e-12));
+        const auto Expected = Each.Coef.empty() ? std::vector<double>{9} : Each.Coef;
+        REQUIRE(Coef.size() == Expected.size());
+        for (std::size_t i = 0; i < Coef.size(); ++i)
+            CHECK(Coef[i] == doctest::Approx(Expected[i]).epsilon(1e-12));
+    }
+}
