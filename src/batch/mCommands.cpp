@@ -65,6 +65,17 @@ std::span<const Command> AllCommands()
          3,
          {{"--panel", ArgKind::Choice, "rower"}},
          DoLive},
+        {"record",
+         "SESSION --serial DEVICE | --tcp HOST:PORT --out FILE --seconds N",
+         "records what the logger sends; 0 seconds: until Ctrl-C. A FILE that exists is replaced when frames come",
+         1,
+         1,
+         {{"--serial", ArgKind::Text, "DEVICE"},
+          {"--tcp", ArgKind::Text, "HOST:PORT"},
+          {"--out", ArgKind::Text, "FILE"},
+          {"--seconds", ArgKind::Real, "N"}},
+         DoRecord,
+         RecordObjection},
         {"info", "SESSION", "prints a summary of a session data file in JSON", 1, 1, {}, DoInfo},
     };
     return Table;

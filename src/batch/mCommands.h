@@ -16,6 +16,7 @@ struct Command
     std::size_t MaxFiles; // 0: any number from MinFiles on
     std::vector<Option> Options;
     bool (*Run)(const Args& Line);
+    std::string (*Objection)(const Args& Line) = nullptr; // what is wrong with the line as a whole, empty when nothing
 };
 
 /// The program's dialogs: a command gives the answers that its line tells.
@@ -47,3 +48,7 @@ bool DoProcess(const Args& Line);
 // Derived variables.
 bool DoDerive(const Args& Line);
 bool DoLive(const Args& Line);
+
+// Recording.
+bool DoRecord(const Args& Line);
+std::string RecordObjection(const Args& Line);

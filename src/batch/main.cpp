@@ -76,6 +76,8 @@ int RunCommand(const Command& Each, const std::vector<std::string>& Words)
         return Misused("too few words behind " + std::string(Each.Name), UsageOf(Each));
     if (Each.MaxFiles != 0 && Line.Files.size() > Each.MaxFiles)
         return Misused("too many words behind " + std::string(Each.Name), UsageOf(Each));
+    if (const std::string Wrong = Each.Objection ? Each.Objection(Line) : ""; !Wrong.empty())
+        return Misused(Wrong, UsageOf(Each));
     LoadSettings();
     const bool Success = Guard(Each.Name, [&] { return Each.Run(Line); });
     return Success ? Done : Failed;
