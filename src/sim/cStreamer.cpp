@@ -8,8 +8,9 @@
 #include <cmath>
 
 namespace {
-constexpr int CutMs = 1000;      // how long the link stays away
-constexpr int DrainMs = 200;     // how long a cut waits for what was sent
+constexpr int CutMs = 1000; // how long the link stays away
+constexpr int LookMs = 5;   // between two looks whether everything has arrived
+constexpr int MostLooks = 40;
 constexpr double LongestLag = 2; // s that a listener may lag behind
 constexpr int LongestNap = 20;   // ms between two looks at what is due
 constexpr double MsPerSecond = 1000;
@@ -65,7 +66,7 @@ void cStreamer::SendDue()
     while (StartTime + Logger->Time() <= Now - LongestLag * Wanted.Speed)
         LoseFrame();
     if (Wanted.Seconds > 0 && StartTime + Logger->Time() >= Wanted.Seconds) {
-        End(DrainMs);
+        Drain(MostLooks, [this] { Stop(); });
         return;
     }
     const double Nap = std::ceil((StartTime + Logger->Time() - SimulatedNow()) / Wanted.Speed * MsPerSecond);
@@ -74,7 +75,7 @@ void cStreamer::SendDue()
 
 void cStreamer::SendFrame()
 {
-    if (!Line.IsConnected() || IsCutting) {
+    if (!Line.IsConnected() || IsDraining) {
         LoseFrame();
         return;
     }
@@ -116,31 +117,30 @@ void cStreamer::SetFreq()
     Logger = std::make_unique<cLogger>(Session, Used);
 }
 
-// The last frame is left to arrive.
-void cStreamer::End(int Patience)
+// Sends no more and calls Then when what was sent has been taken, or nobody takes it. The system moves bytes along a
+// terminal in its own time, so the first look is not taken at once.
+void cStreamer::Drain(int Looks, const std::function<void()>& Then)
 {
-    if (Patience > 0 && !Line.IsDrained())
-        Loop.StartOnce(1, [this, Patience] { End(Patience - 1); });
-    else
-        Stop();
+    IsDraining = true;
+    Loop.StartOnce(LookMs, [this, Looks, Then] {
+        if (Looks > 0 && !Line.IsDrained())
+            Drain(Looks - 1, Then);
+        else
+            Then();
+    });
 }
 
 void cStreamer::PlanCut()
 {
-    if (Wanted.Cut > 0) Loop.StartOnce(static_cast<int>(Wanted.Cut * MsPerSecond), [this] { Cut(DrainMs); });
+    if (Wanted.Cut > 0)
+        Loop.StartOnce(static_cast<int>(Wanted.Cut * MsPerSecond), [this] { Drain(MostLooks, [this] { Cut(); }); });
 }
 
-// What was sent is left to arrive first: it can then be told to the byte what a recording must hold.
-void cStreamer::Cut(int Patience)
+void cStreamer::Cut()
 {
-    IsCutting = true;
-    if (Patience > 0 && !Line.IsDrained()) {
-        Loop.StartOnce(1, [this, Patience] { Cut(Patience - 1); });
-        return;
-    }
     Line.Close();
     Loop.StartOnce(CutMs, [this] {
-        IsCutting = false;
+        IsDraining = false;
         OpenLine();
         PlanCut();
     });

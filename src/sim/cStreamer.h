@@ -33,9 +33,9 @@ private:
     void LoseFrame();
     void Obey(const std::string& Text);
     void SetFreq();
-    void Cut(int Patience);
+    void Drain(int Looks, const std::function<void()>& Then);
     void PlanCut();
-    void End(int Patience);
+    void Cut();
     double SimulatedNow() const;
 
     sEventLoop& Loop;
@@ -48,9 +48,9 @@ private:
     std::vector<uint8_t> Bytes;
     std::string Command; // as far as it has come
     std::string SentBytes;
-    double StartTime = 0;   // simulated seconds on the logger's clock when it was made
-    int64_t StartMs = -1;   // the machine's clock when simulated time began; -1 before
-    bool IsCutting = false; // nothing more is sent, what was sent may still arrive
+    double StartTime = 0;    // simulated seconds on the logger's clock when it was made
+    int64_t StartMs = -1;    // the machine's clock when simulated time began; -1 before
+    bool IsDraining = false; // nothing more is sent, what was sent may still arrive
     int64_t FramesSent = 0;
     int64_t FramesLost = 0;
 };
