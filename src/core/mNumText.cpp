@@ -10,6 +10,7 @@
 namespace {
 // Room for the longest double in fixed form: 309 whole digits, sign, point and the decimals.
 constexpr std::size_t FixedRoom = 400;
+constexpr int MostWhole = 300; // whole digits that a pattern can ask for
 
 constexpr std::array<double, 5> Magnitudes = {1, 10, 100, 1000, 10000};
 
@@ -24,6 +25,37 @@ std::string ToText(double X, std::chars_format Form, int Precision)
     std::array<char, FixedRoom> Room;
     const auto End = std::to_chars(Room.data(), Room.data() + Room.size(), X, Form, Precision).ptr;
     return {Room.data(), End};
+}
+
+// |X| times 10 to the Decimals, rounded to a whole number, a tie to the even one: the digits of X in fixed form, found
+// several times faster than by the library. Nothing where a double no longer holds every half.
+std::optional<uint64_t> ScaledDigits(double X, int Decimals)
+{
+    constexpr std::array<double, 10> Powers = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9};
+    constexpr double HalvesEnd = 4503599627370496.0; // 2 to the 52
+    if (Decimals < 0 || static_cast<std::size_t>(Decimals) >= Powers.size()) return {};
+    const double Power = Powers[static_cast<std::size_t>(Decimals)];
+    const double Product = std::fabs(X) * Power;
+    if (!(Product < HalvesEnd)) return {};
+    auto Digits = static_cast<int64_t>(Product);
+    const double Rest = Product - static_cast<double>(Digits);
+    if (Rest == 0.5) {
+        // The product was rounded itself: what that took away or added decides which side of the half X lies on.
+        const double Lost = std::fma(std::fabs(X), Power, -Product);
+        if (Lost > 0 || (Lost == 0 && Digits % 2 != 0)) ++Digits;
+    } else if (Rest > 0.5)
+        ++Digits;
+    return static_cast<uint64_t>(Digits);
+}
+
+// Takes the last Count digits off Digits and writes them ahead of End; gives the first one written.
+char* WriteDigits(char* End, uint64_t& Digits, int Count)
+{
+    for (; Count > 0; --Count) {
+        *--End = static_cast<char>('0' + Digits % 10);
+        Digits /= 10;
+    }
+    return End;
 }
 
 template <class Number>
@@ -65,13 +97,22 @@ double RoundHalfEven(double X)
 void AppendFixed(std::string& Line, double X, int Decimals, int Whole)
 {
     std::array<char, FixedRoom> Room;
+    if (auto Digits = ScaledDigits(X, Decimals)) {
+        char* const End = Room.data() + Room.size();
+        char* First = WriteDigits(End, *Digits, Decimals);
+        if (Decimals > 0) *--First = '.';
+        First = WriteDigits(First, *Digits, std::clamp(Whole, 1, MostWhole));
+        while (*Digits > 0)
+            First = WriteDigits(First, *Digits, 1);
+        if (std::signbit(X)) *--First = '-';
+        Line.append(First, End);
+        return;
+    }
     const char* First = Room.data();
     const char* End = std::to_chars(Room.data(), Room.data() + Room.size(), X, std::chars_format::fixed, Decimals).ptr;
-    if (Whole > 1) {
-        if (*First == '-') Line += *First++;
-        const auto Digits = std::find(First, End, '.') - First;
-        if (Digits < Whole) Line.append(static_cast<std::size_t>(Whole - Digits), '0');
-    }
+    if (*First == '-') Line += *First++;
+    const auto Digits = std::find(First, End, '.') - First;
+    if (Digits < Whole) Line.append(static_cast<std::size_t>(Whole - Digits), '0');
     Line.append(First, End);
 }
 
