@@ -342,7 +342,12 @@ void StoreText(bool& Value, const FieldFormat&, std::string_view Words)
 
 void AppendText(std::string& Line, const FieldFormat&, const std::string& Value)
 {
+    const std::size_t Start = Line.size();
     Line += Value;
+    // A tab or a line's end within a text would shift the fields behind it.
+    std::replace_if(
+        Line.begin() + static_cast<std::ptrdiff_t>(Start), Line.end(),
+        [](char C) { return C == '\t' || C == '\r' || C == '\n'; }, ' ');
 }
 
 void AppendText(std::string& Line, const FieldFormat& How, double Value)

@@ -50,21 +50,23 @@ const CodePage& LegacyPage()
 
 bool IsAscii(std::string_view Text)
 {
-    return std::all_of(Text.begin(), Text.end(), [](char C) { return static_cast<unsigned char>(C) < 128; });
+    unsigned Bits = 0;
+    for (const char C : Text)
+        Bits |= static_cast<unsigned char>(C);
+    return Bits < 128;
 }
 
 // Takes the next character off UTF-8 text; nothing when the text is not valid there.
 std::optional<char32_t> TakeCharacter(std::string_view& Text)
 {
     const auto Lead = static_cast<unsigned char>(Text.front());
-    const std::size_t Length = Lead < 0x80   ? 1
-                               : Lead < 0xC2 ? 0
-                               : Lead < 0xE0 ? 2
-                               : Lead < 0xF0 ? 3
-                               : Lead < 0xF5 ? 4
-                                             : 0;
+    if (Lead < 128) {
+        Text.remove_prefix(1);
+        return Lead;
+    }
+    const std::size_t Length = Lead < 0xC2 ? 0 : Lead < 0xE0 ? 2 : Lead < 0xF0 ? 3 : Lead < 0xF5 ? 4 : 0;
     if (Length == 0 || Length > Text.size()) return {};
-    char32_t Character = Length == 1 ? Lead : Lead & (0x7FU >> Length);
+    char32_t Character = Lead & (0x7FU >> Length);
     for (std::size_t i = 1; i < Length; ++i) {
         const auto Byte = static_cast<unsigned char>(Text[i]);
         if ((Byte & 0xC0U) != 0x80) return {};
@@ -95,42 +97,18 @@ void AppendUtf8(std::string& Text, char16_t Character)
     Text += static_cast<char>(0x80U | (Character & 0x3FU));
 }
 
-std::optional<std::string> ToLegacy(std::string_view Text)
+// Takes a byte that is no part of a character; it stands for what it is in the legacy code page.
+char TakeStray(std::string_view& Text)
 {
-    const CodePage& Page = LegacyPage();
-    std::string Bytes;
-    Bytes.reserve(Text.size());
-    while (!Text.empty()) {
-        const auto Character = TakeCharacter(Text);
-        if (!Character) return {};
-        if (*Character < 128) {
-            Bytes += static_cast<char>(*Character);
-            continue;
-        }
-        const auto Found = std::find(Page.begin(), Page.end(), *Character);
-        if (Found == Page.end()) return {};
-        Bytes += static_cast<char>(128 + (Found - Page.begin()));
-    }
-    return Bytes;
+    const char Byte = Text.front();
+    Text.remove_prefix(1);
+    return Byte;
 }
-} // namespace
 
-std::string DecodeText(std::string_view Bytes, TextEncoding& Encoding)
+// Bytes of the legacy code page as UTF-8.
+void AppendLegacy(std::string& Text, std::string_view Bytes)
 {
-    constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
-    if (IsAscii(Bytes)) {
-        Encoding = TextEncoding::Ascii;
-        return std::string(Bytes);
-    }
-    if (IsUtf8(Bytes)) {
-        Encoding = TextEncoding::Utf8;
-        if (Bytes.starts_with(ByteOrderMark)) Bytes.remove_prefix(ByteOrderMark.size());
-        return std::string(Bytes);
-    }
-    Encoding = TextEncoding::Legacy;
     const CodePage& Page = LegacyPage();
-    std::string Text;
-    Text.reserve(Bytes.size() + Bytes.size() / 8);
     for (const char C : Bytes) {
         const auto Byte = static_cast<unsigned char>(C);
         if (Byte < 128)
@@ -138,11 +116,67 @@ std::string DecodeText(std::string_view Bytes, TextEncoding& Encoding)
         else
             AppendUtf8(Text, Page[Byte - 128U]);
     }
+}
+
+// Nothing when a character is not in the page.
+std::optional<std::string> ToLegacy(std::string_view Text)
+{
+    const CodePage& Page = LegacyPage();
+    std::string Bytes;
+    Bytes.reserve(Text.size());
+    while (!Text.empty()) {
+        const auto Character = TakeCharacter(Text);
+        if (!Character) {
+            Bytes += TakeStray(Text);
+            continue;
+        }
+        const auto Found = *Character < 128 ? Page.end() : std::find(Page.begin(), Page.end(), *Character);
+        if (*Character >= 128 && Found == Page.end()) return {};
+        Bytes += static_cast<char>(*Character < 128 ? *Character : 128U + static_cast<unsigned>(Found - Page.begin()));
+    }
+    return Bytes;
+}
+
+// Text with its stray bytes made characters.
+std::string ToUtf8(std::string_view Text)
+{
+    std::string Whole;
+    Whole.reserve(Text.size());
+    while (!Text.empty()) {
+        const std::string_view Rest = Text;
+        if (TakeCharacter(Text))
+            Whole += Rest.substr(0, Rest.size() - Text.size());
+        else
+            AppendLegacy(Whole, std::string(1, TakeStray(Text)));
+    }
+    return Whole;
+}
+} // namespace
+
+std::string DecodeText(std::string Bytes, TextEncoding& Encoding)
+{
+    constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+    Encoding = TextEncoding::Ascii;
+    if (IsAscii(Bytes)) return Bytes;
+    Encoding = TextEncoding::Utf8;
+    if (IsUtf8(Bytes)) {
+        if (Bytes.starts_with(ByteOrderMark)) Bytes.erase(0, ByteOrderMark.size());
+        return Bytes;
+    }
+    Encoding = TextEncoding::Legacy;
+    std::string Text;
+    Text.reserve(Bytes.size() + Bytes.size() / 8);
+    AppendLegacy(Text, Bytes);
     return Text;
 }
 
-std::string EncodeText(std::string_view Text, TextEncoding Encoding)
+std::string EncodeText(std::string Text, TextEncoding Encoding)
 {
-    if (Encoding == TextEncoding::Utf8 || IsAscii(Text)) return std::string(Text);
-    return ToLegacy(Text).value_or(std::string(Text));
+    if (IsAscii(Text)) return Text;
+    if (Encoding != TextEncoding::Utf8) {
+        auto Bytes = ToLegacy(Text);
+        // Bytes that happen to be valid UTF-8 would be read as other characters.
+        if (Bytes && !IsUtf8(*Bytes)) return std::move(*Bytes);
+    }
+    return IsUtf8(Text) ? Text : ToUtf8(Text);
 }

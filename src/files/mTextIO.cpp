@@ -11,6 +11,7 @@
 #include "files/mTextVideo.h"
 #include "processing/mRefTable.h"
 
+#include <algorithm>
 #include <filesystem>
 
 namespace {
@@ -25,31 +26,25 @@ void NameSession(RowArray<Row>& Rows)
 void ReadCrew(LineReader& Lines, RowArray<CrewRow>& Rows)
 {
     constexpr std::size_t BeforeWeight = 5;
-    LineFields Cells;
-    Rows.Clear();
-    for (std::string_view Line; Lines.TakeRow(Line);) {
-        Cells.Cut(Line);
+    ReadRows(Lines, Rows, [](CrewRow& Row, LineFields& Cells) {
         if (Cells.Closed.size() == BeforeWeight) Cells.Closed.push_back(Cells.Open);
-        SetFields<CrewRow>(Rows.Grow(), CrewFields(), Cells.Closed);
-    }
+        SetFields(Row, CrewFields(), Cells.Closed);
+    });
     NameSession(Rows);
 }
 
 // The oldest files name the session ahead of each channel.
 void ReadCalibr(LineReader& Lines, DataFile& File)
 {
-    LineFields Cells;
-    File.Calibr.Clear();
-    for (std::string_view Line; Lines.TakeRow(Line);) {
-        Cells.Cut(Line);
+    int16_t Chan = 0;
+    ReadRows(Lines, File.Calibr, [&](CalibrRow& Row, const LineFields& Cells) {
         const std::size_t Skipped = File.Model == 0 && !Cells.Closed.empty() ? 1 : 0;
-        CalibrRow& Row = File.Calibr.Grow();
         SetFields<CalibrRow>(Row, CalibrFields(), std::span(Cells.Closed).subspan(Skipped));
-        Row.Chan = ToInt16(File.Calibr.UBound());
-    }
+        Row.Chan = ++Chan;
+    });
     NameSession(File.Calibr);
-    File.ChanCnt = ToInt16(File.Calibr.UBound());
-    LoadRefTables();
+    File.ChanCnt = Chan;
+    if (IsOpenFile(File)) LoadRefTables();
 }
 
 void ReadBoat(LineReader& Lines, RowArray<BoatRow>& Rows)
@@ -67,44 +62,69 @@ void ReadDesc(LineReader& Lines, RowArray<DescRow>& Rows)
 void ReadView1(LineReader& Lines, DataFile& File)
 {
     ReadSplitRows(Lines, ViewFields(), File.View1);
-    File.View1Cnt = ToInt16(File.View1.UBound());
+    File.View1Cnt = static_cast<int16_t>(File.View1.UBound());
 }
+
+enum class Kind
+{
+    OfFile,
+    OfSamples, // left out by the filter Non
+    OfVideo    // tables outside the record: a file that is only looked into leaves them alone
+};
 
 struct Section
 {
     std::string_view Keyword;
-    bool IsOfSamples; // left out by the filter Non
+    Kind Belongs;
     void (*Read)(LineReader& Lines, DataFile& File);
 };
 
 constexpr Section Sections[] = {
-    {"Main", false, ReadMain},
-    {"Sess", false, ReadSess},
-    {"Crew", false, [](LineReader& Lines, DataFile& File) { ReadCrew(Lines, File.Crew); }},
-    {"Calibr", false, ReadCalibr},
-    {"View1", false, ReadView1},
-    {"View3", false, [](LineReader& Lines, DataFile& File) { ReadSplitRows(Lines, ViewFields(), File.View3); }},
-    {"View4", false, [](LineReader& Lines, DataFile& File) { ReadSplitRows(Lines, ViewFields(), File.View4); }},
-    {"Boat", false, [](LineReader& Lines, DataFile& File) { ReadBoat(Lines, File.Boat); }},
-    {"Desc", true, [](LineReader& Lines, DataFile& File) { ReadDesc(Lines, File.Desc); }},
-    {"Data", true, [](LineReader& Lines, DataFile& File) { ReadSampleRows(Lines, File, File.Data); }},
-    {"Calc", true, [](LineReader& Lines, DataFile& File) { ReadSampleRows(Lines, File, File.Data); }},
-    {"STD", true, [](LineReader& Lines, DataFile& File) { ReadSampleRows(Lines, File, File.STD); }},
-    {"Models", true, [](LineReader& Lines, DataFile& File) { ReadSampleRows(Lines, File, File.Models); }},
-    {"VidDots", false, [](LineReader& Lines, DataFile&) { ReadSplitRows(Lines, DotFields(), gDots); }},
-    {"VidSegs", false, [](LineReader& Lines, DataFile&) { ReadSplitRows(Lines, SegFields(), gSegs); }},
-    {"VideoID", false, [](LineReader& Lines, DataFile&) { ReadSplitRows(Lines, VideoIDFields(), gVideoID); }},
-    {"VidCoords", false, [](LineReader& Lines, DataFile&) { ReadVideoPoints(Lines, gVidCoords); }},
-    {"VidAngles", false, [](LineReader& Lines, DataFile&) { ReadVideoPoints(Lines, gVidAngles); }},
+    {"Main", Kind::OfFile, ReadMain},
+    {"Sess", Kind::OfFile, ReadSess},
+    {"Crew", Kind::OfFile, [](LineReader& Lines, DataFile& File) { ReadCrew(Lines, File.Crew); }},
+    {"Calibr", Kind::OfFile, ReadCalibr},
+    {"View1", Kind::OfFile, ReadView1},
+    {"View3", Kind::OfFile, [](LineReader& Lines, DataFile& File) { ReadSplitRows(Lines, ViewFields(), File.View3); }},
+    {"View4", Kind::OfFile, [](LineReader& Lines, DataFile& File) { ReadSplitRows(Lines, ViewFields(), File.View4); }},
+    {"Boat", Kind::OfFile, [](LineReader& Lines, DataFile& File) { ReadBoat(Lines, File.Boat); }},
+    {"Desc", Kind::OfSamples, [](LineReader& Lines, DataFile& File) { ReadDesc(Lines, File.Desc); }},
+    {"Data", Kind::OfSamples, [](LineReader& Lines, DataFile& File) { ReadSampleRows(Lines, File, File.Data); }},
+    {"Calc", Kind::OfSamples, [](LineReader& Lines, DataFile& File) { ReadSampleRows(Lines, File, File.Data); }},
+    {"STD", Kind::OfSamples, [](LineReader& Lines, DataFile& File) { ReadSampleRows(Lines, File, File.STD); }},
+    {"Models", Kind::OfSamples, [](LineReader& Lines, DataFile& File) { ReadSampleRows(Lines, File, File.Models); }},
+    {"VidDots", Kind::OfVideo, [](LineReader& Lines, DataFile&) { ReadSplitRows(Lines, DotFields(), gDots); }},
+    {"VidSegs", Kind::OfVideo, [](LineReader& Lines, DataFile&) { ReadSplitRows(Lines, SegFields(), gSegs); }},
+    {"VideoID", Kind::OfVideo, [](LineReader& Lines, DataFile&) { ReadSplitRows(Lines, VideoIDFields(), gVideoID); }},
+    {"VidCoords", Kind::OfVideo, [](LineReader& Lines, DataFile&) { ReadVideoPoints(Lines, gVidCoords); }},
+    {"VidAngles", Kind::OfVideo, [](LineReader& Lines, DataFile&) { ReadVideoPoints(Lines, gVidAngles); }},
 };
+
+constexpr std::string_view LastLine = "EOF";
+
+const Section* FindSection(std::string_view Line)
+{
+    const std::string_view Keyword = Line.substr(0, Line.find('\t'));
+    const auto* Found = std::find_if(std::begin(Sections), std::end(Sections),
+                                     [&](const Section& Each) { return Each.Keyword == Keyword; });
+    return Found == std::end(Sections) ? nullptr : Found;
+}
+
+bool IsSession(std::string_view Text)
+{
+    LineReader Lines(Text);
+    for (std::string_view Line; Lines.Take(Line);)
+        if (Line == LastLine || FindSection(Line)) return true;
+    return false;
+}
 
 void ReadSections(std::string_view Text, DataFile& File, SectionFilter Filter)
 {
     LineReader Lines(Text);
     for (std::string_view Line; Lines.Take(Line);) {
-        const std::string_view Keyword = Line.substr(0, Line.find('\t'));
-        for (const Section& Each : Sections)
-            if (Each.Keyword == Keyword && !(Each.IsOfSamples && Filter == SectionFilter::Non)) Each.Read(Lines, File);
+        const Section* Found = FindSection(Line);
+        if (!Found || (Found->Belongs == Kind::OfSamples && Filter == SectionFilter::Non)) continue;
+        if (Found->Belongs != Kind::OfVideo || IsOpenFile(File)) Found->Read(Lines, File);
     }
 }
 
@@ -112,7 +132,10 @@ void AppendCalibr(std::string& Text, const DataFile& File)
 {
     Text += "Calibr\r\n";
     for (const CalibrRow& Row : File.Calibr) {
-        if (File.Model == 0) Text.append(Row.SessID).append("\t");
+        if (File.Model == 0) {
+            AppendText(Text, {}, File.SessID);
+            Text += '\t';
+        }
         AppendFields(Text, Row, CalibrFields());
         Text += "\r\n";
     }
@@ -128,9 +151,12 @@ bool TellFailure(const std::string& What, const std::string& Path, const std::st
 
 bool ReadDataFile(const std::string& Path, DataFile& File, SectionFilter Filter)
 {
-    const auto Bytes = ReadWhole(Path);
+    auto Bytes = ReadWhole(Path);
     if (!Bytes) return TellFailure("Can't open file: ", Path, "");
-    const std::string Text = DecodeText(*Bytes, File.Encoding);
+    TextEncoding Encoding{};
+    const std::string Text = DecodeText(std::move(*Bytes), Encoding);
+    if (!IsSession(Text)) return TellFailure("This is no session data file: ", Path, "");
+    File.Encoding = Encoding;
     File.Model = 0;
     File.SampleCnt = 0;
     File.Desc.Clear();
@@ -160,7 +186,7 @@ std::string DataFileText(const DataFile& File, SectionFilter Filter)
     AppendRows(Text, "VidDots", DotFields(), gDots);
     AppendRows(Text, "VidSegs", SegFields(), gSegs);
     AppendRows(Text, "VideoID", VideoIDFields(), gVideoID);
-    return Text += "EOF\r\n";
+    return Text.append(LastLine).append("\r\n");
 }
 
 bool WriteDataFile(const std::string& Path, const DataFile& File, SectionFilter Filter)

@@ -18,8 +18,8 @@ extern float gOldOarLen;
 extern float gOldBladeLen;
 
 /// Reads Path into File, section by section: what the file does not name keeps its value, apart from the model and the
-/// samples. Sets gSessID and gKeyMode and reloads the reference tables. False when it cannot be opened (told): File is
-/// as it was.
+/// samples. Sets gSessID; into gFile also gKeyMode, the old oar dimensions, the video tables and the reference tables.
+/// False when it cannot be opened or has no section at all (told): File is as it was.
 bool ReadDataFile(const std::string& Path, DataFile& File, SectionFilter Filter);
 
 /// The whole file as text, with CR LF behind each line.

@@ -14,15 +14,24 @@ namespace {
 constexpr FieldFormat OarFormat{FieldForm::Number, 1, 2};
 constexpr int16_t FirstNewModel = 2;
 
-void SetOldOars(std::span<const std::string_view> Values)
+struct OldOars
 {
-    constexpr std::array Oars = {&gOldInboard, &gOldOarLen, &gOldBladeLen};
-    for (std::size_t i = 0; i < std::min(Oars.size(), Values.size()); ++i)
-        StoreText(*Oars[i], OarFormat, Values[i]);
+    float Inboard = gOldInboard;
+    float OarLen = gOldOarLen;
+    float BladeLen = gOldBladeLen;
+};
+
+OldOars ReadOldOars(std::span<const std::string_view> Values)
+{
+    OldOars Oars;
+    const std::array Fields = {&Oars.Inboard, &Oars.OarLen, &Oars.BladeLen};
+    for (std::size_t i = 0; i < std::min(Fields.size(), Values.size()); ++i)
+        StoreText(*Fields[i], OarFormat, Values[i]);
+    return Oars;
 }
 
 // The oldest files have no table of the boat: its rows are made for the crew, all with the same oar.
-void SpreadOldOars(DataFile& File)
+void SpreadOldOars(DataFile& File, const OldOars& Oars)
 {
     const int Seats = File.Crew.UBound();
     File.Crew.Clear();
@@ -30,10 +39,17 @@ void SpreadOldOars(DataFile& File)
     File.Boat.Clear();
     File.Boat.Resize(Seats);
     for (BoatRow& Row : File.Boat) {
-        Row.OarInboard = gOldInboard;
-        Row.OarLength = gOldOarLen;
-        Row.BladeLength = gOldBladeLen;
+        Row.OarInboard = Oars.Inboard;
+        Row.OarLength = Oars.OarLen;
+        Row.BladeLength = Oars.BladeLen;
     }
+}
+
+void KeepOldOars(const OldOars& Oars)
+{
+    gOldInboard = Oars.Inboard;
+    gOldOarLen = Oars.OarLen;
+    gOldBladeLen = Oars.BladeLen;
 }
 } // namespace
 
@@ -44,7 +60,7 @@ void ReadMain(LineReader& Lines, DataFile& File)
     LineFields Cells;
     Cells.Cut(Line);
     SetFields<DataFile>(File, MainFields(), Cells.Closed);
-    gKeyMode = File.KeyMode >= 0 && File.KeyMode <= 3 ? File.KeyMode : gKeyModeSet;
+    if (IsOpenFile(File)) gKeyMode = File.KeyMode >= 0 && File.KeyMode <= 3 ? File.KeyMode : gKeyModeSet;
 }
 
 void ReadSess(LineReader& Lines, DataFile& File)
@@ -59,8 +75,9 @@ void ReadSess(LineReader& Lines, DataFile& File)
         SetFields<DataFile>(File, SessTailFields(), Rest);
         return;
     }
-    SetOldOars(Rest);
-    if (File.Model == 0) SpreadOldOars(File);
+    const OldOars Oars = ReadOldOars(Rest);
+    if (IsOpenFile(File)) KeepOldOars(Oars);
+    if (File.Model == 0) SpreadOldOars(File, Oars);
 }
 
 void AppendMain(std::string& Text, const DataFile& File)

@@ -7,7 +7,13 @@ bool LineReader::Take(std::string_view& Line)
     const auto End = std::min(Rest.find('\n'), Rest.size());
     Line = Rest.substr(0, End);
     Rest.remove_prefix(std::min(End + 1, Rest.size()));
-    if (Line.ends_with('\r')) Line.remove_suffix(1);
+    while (Line.ends_with('\r'))
+        Line.remove_suffix(1);
+    if (Line.find('\r') != std::string_view::npos) {
+        Cleaned = Line;
+        std::erase(Cleaned, '\r');
+        Line = Cleaned;
+    }
     return true;
 }
 

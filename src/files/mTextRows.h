@@ -1,9 +1,10 @@
-// Lines of the session data file: the reader of lines, the two ways to cut one into fields, and whole row sections.
+// Lines of the session data file: the reader of lines, the cut of one into fields, and whole row sections.
 #pragma once
 
 #include "core/mFields.h"
 
 #include <algorithm>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,7 +15,7 @@ class LineReader
 public:
     explicit LineReader(std::string_view Words) : Rest(Words) {}
 
-    /// The next line into Line; false at the end of the text.
+    /// The next line into Line, good until the next call; false at the end of the text.
     bool Take(std::string_view& Line);
 
     /// The next line of a row section; false at its "End" and at the end of the text.
@@ -22,6 +23,7 @@ public:
 
 private:
     std::string_view Rest;
+    std::string Cleaned; // a line that had CR within
 };
 
 /// A line cut at its tabs. Closed holds the fields that a tab ends, Open what stands behind the last tab.
@@ -52,29 +54,35 @@ void AppendFields(std::string& Line, const Row& Source, std::span<const Field<Ro
     }
 }
 
-/// Reads a section whose fields count only when a tab ends them.
-template <class Row>
-void ReadClosedRows(LineReader& Lines, std::span<const Field<Row>> Columns, RowArray<Row>& Rows)
+/// Reads a section in place of Rows: Fill gets a new row and the fields of its line. Lines beyond the 16-bit row
+/// numbers are passed over.
+template <class Row, class Filler>
+void ReadRows(LineReader& Lines, RowArray<Row>& Rows, Filler Fill)
 {
     LineFields Cells;
     Rows.Clear();
     for (std::string_view Line; Lines.TakeRow(Line);) {
+        if (Rows.UBound() == std::numeric_limits<int16_t>::max()) continue;
         Cells.Cut(Line);
-        SetFields(Rows.Grow(), Columns, Cells.Closed);
+        Fill(Rows.Grow(), Cells);
     }
+}
+
+/// Reads a section whose fields count only when a tab ends them.
+template <class Row>
+void ReadClosedRows(LineReader& Lines, std::span<const Field<Row>> Columns, RowArray<Row>& Rows)
+{
+    ReadRows(Lines, Rows, [&](Row& Target, const LineFields& Cells) { SetFields(Target, Columns, Cells.Closed); });
 }
 
 /// Reads a section whose last field needs no tab behind it.
 template <class Row>
 void ReadSplitRows(LineReader& Lines, std::span<const Field<Row>> Columns, RowArray<Row>& Rows)
 {
-    LineFields Cells;
-    Rows.Clear();
-    for (std::string_view Line; Lines.TakeRow(Line);) {
-        Cells.Cut(Line);
+    ReadRows(Lines, Rows, [&](Row& Target, LineFields& Cells) {
         Cells.Closed.push_back(Cells.Open);
-        SetFields(Rows.Grow(), Columns, Cells.Closed);
-    }
+        SetFields(Target, Columns, Cells.Closed);
+    });
 }
 
 /// Appends a section: its keyword, a line a row, "End".

@@ -3,38 +3,38 @@
 
 #include "core/mNumText.h"
 
+#include <map>
+
 namespace {
 // Fields of a line ahead of its values: sample, point, frame count, highest frame, "X" or "Y".
 constexpr std::size_t HeadSize = 5;
 constexpr FieldFormat Whole{FieldForm::Number, 1, 0};
 
-// The row of that sample and point, made when there is none yet.
-VidCoordsRow& RowFor(RowArray<VidCoordsRow>& Rows, std::string_view SampleID, std::string_view PointID)
+void FillPoints(VidCoordsRow& Row, const std::vector<std::string_view>& Fields)
 {
-    for (VidCoordsRow& Row : Rows)
-        if (Row.SampleID == SampleID && Row.PointID == PointID) return Row;
-    VidCoordsRow& Row = Rows.Grow();
-    Row.SampleID = SampleID;
-    Row.PointID = PointID;
-    return Row;
+    Row.SampleID = Fields[0];
+    Row.PointID = Fields[1];
+    StoreText(Row.Count, Whole, Fields[2]);
+    StoreText(Row.High, Whole, Fields[3]);
+    Row.Values.resize(std::max(Row.Values.size(), Fields.size() - HeadSize));
+    double VideoPoint::*const Axis = Fields[4] == "X" ? &VideoPoint::X : &VideoPoint::Y;
+    for (std::size_t i = HeadSize; i < Fields.size(); ++i)
+        Row.Values[i - HeadSize].*Axis = Val(Fields[i]);
 }
 } // namespace
 
 void ReadVideoPoints(LineReader& Lines, RowArray<VidCoordsRow>& Rows)
 {
+    std::map<std::pair<std::string, std::string>, int> Known;
     LineFields Cells;
     Rows.Clear();
     for (std::string_view Line; Lines.TakeRow(Line);) {
         Cells.Cut(Line);
         if (!Cells.Open.empty()) Cells.Closed.push_back(Cells.Open);
-        const auto& Values = Cells.Closed;
-        if (Values.size() < HeadSize || (Values[4] != "X" && Values[4] != "Y")) continue;
-        VidCoordsRow& Row = RowFor(Rows, Values[0], Values[1]);
-        StoreText(Row.Count, Whole, Values[2]);
-        StoreText(Row.High, Whole, Values[3]);
-        Row.Values.resize(std::max(Row.Values.size(), Values.size() - HeadSize));
-        double VideoPoint::*const Axis = Values[4] == "X" ? &VideoPoint::X : &VideoPoint::Y;
-        for (std::size_t i = HeadSize; i < Values.size(); ++i)
-            Row.Values[i - HeadSize].*Axis = Val(Values[i]);
+        const auto& Fields = Cells.Closed;
+        if (Fields.size() < HeadSize || (Fields[4] != "X" && Fields[4] != "Y")) continue;
+        const auto [Place, IsNew] =
+            Known.try_emplace({std::string(Fields[0]), std::string(Fields[1])}, Rows.UBound() + 1);
+        FillPoints(IsNew ? Rows.Grow() : Rows[Place->second], Fields);
     }
 }
