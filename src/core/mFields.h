@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <variant>
 
 enum class FieldForm
@@ -76,5 +77,11 @@ void SetField(Row& Target, const Field<Row>& Column, std::string_view Text)
 template <class Row>
 void AppendField(std::string& Line, const Row& Source, const Field<Row>& Column)
 {
-    std::visit([&](auto Member) { AppendText(Line, Column.How, Source.*Member); }, Column.Member);
+    const auto Append = [&](auto Member) {
+        if constexpr (std::is_same_v<decltype(Member), std::string Row::*>)
+            AppendText(Line, Column.How, Source.*Member);
+        else
+            AppendText(Line, Column.How, static_cast<double>(Source.*Member));
+    };
+    std::visit(Append, Column.Member);
 }
