@@ -2,6 +2,7 @@
 #include "calibration/cCheckChans.h"
 
 #include "calibration/mChanGrid.h"
+#include "core/mError.h"
 #include "core/mGlobData.h"
 #include "core/mNumText.h"
 
@@ -82,7 +83,7 @@ void cCheckChans::DrawLabels()
     const double ColumnWidth = Size * (1.5 + 0.62 * static_cast<double>(Longest));
     Surface.SetFont(Size);
     for (int i = 1; i <= mChanCnt; ++i) {
-        const SurfacePoint& Foot = mPoly[static_cast<std::size_t>(2 * i)];
+        const SurfacePoint& Foot = At(mPoly, 2 * i);
         Surface.SetPen(Pale(ChanColour(i)));
         Surface.Line(mLeft, Foot.Y + 1, mWidth - mLeft, Foot.Y + 1);
         const double X = 3 + (i - 1) % Columns * ColumnWidth;

@@ -2,6 +2,7 @@
 #include "calibration/cTrackChans.h"
 
 #include "calibration/mChanGrid.h"
+#include "core/mError.h"
 #include "core/mGlobData.h"
 #include "core/mNumText.h"
 #include "core/mSettings.h"
@@ -63,8 +64,8 @@ void cTrackChans::DrawData()
         const int32_t Y = Place(mYScale * gData[static_cast<std::size_t>(i)]) + mTop;
         TraceAt(mPos, i).Y = std::clamp(Y, mTop / 2, mHeight - mTop / 2);
         // Behind the last colour of the table the pen keeps the colour it has.
-        const auto Colour = static_cast<std::size_t>(((i - 1) & 255) + 1);
-        if (Colour < gRGB.size()) Surface.SetPen(gRGB[Colour], PenWidth);
+        const int Colour = ((i - 1) & 255) + 1;
+        if (Colour < static_cast<int>(gRGB.size())) Surface.SetPen(At(gRGB, Colour), PenWidth);
         DrawTrace(i, std::max(mPos - 2, 0), mPos);
     }
     mPos = (mPos + 1) % Columns;
