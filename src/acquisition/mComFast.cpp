@@ -159,6 +159,8 @@ bool OpenLink()
     CreateData();
     gTimeStep = SafeDiv(1, gDataFreq);
     gDeltaT = gTimeStep;
+    gFrameCnt = 0;
+    gFirstCycle = true;
     return true;
 }
 

@@ -155,9 +155,10 @@ void CountMissed()
 void CountLongFrame(double Time)
 {
     ++gFrameCnt;
+    const double Step = Time - LastLongTime;
     // The first frame of a link has none before it: the step that the panel was opened with holds.
-    if (gFrameCnt > 1) gDeltaT = Time - LastLongTime;
-    gFrequency = SafeDiv(1, gDeltaT);
+    if (gFrameCnt > 1) gDeltaT = Step;
+    gFrequency = SafeDiv(1, Step);
     CountMissed();
     LastLongTime = Time;
 }

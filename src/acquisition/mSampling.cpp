@@ -208,6 +208,8 @@ void StartReplay(const std::string& Path)
     DropLink();
     CreateData();
     HasDrawFailed = false;
+    gFrameCnt = 0;
+    gFirstCycle = true;
     gReplaying = true;
     gFromFile = true;
     StartTimer1();

@@ -1,5 +1,7 @@
-// The polynomial fit and the value of what it gives.
+// The polynomial fit, values and derivatives of what it gives, and fits of two parameters.
 #include "processing/mProcFuncs.h"
+
+#include "core/mError.h"
 
 #include <algorithm>
 #include <cmath>
@@ -49,6 +51,15 @@ void Normalise(Ortho& Poly, std::span<const double> X)
     Poly.Alpha = 0;
     for (std::size_t i = 0; i < X.size(); ++i)
         Poly.Alpha += X[i] * Poly.P[i] * Poly.P[i];
+}
+
+// Replaces values by their natural logarithms. False when one has none.
+bool TakeLogarithms(std::vector<double>& Values)
+{
+    if (!std::all_of(Values.begin(), Values.end(), [](double Each) { return Each > 0; })) return false;
+    for (double& Each : Values)
+        Each = std::log(Each);
+    return true;
 }
 
 // The next polynomial: (x - alpha) p - beta q, normalised. False when it vanishes on the points.
@@ -104,4 +115,39 @@ double PolyVal(std::span<const double> Coef, double X)
 {
     if (Coef.size() < 2 || Coef.size() > 4) return 0;
     return std::accumulate(Coef.rbegin(), Coef.rend(), 0.0, [X](double Sum, double C) { return Sum * X + C; });
+}
+
+std::array<double, 4> PolyDeriv7(std::span<const double> Coef, double X, double H)
+{
+    const auto F = [&](int Step) { return PolyVal(Coef, X + Step * H); };
+    const double Odd1 = F(1) - F(-1);
+    const double Odd2 = F(2) - F(-2);
+    const double Odd3 = F(3) - F(-3);
+    const double Even1 = F(1) + F(-1);
+    const double Even2 = F(2) + F(-2);
+    const double Even3 = F(3) + F(-3);
+    return {Div(8 * Odd1 - Odd2, 12 * H), Div(16 * Even1 - Even2 - 30 * F(0), 12 * H * H),
+            Div(8 * Odd2 - 13 * Odd1 - Odd3, 8 * H * H * H),
+            Div(56 * F(0) - 39 * Even1 + 12 * Even2 - Even3, 6 * H * H * H * H)};
+}
+
+double PolyFitAt(std::span<const double> X, std::span<const double> Y, double V)
+{
+    int16_t Degree = 3;
+    double Sigma = 0;
+    std::vector<double> Coef;
+    return PolyFit(X, Y, Degree, Sigma, Coef) ? PolyVal(Coef, V) : 0;
+}
+
+std::optional<TwoParameters> Regress2(eRegress Type, std::span<const double> X, std::span<const double> Y)
+{
+    std::vector<double> Xs(X.begin(), X.end());
+    std::vector<double> Ys(Y.begin(), Y.end());
+    if (Type == eRegress::Logarithmic && !TakeLogarithms(Xs)) return {};
+    if (Type == eRegress::Exponential && !TakeLogarithms(Ys)) return {};
+    int16_t Degree = 1;
+    double Sigma = 0;
+    std::vector<double> Coef;
+    if (!PolyFit(Xs, Ys, Degree, Sigma, Coef)) return {};
+    return TwoParameters{Type == eRegress::Exponential ? std::exp(Coef[0]) : Coef[0], Coef[1]};
 }

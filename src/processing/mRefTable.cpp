@@ -118,11 +118,5 @@ double RefExtrapolate(const RefTable& Table, double V)
     const auto Last = static_cast<std::size_t>(Table.Cnt);
     const bool AtLowEnd = Table.X[0] <= Table.X[Last] ? V < Table.X[0] : V > Table.X[0];
     const std::size_t First = AtLowEnd ? 0 : Last + 1 - EndRows;
-    int16_t Degree = 3;
-    double Sigma = 0;
-    std::vector<double> Coef;
-    if (!PolyFit(std::span(Table.X).subspan(First, EndRows), std::span(Table.Y).subspan(First, EndRows), Degree, Sigma,
-                 Coef))
-        return 0;
-    return PolyVal(Coef, V);
+    return PolyFitAt(std::span(Table.X).subspan(First, EndRows), std::span(Table.Y).subspan(First, EndRows), V);
 }

@@ -173,13 +173,14 @@ TEST_CASE("a number that is not there clears FrameOK and gives 0, also when a sm
 TEST_CASE("long frames give the time between them, the frequency and the frames missed")
 {
     gDataFreq = 25;
+    gDeltaT = 0.02;
     struct
     {
         std::string Time; // of the frame, in 7-bit groups
         double DeltaT, Frequency;
         int Missed;
     } const Frames[] = {
-        {"64 00", 0.1, 10, 0},    // the first frame is not judged
+        {"64 00", 0.02, 10, 0},   // the first frame is not judged and keeps the step
         {"0C 01", 0.04, 25, 0},   // 140 ms
         {"5C 01", 0.08, 12.5, 2}, // 220 ms: 25 / 12.5
         {"5C 01", 0, 0, 2},       // the same time again

@@ -119,7 +119,7 @@ TEST_CASE_FIXTURE(Outing, "strokes have position, time by the nominal frequency,
     CHECK(Rows() == "35 0.04 30 0 0 | ");
 }
 
-TEST_CASE_FIXTURE(Outing, "a scan ends with the frame that failed; a frame cut off is left out")
+TEST_CASE_FIXTURE(Outing, "a scan ends with the frame that failed, and a frame cut off is left out")
 {
     gKeyMode = 1;
     CHECK(Scan({0, 20, 0}, HexText("80 00 1C 00 7F 7F 7F")));

@@ -126,7 +126,7 @@ std::string NumbersOf(const LivePlot& Panel)
 }
 } // namespace
 
-TEST_CASE("scales are a grid, two zero lines and the name; without curves there is nothing")
+TEST_CASE("scales are a grid, two zero lines and the name, without curves nothing")
 {
     ViewRow Row = PlainRow(1, "X,F");
     Row.X1 = 10;
