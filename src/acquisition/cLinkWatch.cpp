@@ -11,6 +11,12 @@ constexpr int64_t SilentAfter = 2000;   // ms without a frame
 constexpr int64_t NoAnswerAfter = 5000; // ms of an attempt to connect
 constexpr int64_t FirstDelay = 250;     // ms from a loss to the first try
 constexpr int64_t LongestDelay = 2000;  // ms between tries
+
+std::string WholeSeconds(int64_t Milliseconds)
+{
+    const int64_t Seconds = Milliseconds / 1000;
+    return FormatNum(static_cast<double>(Seconds), "0");
+}
 } // namespace
 
 void cLinkWatch::Connecting(const std::string& Name, int64_t Now)
@@ -81,8 +87,7 @@ std::string cLinkWatch::Words(int64_t Now) const
     case eState::Connecting:
         return Why.empty() ? "Connecting to " + Link : Failure + ": " + Why + ". Trying again";
     case eState::Open:
-        if (!Silent) return Link;
-        return Link + ": no frames for " + FormatNum(static_cast<double>((Now - LastFrame) / 1000), "0") + " s";
+        return Silent ? Link + ": no frames for " + WholeSeconds(Now - LastFrame) + " s" : Link;
     case eState::Lost:
         return Failure + ": " + Why + ". Trying again";
     }
