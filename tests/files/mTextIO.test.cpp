@@ -214,7 +214,7 @@ TEST_CASE_FIXTURE(Session, "what cannot be read is told and leaves the open file
                                                    "Warning!: This is no session data file: " + Path});
 }
 
-TEST_CASE_FIXTURE(Session, "a save that fails is told with its reason; the backup is a copy beside the file")
+TEST_CASE_FIXTURE(Session, "a save that fails is told with its reason, and the backup is a copy beside the file")
 {
     REQUIRE(Read(Golden("session-written.txt")));
     CHECK(BackupFile(Path));
