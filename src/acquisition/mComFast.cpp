@@ -157,7 +157,6 @@ bool OpenLink()
         return false;
     Used.Key = LinkKey();
     CreateData();
-    gFrameCnt = 0;
     gTimeStep = SafeDiv(1, gDataFreq);
     gDeltaT = gTimeStep;
     gFrameCnt = 0;
