@@ -9,8 +9,8 @@
 
 namespace {
 constexpr int CutMs = 1000; // how long the link stays away
-constexpr int LookMs = 5;   // between two looks whether everything has arrived
-constexpr int MostLooks = 40;
+constexpr int LookMs = 25;  // between two looks whether everything has arrived
+constexpr int MostLooks = 20;
 constexpr double LongestLag = 2; // s that a listener may lag behind
 constexpr int LongestNap = 20;   // ms between two looks at what is due
 constexpr double MsPerSecond = 1000;
