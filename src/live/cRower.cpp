@@ -39,9 +39,8 @@ void cRower::Load(int16_t Source)
     for (int Row = 1; Row <= gFile.View1.UBound(); ++Row)
         Plots.emplace_back(Panel).InitViewID(Row, Mode);
     KeyThresh = gFile.KeyThres;
-    for (int Row = gFile.Calibr.UBound() - 1; Row >= 1; --Row)
-        if (gFile.Calibr[Row].ParamID.starts_with('S')) gSeatChan = static_cast<int16_t>(Row);
     LoadFactorSettings();
+    FindSeat();
     KeyBad = gKeyChan < 1 || gKeyChan > gFile.ChanCnt || gKeyChan > gFile.Calibr.UBound() || gKeyChan > LastDataChan;
     if (!KeyBad) {
         KeyQ0 = gFile.Calibr[gKeyChan].Q0;
@@ -50,6 +49,16 @@ void cRower::Load(int16_t Source)
     gFirstCycle = true;
     HasKeys = false;
     InitTargCurves();
+}
+
+// The first channel named as a seat's; the last row is not looked at.
+void cRower::FindSeat()
+{
+    for (int Row = 1; Row < gFile.Calibr.UBound(); ++Row) {
+        if (!gFile.Calibr[Row].ParamID.starts_with('S')) continue;
+        gSeatChan = static_cast<int16_t>(Row);
+        return;
+    }
 }
 
 // This panel has bands of its own for keys that the store does not hold.
@@ -68,7 +77,7 @@ void cRower::LoadFactorSettings()
     if (!Stored("gRSFHigh")) gRSFHigh = 100;
 }
 
-bool cRower::InitMode(const std::string& RawPath)
+bool cRower::InitMode(const std::string& RawPath) const
 {
     gFrameCnt = 0;
     if (Mode == SourceTimer) gDeltaT = gTimeStep;

@@ -29,7 +29,7 @@ public:
 
     /// Sets the sampling period of the source; the table is read from the raw file RawPath. False when that cannot be
     /// read (told).
-    bool InitMode(const std::string& RawPath = "");
+    bool InitMode(const std::string& RawPath = "") const;
 
     /// Draws everything anew for the surface's size.
     void Resize();
@@ -58,7 +58,8 @@ public:
     std::string StrokesText = "000";
 
 private:
-    void LoadFactorSettings();
+    static void LoadFactorSettings();
+    static void FindSeat();
     void InitTargCurves();
     void DrawTargets();
     bool CheckCycle();

@@ -190,6 +190,7 @@ cGrid TargetsToGrid()
 bool StoreTargets(const cGrid& Grid)
 {
     std::vector<TargetRow> Rows;
+    Rows.reserve(static_cast<std::size_t>(Grid.RowCount()));
     for (int Row = 0; Row < Grid.RowCount(); ++Row)
         Rows.push_back(TargetFromCells(Grid.Row(Row)));
     std::swap(gTargets.Rows, Rows);
