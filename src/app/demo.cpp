@@ -17,11 +17,14 @@ constexpr int PatienceForPicture = 60000; // ms
 // Saves a picture of the window as soon as enough frames have come and ends the program.
 void TakePicture(QWidget& Window, const QString& Path)
 {
+    Window.setGeometry(0, 0, 1280, 800);
     auto* Look = new QTimer(&Window);
     QObject::connect(Look, &QTimer::timeout, &Window, [&Window, Path, Look] {
         if (gFrameCnt < FramesForPicture) return;
         Look->stop();
-        QApplication::exit(Window.grab().save(Path) ? 0 : 1);
+        // Few colours are on it, and a table of them makes the file small.
+        const QImage Small = Window.grab().toImage().convertToFormat(QImage::Format_Indexed8, Qt::AvoidDither);
+        QApplication::exit(Small.save(Path) ? 0 : 1);
     });
     Look->start(50);
     QTimer::singleShot(PatienceForPicture, &Window, [] {

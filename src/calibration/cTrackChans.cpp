@@ -70,6 +70,11 @@ void cTrackChans::DrawData()
     }
     mPos = (mPos + 1) % Columns;
     if (mPos == 0) IsSwept = true;
+    DrawCursor();
+}
+
+void cTrackChans::DrawCursor()
+{
     Surface.SetPen(CursorColour);
     Surface.Line(ColumnX(mPos), mTop, ColumnX(mPos), mHeight - mTop);
 }
@@ -86,9 +91,11 @@ void cTrackChans::DrawTrace(int Chan, int From, int To)
 void cTrackChans::SetLive(bool Live)
 {
     if (Live) return;
+    Surface.RestoreGround(0, 0, mWidth, mHeight);
     Surface.SetPen(DeadColour, PenWidth);
     for (int i = 1; i <= mChanCnt; ++i) {
         DrawTrace(i, 0, mPos - 1);
         if (IsSwept) DrawTrace(i, mPos, Columns - 1);
     }
+    DrawCursor();
 }

@@ -33,6 +33,7 @@ private:
         return mTrace[static_cast<std::size_t>(Column)][static_cast<std::size_t>(Chan)];
     }
     void DrawTrace(int Chan, int From, int To);
+    void DrawCursor();
 
     iSurface& Surface;
     int16_t mChanCnt;
