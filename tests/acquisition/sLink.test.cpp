@@ -63,7 +63,11 @@ TEST_CASE("a plain serial port tells of bytes from its threshold on, and again o
     CHECK(Port.InBufferCount() == 1);
     CHECK(Port.Output("#RUN\r"));
     CHECK(Line.Take() == "#RUN\r");
+    sSerialPort Second(Loop);
+    CHECK_FALSE(Second.Open(Folder.Path("port"), "57600,n,8,1"));
     CHECK_FALSE(Port.Open(Folder.Path("none"), "57600,n,8,1"));
+    CHECK(Second.Open(Folder.Path("port"), "57600,n,8,1"));
+    Second.Close();
     CHECK_FALSE(Port.Open("/dev/null", "57600,n,8,1"));
     CHECK_FALSE(Port.Open(Folder.Path("port"), "fast"));
 }

@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <poll.h>
+#include <sys/file.h>
 #include <sys/ioctl.h>
 #include <system_error>
 #include <unistd.h>
@@ -32,13 +33,14 @@ bool sSerialPort::Open(const std::string& Device, const std::string& Settings)
     Close();
     Descriptor = open(Device.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
     if (Descriptor < 0) return false;
-    if (!SetSerialLine(Descriptor, Settings)) {
+    // Two programs on one line would take each other's bytes.
+    if (flock(Descriptor, LOCK_EX | LOCK_NB) != 0 || !SetSerialLine(Descriptor, Settings)) {
         Close();
         return false;
     }
-    // A pseudo-terminal has no such line; it works without.
+    // A pseudo-terminal has no such line; it works without. On it exclusive use would outlive a program that is killed.
     int Ready = TIOCM_DTR;
-    ioctl(Descriptor, TIOCMBIS, &Ready);
+    if (ioctl(Descriptor, TIOCMBIS, &Ready) == 0) ioctl(Descriptor, TIOCEXCL);
     WatchLine(true);
     return true;
 }
