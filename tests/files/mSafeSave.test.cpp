@@ -128,6 +128,10 @@ TEST_CASE("an abandoned save and two at once leave nothing but the last file")
         CHECK(First.Commit());
     }
     CHECK(ReadWhole(Path) == "first");
+    WholeFile Late(Path);
+    fs::remove(Path);
+    fs::create_directory(Path);
+    CHECK_FALSE(Late.Commit());
     CHECK(FilesIn(Folder) == 1);
 }
 

@@ -107,7 +107,9 @@ TEST_CASE_FIXTURE(Session,
     Path = Folder.Path("OTHER.txt");
     CHECK(Rewritten(Text) == Text);
 
+    gFile.Boat[2].OarLength = 3;
     Text = Rewritten(Tabbed("Main\n1|0|0|\nEnd\n") + Oldest);
+    CHECK(gFile.Boat[2].OarLength == 3);
     CHECK(Text.starts_with(Tabbed("Main\r\n01|01|00|")));
     CHECK(Text.find(Tabbed("|H|A|0.88|2.90|0.45|\r\n")) != std::string::npos);
     CHECK(gFile.Calibr[1].ParamID == "anything");
@@ -142,6 +144,13 @@ TEST_CASE_FIXTURE(Session, "the key mode of the file counts from 0 to 3, otherwi
     CHECK(gFile.KeyMode == 4);
     REQUIRE(Read(Tabbed("Main\n61|||||70000|\nEnd\n")));
     CHECK(gFile.KeyMode == 4);
+}
+
+TEST_CASE_FIXTURE(Session, "the channels' reference tables are read with them, from the session's folder")
+{
+    SetCurFile(Path);
+    REQUIRE(Read(Tabbed("Main\n61|\nEnd\nCalibr\nF1|1|3|||||||||||4||||||||||S17||\nEnd\n")));
+    CHECK(Dialogs.Told == std::vector<std::string>{"Error: Can't open reference table: " + Folder.Path("S17.ref")});
 }
 
 TEST_CASE_FIXTURE(Session, "a file that rows are taken from leaves the open session's tables and key mode alone")
