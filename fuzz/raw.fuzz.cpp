@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <utility>
 
 namespace {
 void MakeSession(uint8_t Choice)
@@ -37,7 +38,7 @@ SampleStore ReadAll(const std::string& Path)
     int32_t Start = 0;
     int32_t Stop = 0;
     if (!ReadRawFile(Path, Start, Stop) || gRaw.UBound() > SampleStore::MaxIndex) std::abort();
-    return gRaw;
+    return std::exchange(gRaw, {});
 }
 
 bool AreEqual(const SampleStore& First, const SampleStore& Second)

@@ -11,33 +11,36 @@ constexpr std::size_t Pad = 8 * 9;
 
 void SampleStore::Create(int LastChannel, int LastSample)
 {
+    *this = {};
     Channels = LastChannel + 1;
-    Samples = 0;
-    Stride = 0;
-    Values.clear();
     Resize(LastSample);
 }
 
 void SampleStore::Resize(int LastSample)
 {
-    const int Count = LastSample + 1;
-    if (static_cast<std::size_t>(Count) > Stride) Reserve(std::max(Count, 2 * static_cast<int>(Stride)));
-    for (int Chan = 0; Chan < Channels && Count > Samples; ++Chan) {
-        auto First = Values.begin() + static_cast<std::ptrdiff_t>(static_cast<std::size_t>(Chan) * Stride);
-        std::fill(First + Samples, First + Count, 0.0);
-    }
-    Samples = Count;
+    const int Held = std::min(Samples, LastSample + 1);
+    const int Added = LastSample + 1 - Held;
+    Samples = Held;
+    Extend(Added);
+    for (int Chan = 0; Chan < Channels && Added > 0; ++Chan)
+        std::ranges::fill(Channel(Chan).subspan(static_cast<std::size_t>(Held)), 0.0);
+}
+
+void SampleStore::Extend(int Count)
+{
+    const int Wanted = Samples + Count;
+    if (static_cast<std::size_t>(Wanted) > Stride) Reserve(std::max(Wanted, 2 * static_cast<int>(Stride)));
+    Samples = Wanted;
 }
 
 void SampleStore::Reserve(int SampleCount)
 {
     if (static_cast<std::size_t>(SampleCount) <= Stride) return;
     const std::size_t NewStride = static_cast<std::size_t>(SampleCount) + Pad;
-    std::vector<double> Moved(NewStride * static_cast<std::size_t>(Channels));
-    for (std::size_t Chan = 0; Chan < static_cast<std::size_t>(Channels); ++Chan) {
-        const auto First = Values.begin() + static_cast<std::ptrdiff_t>(Chan * Stride);
-        std::copy(First, First + Samples, Moved.begin() + static_cast<std::ptrdiff_t>(Chan * NewStride));
-    }
+    // Memory is left as it is: of a large store each pass over it costs as much as the reading of its file.
+    auto Moved = std::make_unique_for_overwrite<double[]>(NewStride * static_cast<std::size_t>(Channels));
+    for (int Chan = 0; Chan < Channels; ++Chan)
+        std::ranges::copy(Channel(Chan), Moved.get() + static_cast<std::size_t>(Chan) * NewStride);
     Values = std::move(Moved);
     Stride = NewStride;
 }
@@ -45,11 +48,11 @@ void SampleStore::Reserve(int SampleCount)
 std::span<double> SampleStore::Channel(int Chan)
 {
     CheckIndex(Chan, static_cast<std::size_t>(Channels));
-    return {Values.data() + static_cast<std::size_t>(Chan) * Stride, static_cast<std::size_t>(Samples)};
+    return {Values.get() + static_cast<std::size_t>(Chan) * Stride, static_cast<std::size_t>(Samples)};
 }
 
 std::span<const double> SampleStore::Channel(int Chan) const
 {
     CheckIndex(Chan, static_cast<std::size_t>(Channels));
-    return {Values.data() + static_cast<std::size_t>(Chan) * Stride, static_cast<std::size_t>(Samples)};
+    return {Values.get() + static_cast<std::size_t>(Chan) * Stride, static_cast<std::size_t>(Samples)};
 }

@@ -3,8 +3,8 @@
 
 #include "core/mError.h"
 
+#include <memory>
 #include <span>
-#include <vector>
 
 /// Values by channel and sample, both from 0. Channel 0 is the time in seconds. Scans run along a channel, so a
 /// channel's samples lie side by side in memory.
@@ -22,6 +22,9 @@ public:
 
     /// Makes room for that many samples ahead of time.
     void Reserve(int SampleCount);
+
+    /// Adds samples of no particular value, for a caller that writes all of them at once.
+    void Extend(int Count);
 
     /// Index of the last channel, -1 for a store never created.
     int ChannelUBound() const { return Channels - 1; }
@@ -45,7 +48,7 @@ private:
         return static_cast<std::size_t>(Chan) * Stride + static_cast<std::size_t>(Sample);
     }
 
-    std::vector<double> Values;
+    std::unique_ptr<double[]> Values;
     std::size_t Stride = 0; // doubles from one channel to the next
     int Channels = 0;
     int Samples = 0;

@@ -57,7 +57,7 @@ private:
 
     SampleStore Store;
     ReadState State;
-    std::vector<double> Tile; // TileFrames rows of time and counts
+    std::vector<double> Tile; // the time, then the counts of each channel
     std::size_t Width;
     std::size_t Waiting = 0; // frames in the tile
     int64_t Stretch;
@@ -78,7 +78,7 @@ void StoreFiller::Flush()
     if (First == 0 && Waiting > 0)
         Store.Reserve(
             static_cast<int>(std::min<int64_t>(Stretch * Count() / gScanFile.Taken() + 1, SampleStore::MaxIndex + 1)));
-    Store.Resize(Count() - 1);
+    Store.Extend(static_cast<int>(Waiting));
     for (std::size_t Chan = 0; Chan < Width; ++Chan) {
         const auto Values = std::span(Tile).subspan(Chan * Stride, Waiting);
         if (Chan > 0) CalcPhysVals(static_cast<int>(Chan), Values, State.Prev[Chan]);
