@@ -37,9 +37,9 @@ void Put(int Chan, double Value)
     if (Chan <= LastDataChan) gData[static_cast<std::size_t>(Chan)] = Value;
 }
 
-// Reads words into channels First and up.
+// Reads words into channels First and up. In line, so that the reader stays in registers.
 template <class Formula>
-void PutWords(BodyReader& Body, int First, int Count, const Formula& Of)
+[[gnu::always_inline]] inline void PutWords(BodyReader& Body, int First, int Count, const Formula& Of)
 {
     constexpr int Room = LastDataChan + 1;
     const int Fit = std::clamp(Room - First, 0, Count);

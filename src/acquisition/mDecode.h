@@ -19,7 +19,7 @@ extern std::array<double, 6> gLastGPS;
 class BodyReader
 {
 public:
-    explicit BodyReader(std::span<const uint8_t> Body) : Bytes(Body), BufEnd(static_cast<int>(Body.size()) - 1) {}
+    explicit BodyReader(std::span<const uint8_t> Body) : Rest(Body) {}
 
     /// One byte.
     int ReadByte() { return static_cast<int>(ReadGroups<1>()); }
@@ -35,11 +35,7 @@ public:
     }
 
     /// Four bytes. Unlike the other reads it needs one more byte behind it.
-    int64_t ReadLong()
-    {
-        FrameOK = FrameOK && BufPos + 3 < BufEnd;
-        return ReadGroups<4>();
-    }
+    int64_t ReadLong() { return Rest.size() > 4 ? ReadGroups<4>() : Fail(); }
 
     /// The frame's time in milliseconds, five bytes.
     int64_t ReadTime() { return ReadGroups<5>(); }
@@ -48,15 +44,13 @@ public:
     template <class Formula>
     void ReadWords(std::span<double> Values, const Formula& Of)
     {
-        const int Size = 2 * static_cast<int>(Values.size());
-        if (!Has(Size)) return ReadTornWords(Values, Of);
-        const uint8_t* Words = Bytes.data() + BufPos;
+        if (Rest.size() < 2 * Values.size()) return ReadTornWords(Values, Of);
         std::size_t i = 0;
         for (; i + Block <= Values.size(); i += Block)
-            ConvertBlock(Words + 2 * i, Values.data() + i, Of);
+            ConvertBlock(Rest.data() + 2 * i, Values.data() + i, Of);
         for (; i < Values.size(); ++i)
-            Values[i] = Of(static_cast<uint16_t>(Words[2 * i] + 128 * Words[2 * i + 1]));
-        BufPos += Size;
+            Values[i] = Of(static_cast<uint16_t>(Rest[2 * i] + 128 * Rest[2 * i + 1]));
+        Rest = Rest.subspan(2 * Values.size());
     }
 
     static int Centred(int Word) { return Word > 8191 ? Word - 8192 : Word + 8192; }
@@ -89,24 +83,26 @@ private:
         }
     }
 
-    bool Has(int Count) const { return FrameOK && BufPos + Count <= BufEnd + 1; }
-
-    template <int Count>
+    template <std::size_t Count>
     int64_t ReadGroups()
     {
-        FrameOK = Has(Count);
-        if (!FrameOK) return 0;
-        const uint8_t* Group = Bytes.data() + BufPos;
+        if (Rest.size() < Count) return Fail();
         int64_t Value = 0;
-        for (int i = Count - 1; i >= 0; --i)
-            Value = Value * 128 + Group[i];
-        BufPos += Count;
+        for (std::size_t i = Count; i > 0; --i)
+            Value = Value * 128 + Rest[i - 1];
+        Rest = Rest.subspan(Count);
         return Value;
     }
 
-    std::span<const uint8_t> Bytes;
-    int BufPos = 0;
-    int BufEnd; // index of the last byte
+    // What is left would be read as something that it is not.
+    int64_t Fail()
+    {
+        FrameOK = false;
+        Rest = {};
+        return 0;
+    }
+
+    std::span<const uint8_t> Rest;
 };
 
 /// Decodes a body of a master with slaves into gData and counts the frame. A body with a byte of 128 or above ahead of
