@@ -6,13 +6,43 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QHash>
+#include <QPainter>
 #include <QTimer>
 
+#include <algorithm>
 #include <cstdio>
 
 namespace {
 constexpr int FramesForPicture = 300;     // more than a sweep of the traces
 constexpr int PatienceForPicture = 60000; // ms
+
+// The picture in its most frequent colours: a much smaller file than one with all the shades of smooth lines.
+QImage InFewColours(const QImage& Picture)
+{
+    QHash<QRgb, int> Counts;
+    for (int y = 0; y < Picture.height(); ++y)
+        for (int x = 0; x < Picture.width(); ++x)
+            ++Counts[Picture.pixel(x, y)];
+    QList<QRgb> Colours = Counts.keys();
+    std::sort(Colours.begin(), Colours.end(), [&](QRgb A, QRgb B) { return Counts[A] > Counts[B]; });
+    Colours.resize(std::min<qsizetype>(Colours.size(), 256));
+    return Picture.convertToFormat(QImage::Format_Indexed8, Colours, Qt::ThresholdDither | Qt::AvoidDither);
+}
+
+// The window with the dialog above it, if one is open.
+QImage Seen(QWidget& Window)
+{
+    QPixmap Picture = Window.grab();
+    if (QWidget* Dialog = QApplication::activeModalWidget()) {
+        QPainter Painter(&Picture);
+        QRect Place = Dialog->rect();
+        Place.moveCenter(Window.rect().center());
+        Painter.drawPixmap(Place.topLeft(), Dialog->grab());
+        Painter.drawRect(Place.adjusted(-1, -1, 0, 0));
+    }
+    return Picture.toImage();
+}
 
 // Saves a picture of the window as soon as enough frames have come and ends the program.
 void TakePicture(QWidget& Window, const QString& Path)
@@ -22,9 +52,7 @@ void TakePicture(QWidget& Window, const QString& Path)
     QObject::connect(Look, &QTimer::timeout, &Window, [&Window, Path, Look] {
         if (gFrameCnt < FramesForPicture) return;
         Look->stop();
-        // Few colours are on it, and a table of them makes the file small.
-        const QImage Small = Window.grab().toImage().convertToFormat(QImage::Format_Indexed8, Qt::AvoidDither);
-        QApplication::exit(Small.save(Path) ? 0 : 1);
+        QApplication::exit(InFewColours(Seen(Window)).save(Path, "PNG", 0) ? 0 : 1);
     });
     Look->start(50);
     QTimer::singleShot(PatienceForPicture, &Window, [] {
@@ -50,12 +78,12 @@ int main(int Count, char** Args)
         Words = Words.mid(2);
     }
     for (const QString& Word : Words) {
-        if (auto* Command = Program.Main().findChild<QAction*>(Word); Command && Command->isEnabled()) {
-            Command->trigger();
-        } else {
+        auto* Command = Program.Main().findChild<QAction*>(Word);
+        if (!Command || !Command->isEnabled()) {
             std::fputs(("There is no command " + Plain(Word) + ".\n").c_str(), stderr);
             return 2;
         }
+        QTimer::singleShot(0, Command, &QAction::trigger);
     }
     return QApplication::exec();
 }
