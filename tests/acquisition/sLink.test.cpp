@@ -145,18 +145,3 @@ TEST_CASE("a plain socket tells of connection, data, close and breaks, and gives
     CHECK(Socket.State() == eSocketState::Closed);
     CHECK_FALSE(Socket.SendData("#RUN\r"));
 }
-
-TEST_CASE("plain timers are stopped by number, from inside their own work too")
-{
-    sEventLoop Loop;
-    int Once = 0, Ticks = 0, Timer = 0;
-    Loop.StopTimer(Loop.StartOnce(0, [&] { Once += 100; }));
-    Loop.StartOnce(0, [&] { ++Once; });
-    Timer = Loop.StartRepeating(1, [&] {
-        if (++Ticks == 3) Loop.StopTimer(Timer);
-    });
-    CHECK(Until(Loop, [&] { return Ticks == 3; }));
-    Loop.Wait(20);
-    CHECK(Once == 1);
-    CHECK(Ticks == 3);
-}

@@ -39,7 +39,6 @@ public:
 
     /// Takes a connection that was asked for; false when there is none.
     bool Accept();
-    bool IsConnected() const { return Peer >= 0; }
 
     /// Sends within the time that a slow reader needs.
     void Send(const std::string& Bytes) const;
