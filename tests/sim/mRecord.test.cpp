@@ -164,7 +164,7 @@ TEST_CASE("options are taken in both forms and wrong ones are told")
 
     for (const char* Wrong :
          {"t.txt", "--file", "--file=", "--freq=30", "--freq=25.0", "--model=59", "--rate=fast", "--rate=28x",
-          "--seed=-1", "--seed=1.5", "--drop=1001", "--kinds=26,27", "--kinds=26,", "--speed=1"}) {
+          "--seed=-1", "--seed=1.5", "--drop=1001", "--kinds=26,27", "--kinds=26,", "--speed=0", "--tcp=6000"}) {
         CAPTURE(Wrong);
         SimOptions Any;
         CHECK_FALSE(ParseSimOptions(std::vector<std::string>{"s.txt", "--file=o", Wrong}, Any).empty());
