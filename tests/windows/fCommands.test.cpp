@@ -8,6 +8,7 @@
 #include "files/mDump.h"
 #include "files/mSafeSave.h"
 
+#include <QLabel>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QToolButton>
@@ -119,6 +120,22 @@ TEST_CASE_FIXTURE(LiveState, "the keys of the indicators hold the link, dump wha
     CHECK(Socket.State() == eSocketState::Closed);
     CHECK(Open() == 0);
     CHECK(!gDumping);
+}
+
+TEST_CASE_FIXTURE(LiveState, "a recording into which nothing flows is told on red ground until frames come again")
+{
+    Check();
+    Send(1, 2);
+    Choose("mnuCalibrLog");
+    auto& Running = Find<QLabel>("sbStatusBar_2");
+    const auto IsRed = [&] { return Running.grab().toImage().pixelColor(3, 3) == QColor(0xd0, 0, 0); };
+    QTest::qWait(200);
+    CHECK(!IsRed());
+    CHECK(QTest::qWaitFor(IsRed, 4000));
+    CHECK(Running.text() == "RECORDING, BUT NOTHING ARRIVES");
+    Send(3, 4);
+    CHECK(QTest::qWaitFor([&] { return !IsRed(); }, 2000));
+    CHECK(Running.text().startsWith("SampleTime=000.00s"));
 }
 
 TEST_CASE_FIXTURE(LiveState, "the window does not close over a running recording unless told to")

@@ -43,7 +43,8 @@ TEST_CASE("restoring the ground takes passing things away to the last pixel")
     Surface.SetFill(0x00FF00);
     Surface.Circle(150, 100, 12);
     CHECK(Surface.Grab() != Before);
-    CHECK(Surface.Grab().pixelColor(100, 40) == QColor(0, 0, 200));
+    const QPointF OnLine = QPointF(100.5, 40.5) * Surface.devicePixelRatioF();
+    CHECK(Surface.Grab().pixelColor(OnLine.toPoint()) == QColor(0, 0, 200));
     Surface.RestoreGround(5, 5, 165, 135);
     CHECK(Surface.Grab() == Before);
 }
