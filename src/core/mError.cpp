@@ -1,8 +1,15 @@
-// The checked helpers that end a command when a formula cannot be evaluated.
+// The checked helpers that end a command when a formula cannot be evaluated, and the operating system's reasons.
 #include "core/mError.h"
 
 #include <cmath>
+#include <cstring>
 #include <limits>
+
+std::string SystemReason(int Error)
+{
+    const char* Words = strerrordesc_np(Error);
+    return Words ? Words : "Unknown error";
+}
 
 double Div(double Num, double Den)
 {

@@ -1,15 +1,19 @@
-// Run-time failures: the one exception of the engine and the checked helpers that throw it.
+// Run-time failures: the one exception of the engine and the checked helpers that throw it; reasons of the system.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <stdexcept>
+#include <string>
 
 /// A failure that ends the running command: no data have been changed when it is thrown. Caught by Guard only.
 class RunError : public std::runtime_error
 {
     using std::runtime_error::runtime_error;
 };
+
+/// Why the operating system refused, by its error number: in its English words whatever the locale.
+std::string SystemReason(int Error);
 
 /// Num / Den. Throws RunError "Division by zero" when Den is 0.
 double Div(double Num, double Den);

@@ -1,13 +1,13 @@
 // Writing of the raw log, its cut on a full disk, and its sync once a second.
 #include "files/cRawLog.h"
 
+#include "core/mError.h"
 #include "files/mSafeSave.h"
 
 #include <cerrno>
 #include <chrono>
 #include <csignal>
 #include <fcntl.h>
-#include <system_error>
 #include <unistd.h>
 
 namespace {
@@ -60,7 +60,7 @@ bool cRawLog::CutFrame(std::size_t Done, int Error)
 bool cRawLog::Fail(int Error)
 {
     Close();
-    Reason = std::generic_category().message(Error);
+    Reason = SystemReason(Error);
     return false;
 }
 
@@ -71,7 +71,7 @@ bool cRawLog::Close()
     if (SyncError == 0 && fdatasync(File) != 0 && errno != EINVAL) SyncError = errno;
     close(File);
     File = -1;
-    if (SyncError != 0) Reason = std::generic_category().message(SyncError);
+    if (SyncError != 0) Reason = SystemReason(SyncError);
     return SyncError == 0;
 }
 

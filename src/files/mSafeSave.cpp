@@ -1,12 +1,13 @@
 // Saving through a temporary file beside the target, flushed to disk and renamed over it.
 #include "files/mSafeSave.h"
 
+#include "core/mError.h"
+
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
 #include <filesystem>
 #include <sys/stat.h>
-#include <system_error>
 #include <unistd.h>
 
 namespace {
@@ -105,7 +106,7 @@ void WholeFile::GiveName()
 
 void WholeFile::Fail()
 {
-    if (Reason.empty()) Reason = std::generic_category().message(errno);
+    if (Reason.empty()) Reason = SystemReason(errno);
 }
 
 void WholeFile::Flush()
