@@ -16,7 +16,7 @@ struct Outline
     const char* Areas; // filled
 };
 
-constexpr std::array<Outline, 10> Outlines = {{
+constexpr std::array<Outline, 9> Outlines = {{
     {"open", "M3 18V5h6l2 3h9v3 M3 18l3-7h16l-3 7z", ""},
     {"new", "M13 3H5v18h14V9l-6-6v6h6 M12 12v6 M9 15h6", ""},
     {"check", "M5 4v16 M12 4v16 M19 4v16", "M2.5 7h5v4h-5z M9.5 13h5v4h-5z M16.5 5h5v4h-5z"},
@@ -26,7 +26,6 @@ constexpr std::array<Outline, 10> Outlines = {{
     {"record", "M12 2.5a9.5 9.5 0 1 1-.01 0z", "M12 6.5a5.5 5.5 0 1 1-.01 0z"},
     {"stop", "M12 2.5a9.5 9.5 0 1 1-.01 0z", "M8 8h8v8h-8z"},
     {"close", "M5 5l14 14 M19 5L5 19", ""},
-    {"program", "M2 9c3.3-4 6.7-4 10 0s6.7 4 10 0 M2 16c3.3-4 6.7-4 10 0s6.7 4 10 0", ""},
 }};
 
 QByteArray Drawing(const char* Name, const QColor& Colour)
@@ -74,19 +73,8 @@ QIcon DrawnIcon(const char* Name, const QColor& Colour)
 
 QIcon ProgramIcon()
 {
-    QIcon Icon;
-    for (const int Size : {16, 24, 32, 48, 64, 128, 256}) {
-        QPixmap Picture(Size, Size);
-        Picture.fill(Qt::transparent);
-        QPainter Painter(&Picture);
-        Painter.setRenderHint(QPainter::Antialiasing);
-        Painter.setBrush(QColor(11, 72, 138));
-        Painter.setPen(Qt::NoPen);
-        Painter.drawRoundedRect(QRectF(0, 0, Size, Size), Size * 0.2, Size * 0.2);
-        const double Edge = Size * 0.12;
-        QSvgRenderer(Drawing("program", Qt::white))
-            .render(&Painter, QRectF(Edge, Edge, Size - 2 * Edge, Size - 2 * Edge));
-        Icon.addPixmap(Picture);
-    }
-    return Icon;
+    return QIcon(new OutlineEngine("<svg xmlns='http://www.w3.org/2000/svg' viewBox='-4 -4 32 32'>"
+                                   "<rect x='-4' y='-4' width='32' height='32' rx='6.4' fill='#0b488a'/>"
+                                   "<path d='M2 9c3.3-4 6.7-4 10 0s6.7 4 10 0 M2 16c3.3-4 6.7-4 10 0s6.7 4 10 0' "
+                                   "fill='none' stroke='#ffffff' stroke-width='2' stroke-linecap='round'/></svg>"));
 }

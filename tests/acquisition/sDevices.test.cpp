@@ -1,0 +1,27 @@
+// Serial devices as a made-up kernel shows them.
+#include "platform/plain/sDevices.h"
+
+#include "files/mSafeSave.h"
+#include "support/TempFolder.h"
+
+#include <doctest/doctest.h>
+
+#include <filesystem>
+
+TEST_CASE("port numbers follow the names of devices that have hardware, with numbers as numbers")
+{
+    TempFolder Classes;
+    const auto Make = [&](const std::string& Name, const char* Type) {
+        std::filesystem::create_directories(Classes.Path(Name) + "/device");
+        if (Type) REQUIRE(SaveWhole(Classes.Path(Name) + "/type", Type, Durability::Fast));
+    };
+    Make("ttyUSB10", nullptr);
+    Make("ttyUSB9", nullptr);
+    Make("ttyS0", "0\n");
+    Make("ttyS1", "4\n");
+    Make("ttyACM0", nullptr);
+    std::filesystem::create_directories(Classes.Path("tty7"));
+    CHECK(SerialDevices(Classes.Path("")) ==
+          std::vector<std::string>{"/dev/ttyACM0", "/dev/ttyS1", "/dev/ttyUSB9", "/dev/ttyUSB10"});
+    CHECK(SerialDevices(Classes.Path("none")).empty());
+}
