@@ -13,8 +13,8 @@ endif()
 
 # The release compiler's warnings are errors; clang, which builds the fuzz targets, tells its opinion only.
 add_compile_options(-Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast -Wnon-virtual-dtor
-                    -Woverloaded-virtual -Wcast-align -Wdouble-promotion -Wimplicit-fallthrough
-                    $<$<CXX_COMPILER_ID:GNU>:-Werror>)
+                    -Woverloaded-virtual -Wcast-align -Wimplicit-fallthrough
+                    "$<$<CXX_COMPILER_ID:GNU>:-Wdouble-promotion;-Werror>")
 
 # g++ 12 takes "text" + std::string for overlapping copies (its bug 105651).
 add_compile_options($<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
