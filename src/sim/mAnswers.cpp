@@ -8,7 +8,7 @@
 
 namespace {
 constexpr const char* SerialNumber = "SIM-0001";
-constexpr int MillisPerSecond = 1000;
+constexpr double MillisPerSecond = 1000;
 
 std::string Reply(std::string_view Key, std::string_view Value)
 {

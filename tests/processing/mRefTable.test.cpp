@@ -127,7 +127,8 @@ TEST_CASE_FIXTURE(Tables, "each channel with a table gets its number, also behin
     }
 }
 
-TEST_CASE_FIXTURE(Tables, "a value between the rows is interpolated, rising or falling, and the last input itself gives 0")
+TEST_CASE_FIXTURE(Tables,
+                  "a value between the rows is interpolated, rising or falling, and the last input itself gives 0")
 {
     Use({1, 2, 4, 4, 8}, {10, 20, 30, 50, 70});
     const std::vector<std::pair<double, double>> Rising = {{1, 10}, {1.5, 15}, {2, 20}, {3, 25},
