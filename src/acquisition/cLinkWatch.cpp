@@ -10,7 +10,7 @@ namespace {
 constexpr int64_t SilentAfter = 2000;   // ms without a frame
 constexpr int64_t NoAnswerAfter = 5000; // ms of an attempt to connect
 constexpr int64_t FirstDelay = 250;     // ms from a loss to the first try
-constexpr int64_t LongestDelay = 2000;  // ms between tries
+constexpr int64_t LongestDelay = 500;   // ms between tries: what comes back is lost until the next
 
 std::string WholeSeconds(int64_t Milliseconds)
 {

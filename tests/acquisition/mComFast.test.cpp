@@ -111,19 +111,19 @@ TEST_CASE_FIXTURE(Link, "an adapter that was pulled is taken up again, under a n
     Clock.Wait(20000);
     CHECK_FALSE(Port.IsOpen());
     Port.Plugged.push_back("/dev/ttyUSB2");
-    Clock.Wait(2200);
+    Clock.Wait(700);
     CHECK(Port.Device == "/dev/ttyUSB2");
     Port.Pull();
     Port.Plugged.push_back("/dev/ttyUSB0");
-    Clock.Wait(2200);
+    Clock.Wait(700);
     CHECK(Port.Device.empty());
     Port.Plugged.push_back("/dev/ttyUSB2");
-    Clock.Wait(2200);
+    Clock.Wait(700);
     CHECK(Port.Device == "/dev/ttyUSB2");
     CHECK(Port.Sent == "#RUN\r#RUN\r#RUN\r");
     CHECK(News == "10 Connected to COM port 1\n"
-                  "10 COM port 1 lost: the line was hung up. Trying again\n32 COM port 1 is back\n"
-                  "32 COM port 1 lost: the line was hung up. Trying again\n36 COM port 1 is back\n");
+                  "10 COM port 1 lost: the line was hung up. Trying again\n30 COM port 1 is back\n"
+                  "30 COM port 1 lost: the line was hung up. Trying again\n31 COM port 1 is back\n");
 }
 
 TEST_CASE_FIXTURE(Link, "a wireless link is made in the background, lost, silent and made again, each told once")
