@@ -29,15 +29,9 @@ TEST_CASE_FIXTURE(FreshState, "an old file gives its samples, one that is too sh
     gFile.ChanCnt = 1;
     const std::string Whole = OldFile("01 00 00 00");
     CHECK(Read(Whole + "tail"));
-    CHECK(gRaw.UBound() == 1);
-    CHECK(gRaw.ChannelUBound() == 1);
-    CHECK(gRaw(0, 0) == 0);
-    CHECK(gRaw(1, 0) == 1);
-    CHECK(gRaw(0, 1) == 0.5);
-    CHECK(gRaw(1, 1) == -2);
-    CHECK(gRawStart == 0.5);
-    CHECK(gRawStop == 2.5);
-
+    CHECK((gRaw.ChannelUBound() == 1 && gRaw.UBound() == 1));
+    CHECK((gRaw(0, 0) == 0 && gRaw(1, 0) == 1 && gRaw(0, 1) == 0.5 && gRaw(1, 1) == -2));
+    CHECK((gRawStart == 0.5 && gRawStop == 2.5));
     gRawStop = 7;
     for (const std::size_t Size : {0U, 15U, 799U, 800U, 831U})
         CHECK_FALSE(Read(Whole.substr(0, Size)));
