@@ -6,6 +6,7 @@
 #include "core/mNumText.h"
 #include "files/mBinIO.h"
 #include "files/mExport.h"
+#include "files/mSafeSave.h"
 #include "files/mTextIO.h"
 
 #include <cmath>
@@ -133,6 +134,11 @@ std::string SessionJson()
         .Text();
 }
 
+void TellNoFrames(const std::string& Path)
+{
+    MsgBox("There are no frames of a logger in the file: " + Path, TitleInformation);
+}
+
 void AppendFrame(std::string& Text, int Index)
 {
     AppendFixed(Text, Index, 0);
@@ -157,19 +163,29 @@ bool DoResave(const Args& Line)
 bool DoDump(const Args& Line)
 {
     if (!LoadSession(Line.Files[0]) || !OpenScanFile(Line.Files[1])) return false;
+    WholeFile File(Line.Files[2]);
     std::string Text = "N\tT\t";
     for (int Chan = 1; Chan <= gFile.ChanCnt; ++Chan)
         Text += FormatNum(Chan, "0") + '\t';
-    Text += "\r\n";
+    File.Append(Text + "\r\n");
     CreateData();
-    for (int Index = 0; ReadFrame(); ++Index)
-        AppendFrame(Text, Index);
-    return SaveText(Line.Files[2], Text);
+    int Count = 0;
+    for (; ReadFrame(); ++Count) {
+        Text.clear();
+        AppendFrame(Text, Count);
+        File.Append(Text);
+    }
+    if (Count == 0) TellNoFrames(Line.Files[1]);
+    if (CloseScanFile() && File.Commit()) return true;
+    if (!File.Failure().empty())
+        MsgBox("Can't write file: " + Line.Files[2] + " (" + File.Failure() + ")", TitleWarning);
+    return false;
 }
 
 bool DoExport(const Args& Line)
 {
     if (!LoadSession(Line.Files[0]) || !LoadRaw(Line.Files[1], Line)) return false;
+    if (gRaw.UBound() < 0) TellNoFrames(Line.Files[1]);
     return WriteText(Line.Files[2], Line.Whole("--from", 0), Line.Whole("--to", gRaw.UBound()));
 }
 

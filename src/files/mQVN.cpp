@@ -111,21 +111,25 @@ std::string ProgressText(int Percent)
            FormatNum(std::fmod(Stamp, 60000) / 1000, "0") + "s";
 }
 
-void ScanFrames(StrokeScan& Scan)
+// Gives the number of frames that were decoded.
+int32_t ScanFrames(StrokeScan& Scan)
 {
     const int32_t Length = gScanFile.Length();
-    if (Length < gFrameMin) return;
+    int32_t Decoded = 0;
+    if (Length < gFrameMin) return Decoded;
     CreateData();
     PercentMeter Meter(Length);
     bool IsDecoded = true;
     while (IsDecoded) {
         const int32_t Before = gScanFile.Position();
         IsDecoded = ReadFrame();
+        if (IsDecoded) ++Decoded;
         Scan.AddFrame(Before);
         const int32_t Position = gScanFile.Position();
         if (Meter.IsReached(Position)) ShowReading(ProgressText(Meter.Percent()));
-        if (gScanFile.AtEnd() || Position + gFrameMin >= Length) return;
+        if (gScanFile.AtEnd() || Position + gFrameMin >= Length) break;
     }
+    return Decoded;
 }
 
 void AppendField(std::string& Line, const std::string& Field)
@@ -146,15 +150,14 @@ bool ScanRawFile(const std::string& Path)
     StrokeScan Scan;
     const double Step = Div(1, gDataFreq);
     if (!OpenScanFile(Path)) return false;
-    if (gScanFile.Length() == 0) {
-        CloseScanFile();
-        MsgBox("The file is empty: " + Path, TitleError);
-        return false;
-    }
     gFromFile = true;
     gTimeStep = Step;
-    ScanFrames(Scan);
+    const int32_t Decoded = ScanFrames(Scan);
     if (!CloseScanFile()) return false;
+    if (Decoded == 0) {
+        MsgBox("There are no frames of a logger in the file: " + Path, TitleError);
+        return false;
+    }
     gScanRows = std::move(Scan.Rows);
     return true;
 }
