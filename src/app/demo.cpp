@@ -1,6 +1,6 @@
 // skarvelin-demo FOLDER [--picture FILE] COMMAND...: the desktop program with its ini file and settings in FOLDER, and
 // menu commands given by name, for demonstrations and for pictures of its windows.
-#include "app/cProgram.h"
+#include "app/qProgram.h"
 #include "core/mGlobData.h"
 #include "platform/qt/qText.h"
 
@@ -71,7 +71,7 @@ int main(int Count, char** Args)
         return 2;
     }
     const std::string Folder = Plain(Words.takeFirst()) + "/";
-    cProgram Program(Folder + "settings.ini");
+    qProgram Program(Folder + "settings.ini");
     Program.Start(Folder);
     if (Words.size() > 1 && Words[0] == "--picture") {
         TakePicture(Program.Main(), Words[1]);

@@ -1,5 +1,5 @@
 // The desktop program.
-#include "app/cProgram.h"
+#include "app/qProgram.h"
 #include "core/fFolders.h"
 #include "platform/qt/qText.h"
 
@@ -10,7 +10,7 @@ int main(int Count, char** Args)
 {
     QApplication Toolkit(Count, Args);
     QApplication::setApplicationName("skarvelin");
-    cProgram Program(qSettings::UserPath());
+    qProgram Program(qSettings::UserPath());
     Program.Start(ProgramFolder(Plain(QApplication::applicationDirPath()),
                                 Plain(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation))));
     return QApplication::exec();

@@ -1,5 +1,5 @@
 // The order in which the desktop program comes up.
-#include "app/cProgram.h"
+#include "app/qProgram.h"
 
 #include "acquisition/mSampling.h"
 #include "core/fFolders.h"
@@ -24,7 +24,7 @@ std::string DemoFolder()
 }
 } // namespace
 
-cProgram::cProgram(const std::string& SettingsPath) : Settings(SettingsPath)
+qProgram::qProgram(const std::string& SettingsPath) : Settings(SettingsPath)
 {
     QApplication::setWindowIcon(ProgramIcon());
     SetLook();
@@ -33,7 +33,7 @@ cProgram::cProgram(const std::string& SettingsPath) : Settings(SettingsPath)
     Window.emplace(Status);
 }
 
-void cProgram::Start(const std::string& Folder)
+void qProgram::Start(const std::string& Folder)
 {
     if (!Window->Load(Folder)) OfferDemo(DemoFolder(), Folder);
     if (!gCurFile.empty()) Guard("Opening the session", LoadCurrentFile);

@@ -12,11 +12,11 @@
 #include <optional>
 #include <string>
 
-class cProgram
+class qProgram
 {
 public:
     /// SettingsPath is the file of the settings store.
-    explicit cProgram(const std::string& SettingsPath);
+    explicit qProgram(const std::string& SettingsPath);
 
     /// Starts with Folder as the program's folder and shows the main window.
     void Start(const std::string& Folder);
