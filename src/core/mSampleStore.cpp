@@ -2,12 +2,35 @@
 #include "core/mSampleStore.h"
 
 #include <algorithm>
+#include <cstdlib>
+#include <new>
+#include <sys/mman.h>
 
 namespace {
 // Doubles between the ends of neighbouring channels. A frame is written across all channels, and strides of a power
 // of two would send all those writes to the same few cache lines.
 constexpr std::size_t Pad = 8 * 9;
+
+constexpr std::size_t LargePage = std::size_t{2} << 20;
+
+// Memory of no particular content. Large pages are asked for: taking a full store in small ones would cost more time
+// than the reading of its file.
+double* Allocate(std::size_t Count)
+{
+    const bool IsLarge = Count * sizeof(double) > LargePage;
+    const std::size_t Bytes =
+        IsLarge ? (Count * sizeof(double) / LargePage + 1) * LargePage : Count * sizeof(double) + 1;
+    void* const Memory = IsLarge ? std::aligned_alloc(LargePage, Bytes) : std::malloc(Bytes);
+    if (!Memory) throw std::bad_alloc();
+    if (IsLarge) madvise(Memory, Bytes, MADV_HUGEPAGE);
+    return static_cast<double*>(Memory);
+}
 } // namespace
+
+void SampleStore::Release::operator()(double* Memory) const
+{
+    std::free(Memory);
+}
 
 void SampleStore::Create(int LastChannel, int LastSample)
 {
@@ -37,8 +60,7 @@ void SampleStore::Reserve(int SampleCount)
 {
     if (static_cast<std::size_t>(SampleCount) <= Stride) return;
     const std::size_t NewStride = static_cast<std::size_t>(SampleCount) + Pad;
-    // Memory is left as it is: of a large store each pass over it costs as much as the reading of its file.
-    auto Moved = std::make_unique_for_overwrite<double[]>(NewStride * static_cast<std::size_t>(Channels));
+    decltype(Values) Moved(Allocate(NewStride * static_cast<std::size_t>(Channels)));
     for (int Chan = 0; Chan < Channels; ++Chan)
         std::ranges::copy(Channel(Chan), Moved.get() + static_cast<std::size_t>(Chan) * NewStride);
     Values = std::move(Moved);

@@ -48,7 +48,12 @@ private:
         return static_cast<std::size_t>(Chan) * Stride + static_cast<std::size_t>(Sample);
     }
 
-    std::unique_ptr<double[]> Values;
+    struct Release
+    {
+        void operator()(double* Memory) const;
+    };
+
+    std::unique_ptr<double[], Release> Values;
     std::size_t Stride = 0; // doubles from one channel to the next
     int Channels = 0;
     int Samples = 0;
