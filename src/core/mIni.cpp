@@ -167,7 +167,10 @@ bool ReadIni()
         const auto Equal = Line.find('=');
         if (Equal == std::string_view::npos) continue;
         const std::string_view Key = Line.substr(0, Equal);
-        if (Key == SensKey) ReadCalibrSens(Lines);
+        if (Key == SensKey) {
+            ReadCalibrSens(Lines);
+            continue;
+        }
         const auto Item =
             std::find_if(Items.begin(), Items.end(), [&](const IniItem& Each) { return Each.Key == Key; });
         if (Item == Items.end()) continue;
