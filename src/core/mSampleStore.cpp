@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <new>
 #include <sys/mman.h>
+#include <utility>
 
 namespace {
 // Doubles between the ends of neighbouring channels. A frame is written across all channels, and strides of a power
@@ -13,22 +14,39 @@ constexpr std::size_t Pad = 8 * 9;
 
 constexpr std::size_t LargePage = std::size_t{2} << 20;
 
-// Memory of no particular content. Large pages are asked for: taking a full store in small ones would cost more time
-// than the reading of its file.
-double* Allocate(std::size_t Count)
-{
-    const bool IsLarge = Count * sizeof(double) > LargePage;
-    const std::size_t Bytes =
-        IsLarge ? (Count * sizeof(double) / LargePage + 1) * LargePage : Count * sizeof(double) + 1;
-    void* const Memory = IsLarge ? std::aligned_alloc(LargePage, Bytes) : std::malloc(Bytes);
-    if (!Memory) throw std::bad_alloc();
-    if (IsLarge) madvise(Memory, Bytes, MADV_HUGEPAGE);
-    return static_cast<double*>(Memory);
-}
+// The last large block given back: the next recording is most often of the same size, and memory that is there
+// already costs nothing to take.
+double* SpareMemory = nullptr;
+std::size_t SpareBytes = 0;
 } // namespace
 
-void SampleStore::Release::operator()(double* Memory) const
+// Memory of no particular content. Large pages are asked for: taking a full store in small ones would cost more time
+// than the reading of its file.
+SampleStore::Block SampleStore::Allocate(std::size_t Count)
 {
+    const std::size_t Wanted = Count * sizeof(double) + 1;
+    if (Wanted < LargePage) {
+        void* const Small = std::malloc(Wanted);
+        if (!Small) throw std::bad_alloc();
+        return Block(static_cast<double*>(Small), {Wanted});
+    }
+    const std::size_t Bytes = (Wanted / LargePage + 1) * LargePage;
+    if (SpareBytes == Bytes) {
+        SpareBytes = 0;
+        return Block(std::exchange(SpareMemory, nullptr), {Bytes});
+    }
+    void* const Large = std::aligned_alloc(LargePage, Bytes);
+    if (!Large) throw std::bad_alloc();
+    madvise(Large, Bytes, MADV_HUGEPAGE);
+    return Block(static_cast<double*>(Large), {Bytes});
+}
+
+void StoreRelease::operator()(double* Memory) const
+{
+    if (Bytes >= LargePage) {
+        std::swap(Memory, SpareMemory);
+        SpareBytes = Bytes;
+    }
     std::free(Memory);
 }
 
@@ -60,7 +78,7 @@ void SampleStore::Reserve(int SampleCount)
 {
     if (static_cast<std::size_t>(SampleCount) <= Stride) return;
     const std::size_t NewStride = static_cast<std::size_t>(SampleCount) + Pad;
-    decltype(Values) Moved(Allocate(NewStride * static_cast<std::size_t>(Channels)));
+    Block Moved = Allocate(NewStride * static_cast<std::size_t>(Channels));
     for (int Chan = 0; Chan < Channels; ++Chan)
         std::ranges::copy(Channel(Chan), Moved.get() + static_cast<std::size_t>(Chan) * NewStride);
     Values = std::move(Moved);

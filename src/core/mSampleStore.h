@@ -6,6 +6,13 @@
 #include <memory>
 #include <span>
 
+/// Gives back the memory of a sample store.
+struct StoreRelease
+{
+    std::size_t Bytes = 0;
+    void operator()(double* Memory) const;
+};
+
 /// Values by channel and sample, both from 0. Channel 0 is the time in seconds. Scans run along a channel, so a
 /// channel's samples lie side by side in memory.
 class SampleStore
@@ -48,12 +55,11 @@ private:
         return static_cast<std::size_t>(Chan) * Stride + static_cast<std::size_t>(Sample);
     }
 
-    struct Release
-    {
-        void operator()(double* Memory) const;
-    };
+    using Block = std::unique_ptr<double[], StoreRelease>;
 
-    std::unique_ptr<double[], Release> Values;
+    static Block Allocate(std::size_t Count);
+
+    Block Values;
     std::size_t Stride = 0; // doubles from one channel to the next
     int Channels = 0;
     int Samples = 0;
