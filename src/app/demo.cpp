@@ -1,5 +1,7 @@
-// skarvelin-demo FOLDER [--picture FILE] COMMAND...: the desktop program with its ini file and settings in FOLDER, and
-// menu commands given by name, for demonstrations and for pictures of its windows.
+// skarvelin-demo FOLDER [--size WIDTHxHEIGHT] [--picture FILE] COMMAND...: the desktop program with its ini file and
+// settings in FOLDER, and menu commands given by name, for demonstrations and for pictures of its windows.
+#include "acquisition/mComFast.h"
+#include "acquisition/mSampling.h"
 #include "app/qProgram.h"
 #include "core/mGlobData.h"
 #include "platform/qt/qText.h"
@@ -16,6 +18,8 @@
 namespace {
 constexpr int FramesForPicture = 300;     // more than a sweep of the traces
 constexpr int PatienceForPicture = 60000; // ms
+constexpr int LookMs = 50;
+constexpr int StillMs = 1000;
 
 // The picture in its most frequent colours: a much smaller file than one with all the shades of smooth lines.
 QImage InFewColours(const QImage& Picture)
@@ -44,17 +48,20 @@ QImage Seen(QWidget& Window)
     return Picture.toImage();
 }
 
-// Saves a picture of the window as soon as enough frames have come and ends the program.
-void TakePicture(QWidget& Window, const QString& Path)
+// Saves a picture of the window and ends the program: as soon as enough frames have come, or, where nothing sends any,
+// when the windows have had time to open.
+void TakePicture(QWidget& Window, const QString& Path, QSize Size)
 {
-    Window.setGeometry(0, 0, 1280, 800);
+    Window.setGeometry(QRect(QPoint(), Size));
     auto* Look = new QTimer(&Window);
-    QObject::connect(Look, &QTimer::timeout, &Window, [&Window, Path, Look] {
-        if (gFrameCnt < FramesForPicture) return;
+    QObject::connect(Look, &QTimer::timeout, &Window, [&Window, Path, Look, Waited = 0]() mutable {
+        const bool IsStill = gLinkWatch.State() == cLinkWatch::eState::Closed && !gReplaying;
+        Waited = IsStill ? Waited + LookMs : 0;
+        if (gFrameCnt < FramesForPicture && Waited < StillMs) return;
         Look->stop();
         QApplication::exit(InFewColours(Seen(Window)).save(Path, "PNG", 0) ? 0 : 1);
     });
-    Look->start(50);
+    Look->start(LookMs);
     QTimer::singleShot(PatienceForPicture, &Window, [] {
         std::fputs("No frames came.\n", stderr);
         QApplication::exit(1);
@@ -67,14 +74,20 @@ int main(int Count, char** Args)
     QApplication Toolkit(Count, Args);
     QStringList Words = QApplication::arguments().mid(1);
     if (Words.isEmpty()) {
-        std::fputs("usage: skarvelin-demo FOLDER [--picture FILE] COMMAND...\n", stderr);
+        std::fputs("usage: skarvelin-demo FOLDER [--size WIDTHxHEIGHT] [--picture FILE] COMMAND...\n", stderr);
         return 2;
     }
     const std::string Folder = Plain(Words.takeFirst()) + "/";
     qProgram Program(Folder + "settings.ini");
     Program.Start(Folder);
+    QSize Size(1280, 800);
+    if (Words.size() > 1 && Words[0] == "--size") {
+        const QStringList Sides = Words[1].split('x');
+        Size = {Sides.value(0).toInt(), Sides.value(1).toInt()};
+        Words = Words.mid(2);
+    }
     if (Words.size() > 1 && Words[0] == "--picture") {
-        TakePicture(Program.Main(), Words[1]);
+        TakePicture(Program.Main(), Words[1], Size);
         Words = Words.mid(2);
     }
     for (const QString& Word : Words) {

@@ -12,6 +12,8 @@
 #include "files/mDump.h"
 #include "files/mTextIO.h"
 #include "platform/qt/qIcons.h"
+#include "platform/qt/qPlace.h"
+#include "views/fSwap.h"
 
 #include <QMessageBox>
 
@@ -89,6 +91,14 @@ void DumpChannels(frmMain& Main)
     if (Path.empty()) return;
     ShowIndicators(Main).SetDumpFN(Path);
     StartDump(Path);
+}
+
+void CorrectVars(frmMain& Main)
+{
+    auto* Window = Main.findChild<QWidget*>("fSwap");
+    if (!Window) Main.AddWindow(Window = new fSwap);
+    RestorePlace(*Window, "fSwap", {460, 340});
+    Main.Activate(*Window);
 }
 
 void LogChannels(frmMain&)

@@ -8,6 +8,7 @@ void FileSave(frmMain& Main);
 void FileExit(frmMain& Main);
 void CheckChannels(frmMain& Main);
 void DumpChannels(frmMain& Main);
+void CorrectVars(frmMain& Main);
 void LogChannels(frmMain& Main);
 void ReadLog(frmMain& Main);
 void PlayRawRower(frmMain& Main);

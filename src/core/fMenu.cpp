@@ -16,7 +16,6 @@ constexpr const char* WithCalibration = "Comes with the calibration workbench";
 constexpr const char* WithReZero = "Comes with the re-zero dialog";
 constexpr const char* WithPanels = "Comes with the live panels";
 constexpr const char* WithViews = "Comes with the data view";
-constexpr const char* WithCorrections = "Comes with the sample corrections";
 constexpr const char* WithPlay = "Comes with the play view";
 constexpr const char* WithVideo = "Comes with the video windows";
 constexpr const char* NotUsed = "Not in use";
@@ -67,7 +66,7 @@ constexpr MenuItem Items[] = {
     {"mnuView", "mnuViewRaw", "&Raw...", nullptr, nullptr, WithViews},
     {"mnuView", "mnuViewPrim", "&Primary...", nullptr, nullptr, WithViews},
     {"mnuView", "mnuViewTyp", "&Typical", nullptr, nullptr, WithGrid},
-    {"mnuView", "mnuViewSwap", "Correct Vars", nullptr, nullptr, WithCorrections},
+    {"mnuView", "mnuViewSwap", "Correct Vars", nullptr, CorrectVars, nullptr},
 
     {"mnuPlay", "mnuPlayRawRower", "&Catch", nullptr, PlayRawRower, nullptr},
     {"mnuPlay", "mnuPlayRawCoach", "Simple", nullptr, PlayRawCoach, nullptr},

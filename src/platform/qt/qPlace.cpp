@@ -1,0 +1,54 @@
+// Places of windows, in the work area and on the screen.
+#include "platform/qt/qPlace.h"
+
+#include "core/mHost.h"
+#include "core/mNumText.h"
+
+#include <QGuiApplication>
+#include <QMdiSubWindow>
+#include <QScreen>
+#include <QWidget>
+
+namespace {
+// The part that is moved: the frame around a window of the work area.
+QWidget* Frame(const QWidget& Window)
+{
+    QWidget* Parent = Window.parentWidget();
+    return qobject_cast<QMdiSubWindow*>(Parent) ? Parent : const_cast<QWidget*>(&Window);
+}
+
+QRect Room(const QWidget& Moved)
+{
+    if (!Moved.isWindow() && Moved.parentWidget()) return Moved.parentWidget()->rect();
+    const QScreen* Screen = QGuiApplication::screenAt(Moved.geometry().center());
+    return (Screen ? Screen : QGuiApplication::primaryScreen())->availableGeometry();
+}
+
+int Kept(const std::string& Section, const char* Key)
+{
+    return static_cast<int>(RoundHalfEven(Val(gHost.Settings->GetSetting(Section, Key).value_or("0"))));
+}
+} // namespace
+
+void RestorePlace(QWidget& Window, const std::string& Section, QSize Default)
+{
+    QWidget* Moved = Frame(Window);
+    const QRect Free = Room(*Moved);
+    QRect Place(Kept(Section, "Left"), Kept(Section, "Top"), Kept(Section, "Width"), Kept(Section, "Height"));
+    const bool IsKept = !Place.isEmpty() && Free.intersects(Place);
+    if (!IsKept) Place.setSize(Default);
+    Place.setSize(Place.size().boundedTo(Free.size()));
+    if (!IsKept) Place.moveCenter(Free.center());
+    Moved->setGeometry(Place);
+}
+
+void KeepPlace(const QWidget& Window, const std::string& Section)
+{
+    const QWidget* Moved = Frame(Window);
+    if (Moved->isMaximized() || Moved->isMinimized() || Moved->isFullScreen()) return;
+    const QRect Place = Moved->geometry();
+    const std::pair<const char*, int> Values[] = {
+        {"Left", Place.left()}, {"Top", Place.top()}, {"Width", Place.width()}, {"Height", Place.height()}};
+    for (const auto& [Key, Value] : Values)
+        gHost.Settings->SaveSetting(Section, Key, FormatNum(Value, "0"));
+}

@@ -1,0 +1,60 @@
+// Corrections of stored samples, on all samples of the open session at once and in memory only.
+#pragma once
+
+#include "core/mGlobData.h"
+
+#include <string>
+
+/// What the corrections work on, as it was before the last one.
+struct SwapUndo
+{
+    RowArray<CalibrRow> Calibr;
+    RowArray<DataRow> Data;
+    bool IsChanged = false;
+};
+
+class cSwap
+{
+public:
+    std::string What; // a parameter, or a seat number in text
+    std::string With;
+    std::string AverTo;
+
+    /// Rows touched by the last command.
+    int16_t Count = 0;
+
+    // Each command returns the text that tells what it did. A parameter that is not found touches no row. A pattern of
+    // fewer than 51 values throws RunError: then nothing was changed.
+
+    /// Adds Number ('O') to the 51 values of What in each sample, or multiplies them by it ('S').
+    std::string OffScale(char Kind, double Number);
+
+    /// Exchanges the seat numbers What and With in channels and data rows, the last row of each table left out.
+    std::string Swap();
+
+    /// Gives the parameter What the name With.
+    std::string Rename();
+
+    /// Copies the values of With over those of What in each sample.
+    std::string Replace();
+
+    /// Puts the mean of What and With into AverTo in each sample.
+    std::string Average();
+
+    /// Takes the last correction back. False when there is none.
+    bool Undo();
+
+    /// Whether a correction was made since the last Save.
+    bool IsChanged() const { return Changed; }
+
+    /// Writes the session data file behind a backup copy. False when that fails (told).
+    bool Save();
+
+private:
+    void Commit(RowArray<CalibrRow> Calibr, RowArray<DataRow> Data);
+    std::string Times() const;
+
+    SwapUndo Before;
+    bool HasUndo = false;
+    bool Changed = false;
+};
