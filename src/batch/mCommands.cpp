@@ -5,7 +5,18 @@
 #include "core/mMain.h"
 #include "files/mBinIO.h"
 #include "files/mSafeSave.h"
+#include "files/mTextIO.h"
 #include "processing/mFilter.h"
+
+#include <filesystem>
+
+namespace {
+bool IsSameFile(const std::string& First, const std::string& Second)
+{
+    std::error_code Error;
+    return First == Second || std::filesystem::equivalent(First, Second, Error);
+}
+} // namespace
 
 std::span<const Command> AllCommands()
 {
@@ -65,6 +76,15 @@ std::span<const Command> AllCommands()
          3,
          {{"--panel", ArgKind::Choice, "rower"}},
          DoLive},
+        {"rezero",
+         "SESSION RAW --group 0|1|2|3|4 [--out OUT]",
+         "makes the last counts of a recording the zeros of a group: 0 horizontal angles, 1 vertical angles, 2 handle "
+         "forces, 3 seats, 4 gates",
+         2,
+         2,
+         {{"--group", ArgKind::Choice, "0|1|2|3|4"}, {"--out", ArgKind::Text, "OUT"}},
+         DoReZero,
+         ReZeroObjection},
         {"record",
          "SESSION --serial DEVICE | --tcp HOST:PORT --out FILE --seconds N",
          "records what the logger sends; 0 seconds: until Ctrl-C. A FILE that exists is replaced when frames come",
@@ -91,6 +111,12 @@ bool SaveText(const std::string& Path, const std::string& Text)
 bool LoadSession(const std::string& Path)
 {
     return OpenSession(Path);
+}
+
+bool SaveSession(const std::string& Session, const std::string& Out)
+{
+    if (IsSameFile(Out, Session) && !BackupFile(Session)) return false;
+    return WriteDataFile(Out, gFile, SectionFilter::Any);
 }
 
 bool LoadRaw(const std::string& Path, const Args& Line)

@@ -28,6 +28,9 @@ std::span<const Command> AllCommands();
 /// Opens the session data file and resolves its channels. False when it cannot be read (told).
 bool LoadSession(const std::string& Path);
 
+/// Writes gFile to Out, behind a backup copy when that is the session's own file. False when it fails (told).
+bool SaveSession(const std::string& Session, const std::string& Out);
+
 /// Reads a raw file into the sample store and conditions it when the line says --filter. False when told.
 bool LoadRaw(const std::string& Path, const Args& Line);
 
@@ -48,6 +51,10 @@ bool DoProcess(const Args& Line);
 // Derived variables.
 bool DoDerive(const Args& Line);
 bool DoLive(const Args& Line);
+
+// Calibration.
+bool DoReZero(const Args& Line);
+std::string ReZeroObjection(const Args& Line);
 
 // Recording.
 bool DoRecord(const Args& Line);

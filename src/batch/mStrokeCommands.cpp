@@ -5,7 +5,6 @@
 #include "core/mHost.h"
 #include "core/mSettings.h"
 #include "files/mQVN.h"
-#include "files/mTextIO.h"
 #include "processing/mProcess.h"
 #include "processing/mSample.h"
 #include "processing/mStrokeLog.h"
@@ -44,11 +43,6 @@ bool ProcessGuarded(const std::string& Path, const Args& Line)
     return false;
 }
 
-bool IsSameFile(const std::string& First, const std::string& Second)
-{
-    std::error_code Error;
-    return First == Second || std::filesystem::equivalent(First, Second, Error);
-}
 } // namespace
 
 bool DoScan(const Args& Line)
@@ -73,7 +67,5 @@ bool DoProcess(const Args& Line)
     if (Line.Has("--comment")) gBatchDialogs.Answer = Line.Text("--comment", "");
     for (std::size_t i = 1; i < Line.Files.size(); ++i)
         if (!ProcessGuarded(Line.Files[i], Line)) return false;
-    const std::string Out = Line.Text("--out", Session);
-    if (IsSameFile(Out, Session) && !BackupFile(Session)) return false;
-    return WriteDataFile(Out, gFile, SectionFilter::Any);
+    return SaveSession(Session, Line.Text("--out", Session));
 }

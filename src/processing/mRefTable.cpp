@@ -7,6 +7,7 @@
 #include "core/mNumText.h"
 #include "files/mSafeSave.h"
 #include "processing/mProcFuncs.h"
+#include "processing/mRefZero.h"
 
 #include <algorithm>
 #include <span>
@@ -73,7 +74,8 @@ void LoadRefTables()
 {
     gRefCnt = 0;
     gRefTabs.assign(1, {});
-    for (CalibrRow& Row : gFile.Calibr) {
+    for (int Chan = 1; Chan <= gFile.Calibr.UBound(); ++Chan) {
+        CalibrRow& Row = gFile.Calibr[Chan];
         if (Row.ProcMode != 4) continue;
         gRefCnt = ToInt16(gRefCnt + 1);
         // A table that cannot be read keeps its number, so that no channel comes to use the table of another.
@@ -81,6 +83,7 @@ void LoadRefTables()
         if (ReadRefTable(gCurDir + Row.SensorID + ".ref", Table) == 0) continue;
         Row.Threshold = gRefCnt;
         Row.RefTabFN = Row.SensorID;
+        if (Row.Log0 != 0) ZeroRefTable(Chan);
     }
 }
 

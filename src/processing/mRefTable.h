@@ -23,7 +23,8 @@ extern std::vector<RefTable> gRefTabs;
 extern int16_t gRefCnt;
 
 /// Reloads the tables of all channel rows with ProcMode 4 from gCurDir. A row whose table was read gets its number in
-/// Threshold and its SensorID in RefTabFN; a table that cannot be read is told and its row is left alone.
+/// Threshold and its SensorID in RefTabFN, and its zero when it has one; a table that cannot be read is told and its
+/// row is left alone.
 void LoadRefTables();
 
 /// Reads a table file. Gives gRefCnt, or 0 when it cannot be opened (told).

@@ -1,0 +1,201 @@
+// Rows, zeros and where they are stored.
+#include "calibration/cReZero.h"
+
+#include "core/mError.h"
+#include "core/mGlobData.h"
+#include "core/mHost.h"
+#include "core/mIni.h"
+#include "core/mNumText.h"
+#include "files/mBinIO.h"
+#include "files/mTextIO.h"
+#include "processing/mRefZero.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace {
+constexpr char GroupLetters[cReZero::GroupCnt] = {'A', 'V', 'H', 'S', 'G'};
+constexpr int NamesInGroup = 8;
+
+bool IsChannel(double Number)
+{
+    return Number >= 1 && Number <= std::min(gFile.Calibr.UBound(), LastDataChan);
+}
+
+double Count(int16_t Chan)
+{
+    return Chan >= 0 && Chan <= LastDataChan ? gData[static_cast<std::size_t>(Chan)] : 0;
+}
+
+// The last frame of a file that can be decoded, in gData. False when there is none or the file cannot be read (told).
+bool ReadLastFrame(const std::string& Path)
+{
+    if (!OpenScanFile(Path)) return false;
+    CreateData();
+    std::optional<decltype(gData)> Last;
+    while (ReadFrame())
+        Last = gData;
+    if (!CloseScanFile()) return false;
+    if (Last) gData = *Last;
+    if (!Last) MsgBox("There is no frame of this logger model in file: " + Path, TitleError);
+    return Last.has_value();
+}
+} // namespace
+
+cReZero::cReZero(bool CalibratorMode) : mCalibrMode(CalibratorMode)
+{
+    if (!mCalibrMode) return;
+    ReZeroRow& Row = mRows.emplace_back();
+    Row.Chan = gAutoCalCh;
+    Row.Name = Row.ChanText = FormatNum(gAutoCalCh, "0");
+}
+
+bool cReZero::ChooseGroup(int Index)
+{
+    if (mDirty && !AskYesNo("Are you sure to discard changes?", TitleWarning)) return false;
+    mRows.clear();
+    mDirty = false;
+    for (int i = 1; i <= NamesInGroup; ++i)
+        AddChannel(GroupLetters[Index] + FormatNum(i, "0"));
+    return true;
+}
+
+bool cReZero::AddChannel(const std::string& Name)
+{
+    const int16_t Chan = FindChan(gFile.Calibr, Name);
+    const bool IsShown = std::any_of(mRows.begin(), mRows.end(), [&](const auto& Row) { return Row.Chan == Chan; });
+    if (!IsChannel(Chan) || IsShown || mRows.size() >= MaxRows) return false;
+    ReZeroRow& Row = mRows.emplace_back();
+    Row.Name = Name;
+    Row.Chan = Chan;
+    Row.ChanText = FormatNum(Chan, "0");
+    Fill(Row);
+    return true;
+}
+
+void cReZero::Fill(ReZeroRow& Row)
+{
+    const CalibrRow& Chan = gFile.Calibr[Row.Chan];
+    Row.NewQ0 = Chan.Q0;
+    Row.LogZero = Chan.Log0;
+    Row.OldQ0Text = Row.NewQ0Text = FormatSig(Chan.Q0, 2);
+    Row.Q1Text = FormatSig(Chan.Q1, 6);
+    Row.LZeroText = FormatNum(Chan.Log0, "0.0");
+    Row.HasData = false;
+}
+
+void cReZero::StartData()
+{
+    if (mCalibrMode) {
+        ReZeroRow& Row = mRows[0];
+        Row.Chan = gAutoCalCh;
+        Row.NewQ0 = gAutoCalQ0;
+        Row.OldQ0Text = Row.NewQ0Text = FormatSig(gAutoCalQ0, 2);
+        Row.Q1Text = FormatSig(gAutoCalQ1, 6);
+        return;
+    }
+    for (ReZeroRow& Row : mRows) {
+        const double Typed = RoundHalfEven(Val(Row.ChanText));
+        const int16_t Chan = IsChannel(Typed) ? static_cast<int16_t>(Typed) : FindChan(gFile.Calibr, Row.Name);
+        if (Chan < 1) continue;
+        Row.Chan = Chan;
+        Row.ChanText = FormatNum(Chan, "0");
+        Row.Name = gFile.Calibr[Chan].ParamID;
+        Fill(Row);
+    }
+}
+
+void cReZero::SetChan(int Row, const std::string& Text)
+{
+    At(mRows, Row).ChanText = Text;
+}
+
+void cReZero::SetQ1(int Row, const std::string& Text)
+{
+    ReZeroRow& Edited = At(mRows, Row);
+    Edited.Q1Text = Text;
+    const auto Number = LeadingNumber(Text);
+    if (!Number || mCalibrMode) return;
+    gFile.Calibr[Edited.Chan].Q1 = *Number;
+    mDirty = true;
+}
+
+void cReZero::ShowCount(ReZeroRow& Row)
+{
+    Row.LogText = FormatNum(Row.Log, "0000");
+    Row.PhysText = FormatNum(Row.Phys, "00.00");
+}
+
+void cReZero::DrawData()
+{
+    for (ReZeroRow& Row : mRows) {
+        Row.Log = static_cast<int32_t>(RoundHalfEven(Count(Row.Chan)));
+        Row.Phys = mCalibrMode ? Row.Log * gAutoCalQ1 + gAutoCalQ0 : CalcPhysVal(Row.Chan, Row.Log, Row.Prev);
+        Row.HasData = true;
+        ShowCount(Row);
+    }
+}
+
+// The line is moved so that it passes through zero at the count.
+void cReZero::TakeZero(ReZeroRow& Row, double Count)
+{
+    const double Q1 = mCalibrMode ? gAutoCalQ1 : gFile.Calibr[Row.Chan].Q1;
+    Row.LogZero = Count;
+    Row.NewQ0 = -Q1 * Count;
+    Row.LZeroText = FormatNum(Row.LogZero, "0.0");
+    Row.NewQ0Text = FormatNum(Row.NewQ0, mCalibrMode ? "0.0000" : "00.0000");
+}
+
+bool cReZero::ReZero()
+{
+    if (mRows.empty() || !std::all_of(mRows.begin(), mRows.end(), [](const auto& Row) { return Row.HasData; })) {
+        MsgBox("There are no counts to take as zeros: choose a group and start the data first.", TitleInformation);
+        return false;
+    }
+    if (mCalibrMode && mRows[0].Chan < 1) {
+        MsgBox("There is no automatic calibrator: set one in the calibration workbench first.", TitleInformation);
+        return false;
+    }
+    for (ReZeroRow& Row : mRows) {
+        TakeZero(Row, Row.Log);
+        if (mCalibrMode || gFile.Calibr[Row.Chan].ProcMode != 4) continue;
+        gFile.Calibr[Row.Chan].Log0 = Row.LogZero;
+        ZeroRefTable(Row.Chan);
+    }
+    mDirty = true;
+    return true;
+}
+
+bool cReZero::GetFromFile(const std::string& Path)
+{
+    if (!ReadLastFrame(Path)) return false;
+    DrawData();
+    for (ReZeroRow& Row : mRows)
+        TakeZero(Row, Row.Log);
+    mDirty = true;
+    return true;
+}
+
+void cReZero::Store()
+{
+    if (mCalibrMode) {
+        gAutoCalCh = mRows[0].Chan;
+        gAutoCalQ0 = mRows[0].NewQ0;
+        return;
+    }
+    for (const ReZeroRow& Row : mRows) {
+        gFile.Calibr[Row.Chan].Q0 = Row.NewQ0;
+        gFile.Calibr[Row.Chan].Log0 = Row.LogZero;
+    }
+    ZeroAllRefTables();
+    ResolveChannels();
+}
+
+bool cReZero::SaveData()
+{
+    Store();
+    const bool IsSaved =
+        mCalibrMode ? WriteIni() : BackupFile(gCurFile) && WriteDataFile(gCurFile, gFile, SectionFilter::Any);
+    if (IsSaved) mDirty = false;
+    return IsSaved;
+}

@@ -1,0 +1,84 @@
+// Re-zeroing without its window: the present counts of unloaded channels become their zeros, the gains stay.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+/// A channel of the window, with the texts of its controls.
+struct ReZeroRow
+{
+    std::string Name; // ParamID
+    int16_t Chan = 0; // 0 as long as the row has no channel
+    int32_t Log = 0;  // present count
+    double Phys = 0;  // its physical value
+    double Prev = 0;  // count before it, for channels with hysteresis
+    double NewQ0 = 0; // what Save Data stores
+    double LogZero = 0;
+    bool HasData = false; // a count has come
+    std::string ChanText;
+    std::string LogText;
+    std::string PhysText;
+    std::string OldQ0Text;
+    std::string NewQ0Text;
+    std::string LZeroText;
+    std::string Q1Text;
+};
+
+class cReZero
+{
+public:
+    static constexpr int MaxRows = 9;
+    static constexpr int GroupCnt = 5;
+
+    /// CalibratorMode: the one row is the automatic calibrator, whose zero is kept in the ini file.
+    explicit cReZero(bool CalibratorMode);
+
+    bool IsCalibrMode() const { return mCalibrMode; }
+
+    /// Whether there are results that were not saved.
+    bool IsDirty() const { return mDirty; }
+
+    std::span<const ReZeroRow> Rows() const { return mRows; }
+
+    /// Shows group Index, 0 to 4: horizontal angles, vertical angles, handle forces, seats, gates; of its eight names
+    /// those that are channels of the session. Unsaved results are asked for; false when they are kept.
+    bool ChooseGroup(int Index);
+
+    /// Adds the channel of a name; one that is unknown, shown already or too many gives no row and false.
+    bool AddChannel(const std::string& Name);
+
+    /// Takes channels and calibration of the rows, by number or else by name.
+    void StartData();
+
+    /// The user's text in the column "Channel".
+    void SetChan(int Row, const std::string& Text);
+
+    /// The user's text in the column "Q1": written to the channel at once.
+    void SetQ1(int Row, const std::string& Text);
+
+    /// Takes the newest counts.
+    void DrawData();
+
+    /// Makes the present counts the zeros. False when no count has come (told).
+    bool ReZero();
+
+    /// Makes the last counts of a raw file the zeros. False when the file cannot be read or holds no frame (told).
+    bool GetFromFile(const std::string& Path);
+
+    /// Puts the results into the session, or the calibrator's into the ini file's globals.
+    void Store();
+
+    /// Store, and writes the session behind a backup copy, or the ini file. False when that fails (told).
+    bool SaveData();
+
+private:
+    void Fill(ReZeroRow& Row);
+    void TakeZero(ReZeroRow& Row, double Count);
+    void ShowCount(ReZeroRow& Row);
+
+    const bool mCalibrMode;
+    bool mDirty = false;
+    std::vector<ReZeroRow> mRows;
+};

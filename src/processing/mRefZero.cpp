@@ -1,0 +1,34 @@
+// Re-zeroing of reference tables from their files.
+#include "processing/mRefZero.h"
+
+#include "core/mGlobData.h"
+#include "core/mNumText.h"
+#include "processing/mRefTable.h"
+
+#include <utility>
+
+bool ZeroRefTable(int Chan)
+{
+    CalibrRow& Row = gFile.Calibr[Chan];
+    const double Number = RoundHalfEven(Row.Threshold);
+    if (!(Number >= 1 && Number <= gRefCnt)) return true;
+    RefTable& Table = gRefTabs[static_cast<std::size_t>(Number)];
+    RefTable Fresh;
+    if (ReadRefTable(gCurDir + Row.SensorID + ".ref", Fresh) == 0) return false;
+    Table = std::move(Fresh);
+    if (Row.Side < 1 || Row.Side > 4) return true;
+    const double Z = RefLookup(static_cast<int>(Number), Row.Log0);
+    const double A = Table.Y[0], B = Table.Y[static_cast<std::size_t>(Table.Cnt)];
+    const bool IsTurned = Row.Side == 2 || Row.Side == 4;
+    Row.Min = IsTurned ? Z - B : A - Z;
+    Row.Max = IsTurned ? Z - A : B - Z;
+    for (double& Y : Table.Y)
+        Y = IsTurned ? Z - Y : Y - Z;
+    return true;
+}
+
+void ZeroAllRefTables()
+{
+    for (int Chan = 1; Chan <= gFile.Calibr.UBound(); ++Chan)
+        if (gFile.Calibr[Chan].ProcMode == 4 && gFile.Calibr[Chan].Log0 != 0) ZeroRefTable(Chan);
+}
