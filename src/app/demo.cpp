@@ -1,11 +1,12 @@
 // skarvelin-demo FOLDER [--size WIDTHxHEIGHT] [--picture FILE] COMMAND...: the desktop program with its ini file and
-// settings in FOLDER, and menu commands given by name, for demonstrations and for pictures of its windows.
+// settings in FOLDER, and menu commands and buttons given by name, for demonstrations and for pictures of its windows.
 #include "acquisition/mComFast.h"
 #include "acquisition/mSampling.h"
 #include "app/qProgram.h"
 #include "core/mGlobData.h"
 #include "platform/qt/qText.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QHash>
@@ -19,6 +20,7 @@ namespace {
 constexpr int FramesForPicture = 300;     // more than a sweep of the traces
 constexpr int PatienceForPicture = 60000; // ms
 constexpr int LookMs = 50;
+constexpr int CommandMs = 100; // from one command to the next
 constexpr int StillMs = 1000;
 
 // The picture in its most frequent colours: a much smaller file than one with all the shades of smooth lines.
@@ -46,6 +48,20 @@ QImage Seen(QWidget& Window)
         Painter.drawRect(Place.adjusted(-1, -1, 0, 0));
     }
     return Picture.toImage();
+}
+
+// Runs the menu command of that name, or presses the button of that name in the window that is in front.
+void Press(QWidget& Window, const QString& Name)
+{
+    QWidget* Front = QApplication::focusWidget();
+    while (Front && !Front->parentWidget()->inherits("QMdiSubWindow") && Front->parentWidget() != &Window)
+        Front = Front->parentWidget();
+    if (auto* Command = Window.findChild<QAction*>(Name); Command && Command->isEnabled()) return Command->trigger();
+    for (QWidget* Place : {Front, &Window})
+        if (auto* Button = Place ? Place->findChild<QAbstractButton*>(Name) : nullptr; Button && Button->isEnabled())
+            return Button->click();
+    std::fputs(("There is no command " + Plain(Name) + ".\n").c_str(), stderr);
+    QApplication::exit(2);
 }
 
 // Saves a picture of the window and ends the program: as soon as enough frames have come, or, where nothing sends any,
@@ -90,13 +106,8 @@ int main(int Count, char** Args)
         TakePicture(Program.Main(), Words[1], Size);
         Words = Words.mid(2);
     }
-    for (const QString& Word : Words) {
-        auto* Command = Program.Main().findChild<QAction*>(Word);
-        if (!Command || !Command->isEnabled()) {
-            std::fputs(("There is no command " + Plain(Word) + ".\n").c_str(), stderr);
-            return 2;
-        }
-        QTimer::singleShot(0, Command, &QAction::trigger);
-    }
+    int Delay = 0;
+    for (const QString& Word : Words)
+        QTimer::singleShot(Delay += CommandMs, &Program.Main(), [&Program, Word] { Press(Program.Main(), Word); });
     return QApplication::exec();
 }

@@ -4,6 +4,7 @@
 #include "acquisition/mComFast.h"
 #include "acquisition/mSampling.h"
 #include "calibration/fCheckChans.h"
+#include "calibration/fDoReZero.h"
 #include "calibration/fTrackChans.h"
 #include "core/frmMain.h"
 #include "core/mDataWindow.h"
@@ -16,6 +17,7 @@
 #include "views/fSwap.h"
 
 #include <QMessageBox>
+#include <QPointer>
 
 #include <algorithm>
 #include <filesystem>
@@ -56,6 +58,17 @@ void AskAndPlay(frmMain& Main, const char* Ext)
     const std::string Path = ExecComDlg("Raw File to Play", Ext, eFileMode::In, gCurDir);
     if (!Path.empty()) Play(Main, Path);
 }
+// A new window each time, since the two modes differ in what they write.
+fDoReZero& ShowReZero(frmMain& Main, bool CalibratorMode)
+{
+    if (auto* Open = dynamic_cast<fDoReZero*>(Main.findChild<QWidget*>("fDoReZero"))) {
+        Open->setObjectName({});
+        Open->Unload();
+    }
+    auto* Window = new fDoReZero(CalibratorMode);
+    Main.AddWindow(Window);
+    return *Window;
+}
 } // namespace
 
 void FileOpen(frmMain& Main)
@@ -91,6 +104,36 @@ void DumpChannels(frmMain& Main)
     if (Path.empty()) return;
     ShowIndicators(Main).SetDumpFN(Path);
     StartDump(Path);
+}
+
+void ReZeroChannels(frmMain& Main)
+{
+    if (OpenLink()) SendRun();
+    ShowReZero(Main, false);
+    Main.Tile(Qt::Vertical);
+}
+
+void SetCalibrator(frmMain& Main)
+{
+    if (OpenLink()) SendRun();
+    ShowReZero(Main, true);
+    Main.Tile(Qt::Vertical);
+}
+
+void AutoReZero(frmMain& Main)
+{
+    constexpr int WaitMs = 1000; // for frames to arrive
+    if (!OpenLink()) return;
+    SendRun();
+    for (const int Group : {0, 2}) {
+        QPointer<fDoReZero> Window = &ShowReZero(Main, false);
+        Window->Zeros().ChooseGroup(Group);
+        Window->StartData();
+        gHost.Clock->Wait(WaitMs);
+        if (!Window || !Window->Zeros().ReZero()) return;
+        Window->Zeros().SaveData();
+        Window->Unload();
+    }
 }
 
 void CorrectVars(frmMain& Main)

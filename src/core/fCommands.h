@@ -8,6 +8,12 @@ void FileSave(frmMain& Main);
 void FileExit(frmMain& Main);
 void CheckChannels(frmMain& Main);
 void DumpChannels(frmMain& Main);
+void ReZeroChannels(frmMain& Main);
+void SetCalibrator(frmMain& Main);
+
+/// Zeroes horizontal angles and handle forces by the counts of the next second, and saves the session.
+void AutoReZero(frmMain& Main);
+
 void CorrectVars(frmMain& Main);
 void LogChannels(frmMain& Main);
 void ReadLog(frmMain& Main);

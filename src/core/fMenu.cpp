@@ -13,7 +13,6 @@ constexpr const char* WithSetUp = "Comes with the logger set-up";
 constexpr const char* WithGrid = "Comes with the record grid";
 constexpr const char* WithTargets = "Comes with the targets editor";
 constexpr const char* WithCalibration = "Comes with the calibration workbench";
-constexpr const char* WithReZero = "Comes with the re-zero dialog";
 constexpr const char* WithPanels = "Comes with the live panels";
 constexpr const char* WithViews = "Comes with the data view";
 constexpr const char* WithPlay = "Comes with the play view";
@@ -49,8 +48,8 @@ constexpr MenuItem Items[] = {
 
     {"mnuCalibrate", "mnuCalibrCheck", "&Check Channels", "F5", CheckChannels, nullptr},
     {"mnuCalibrate", "mnuCalibrDo", "&Do Calibration", nullptr, nullptr, WithCalibration},
-    {"mnuCalibrate", "mnuCalibrReZero", "Re&Zero Channels...", nullptr, nullptr, WithReZero},
-    {"mnuCalibrate", "mnuCalibrZeroCal", "Set Calib&Rator...", nullptr, nullptr, WithCalibration},
+    {"mnuCalibrate", "mnuCalibrReZero", "Re&Zero Channels...", nullptr, ReZeroChannels, nullptr},
+    {"mnuCalibrate", "mnuCalibrZeroCal", "Set Calib&Rator...", nullptr, SetCalibrator, nullptr},
     {"mnuCalibrate", "mnuCalibrAnthro", "Anthropometry", nullptr, nullptr, WithVideo},
     {"mnuCalibrate", nullptr, nullptr, nullptr, nullptr, nullptr},
     {"mnuCalibrate", "mnuCalibrLog", "&Log Channels", "Ctrl+R", LogChannels, nullptr},

@@ -1,0 +1,56 @@
+// The window "ReZeroing Channels": a group of unloaded channels with their counts, and their zeros.
+#pragma once
+
+#include "calibration/cReZero.h"
+#include "platform/qt/qDataWindow.h"
+
+#include <array>
+
+class QButtonGroup;
+class QGridLayout;
+class QGroupBox;
+class QLabel;
+class QLayout;
+class QLineEdit;
+
+class fDoReZero : public qDataWindow
+{
+public:
+    /// CalibratorMode: the window sets the zero of the automatic calibrator.
+    explicit fDoReZero(bool CalibratorMode);
+
+    cReZero& Zeros() { return ReZeroing; }
+
+    void StartData();
+    void StopData();
+
+    /// Shows rows and texts as they stand now.
+    void ShowRows();
+
+    void DrawData() override;
+    void SetLive(bool Live) override;
+
+protected:
+    bool eventFilter(QObject* Watched, QEvent* Event) override;
+    void keyPressEvent(QKeyEvent* Event) override;
+    void closeEvent(QCloseEvent* Event) override;
+
+private:
+    static constexpr int Columns = 8;
+
+    QGroupBox* BuildGroups();
+    QLayout* BuildRows();
+    QLayout* BuildCommands();
+    void ChooseGroup(int Index);
+    void AddNewContr();
+    void GetFromLogger();
+    void ReZero();
+    void SaveData();
+    void ShowState(const char* Text);
+
+    cReZero ReZeroing;
+    QButtonGroup* opParGr;
+    std::array<std::array<QLineEdit*, Columns>, cReZero::MaxRows> Boxes{};
+    QLabel* State;
+    int Group = -1;
+};

@@ -1,0 +1,52 @@
+// The re-zero window, clicked and typed into while frames come.
+#include "ShellState.h"
+#include "core/mDataWindow.h"
+#include "core/mGlobData.h"
+
+#include <QLineEdit>
+#include <QRadioButton>
+
+TEST_CASE_FIXTURE(ShellState,
+                  "a group is zeroed by clicks, a space presses nothing, and closing reminds of what is unsaved")
+{
+    Start();
+    gFile.Model = 61;
+    for (const char* Name : {"H1", "H2", "A1"}) {
+        CalibrRow& Row = gFile.Calibr.Grow();
+        Row.Chan = static_cast<int16_t>(gFile.Calibr.UBound());
+        Row.ParamID = Name;
+        Row.Q1 = 0.1;
+    }
+    SetCurFile(Folder.Path("s.txt"));
+    Choose("mnuCalibrReZero");
+    Dialogs.Told.clear();
+    CHECK(Find<QLineEdit>("txtNames_0").text().isEmpty());
+    Click("opParGr_2");
+    CHECK(Find<QLineEdit>("txtNames_1").text() == "H2");
+    CHECK(Find<QLineEdit>("txtNames_1").isVisible());
+    CHECK(!Find<QLineEdit>("txtNames_2").isVisible());
+    QTest::keyClick(&Find<QWidget>("fDoReZero"), Qt::Key_A);
+    gData[1] = 800;
+    gData[2] = 1200;
+    DrawDataWindows();
+    CHECK(Find<QLineEdit>("LogVals_1").text() == "1200");
+    CHECK(Find<QLineEdit>("PhysVals_0").text() == "80.00");
+    Find<QWidget>("cmdArr_2").setFocus();
+    QTest::keyClick(&Find<QWidget>("cmdArr_2"), Qt::Key_Space);
+    CHECK(Find<QLineEdit>("txtNewQ0_0").text() == "0.00");
+    Click("cmdArr_2");
+    CHECK(Find<QLineEdit>("txtNewQ0_0").text() == "-80.0000");
+    CHECK(Find<QLineEdit>("txtLZero_1").text() == "1200.0");
+    Dialogs.AnswerYes = false;
+    Click("opParGr_0");
+    CHECK(Find<QRadioButton>("opParGr_2").isChecked());
+    Click("cmdArr_3");
+    CHECK(gFile.Calibr[1].Q0 == doctest::Approx(-80));
+    CHECK(gFile.Calibr[3].Q0 == 0);
+    Click("cmdArr_2");
+    const auto Told = Dialogs.Told.size();
+    Click("cmdArr_4");
+    QTest::qWait(10);
+    CHECK(Dialogs.Told.size() == Told + 1);
+    CHECK(!Main.findChild<QWidget*>("fDoReZero"));
+}
