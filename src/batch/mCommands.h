@@ -52,6 +52,9 @@ bool DoProcess(const Args& Line);
 bool DoDerive(const Args& Line);
 bool DoLive(const Args& Line);
 
+// Patterns.
+bool DoPatterns(const Args& Line);
+
 // Calibration.
 bool DoReZero(const Args& Line);
 std::string ReZeroObjection(const Args& Line);

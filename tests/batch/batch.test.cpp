@@ -5,6 +5,7 @@
 
 #include <doctest/doctest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <string>
@@ -228,4 +229,30 @@ TEST_CASE("live writes the stroke numbers of every stroke that the recording hol
     CHECK(Folder.Batch({"live", "single.txt", "b.qvn", "b.tsv"}).Exit == 1);
     CHECK(Folder.Batch({"live", "single.txt", "a.qvn", "b.tsv", "--panel=stroke"}).Exit == 2);
     CHECK(Folder.Bytes("b.tsv") == "(none)");
+}
+
+TEST_CASE("the patterns of a sample come as a table, as they stand in the session file, and only those of a sample")
+{
+    const Bench Folder;
+    Folder.Record("a.qvn", "5");
+    REQUIRE(Folder.Batch({"process", "single.txt", "a.qvn"}).Exit == 0);
+    REQUIRE(Folder.Batch({"patterns", "single.txt", "S01", "out.csv"}).Exit == 0);
+    const std::string Table = Folder.Bytes("out.csv"), Session = Folder.Bytes("single.txt");
+    CHECK(Table.starts_with("G1,G2,In3,In4,Acc,"));
+    CHECK(std::count(Table.begin(), Table.end(), '\n') == 52);
+    CHECK(std::count(Table.begin(), Table.end(), ',') == 52 * 23);
+    const std::size_t Row = Session.find("\r\nS01\tH1\t");
+    std::string Values = Session.substr(Session.find('\t', Row + 12) + 1);
+    std::size_t At = Table.find('\n') + 1;
+    for (int j = 0; j <= 50; ++j) {
+        std::size_t Cell = At;
+        for (int c = 0; c < 18; ++c)
+            Cell = Table.find(',', Cell) + 1;
+        CAPTURE(j);
+        CHECK(Val(Table.substr(Cell, 20)) == Val(Values));
+        Values.erase(0, Values.find('\t') + 1);
+        At = Table.find('\n', At) + 1;
+    }
+    CHECK(Folder.Batch({"patterns", "single.txt", "S02", "none.csv"}).Exit == 1);
+    CHECK(Folder.Bytes("none.csv") == "(none)");
 }
