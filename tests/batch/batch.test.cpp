@@ -10,38 +10,33 @@
 #include <filesystem>
 #include <string>
 #include <sys/wait.h>
+#include <tuple>
 #include <vector>
 
 namespace {
 struct Outcome
 {
-    int Exit = 0;
-    std::string Out;
-    std::string Err;
+    int Exit;
+    std::string Out, Err;
 };
 
-std::string Quoted(const std::string& Word)
-{
-    std::string Text = "'";
-    return Text.append(Word).append("'");
-}
+using Words = std::vector<std::string>;
 
 class Bench : public TempFolder
 {
 public:
     Bench() { std::filesystem::copy_file(SOURCE_FOLDER "/demo/single.txt", Path("single.txt")); }
 
-    Outcome Run(const std::string& Program, const std::vector<std::string>& Words) const
+    Outcome Run(const std::string& Program, const Words& Line) const
     {
-        std::string Line = "cd ";
-        Line.append(Quoted(Path(""))).append(" && ").append(Quoted(std::string(PROGRAM_FOLDER "/").append(Program)));
-        for (const std::string& Word : Words)
-            Line.append(" ").append(Quoted(Word));
-        const int Status = std::system((Line + " >out.log 2>err.log").c_str());
+        std::string Command = "cd '" + Path("") + "' && '" PROGRAM_FOLDER "/" + Program + "'";
+        for (const std::string& Word : Line)
+            Command += " '" + Word + "'";
+        const int Status = std::system((Command + " >out.log 2>err.log").c_str());
         return {WEXITSTATUS(Status), Bytes("out.log"), Bytes("err.log")};
     }
 
-    Outcome Batch(const std::vector<std::string>& Words) const { return Run("skarvelin-batch", Words); }
+    Outcome Batch(const Words& Line) const { return Run("skarvelin-batch", Line); }
 
     void Record(const std::string& Name, const std::string& Number) const
     {
@@ -55,23 +50,20 @@ public:
 TEST_CASE("wrong usage is told with a usage line and touches nothing")
 {
     const Bench Folder;
-    const std::vector<std::vector<std::string>> Lines = {
+    const std::vector<Words> Lines = {
         {},
         {"cut", "single.txt"},
-        {"--sett", "gProcRuns=2", "info", "single.txt"},
         {"--set", "gProcRun=2", "info", "single.txt"},
-        {"--set", "gProcRuns=two", "info", "single.txt"},
         {"--set", "gProcRuns=40000", "info", "single.txt"},
         {"resave", "single.txt"},
-        {"resave", "single.txt", "single.txt", "single.txt"},
         {"resave", "single.txt", "new.txt", "--filter", "Some"},
-        {"process", "single.txt"},
         {"process", "single.txt", "a.qvn", "--start", "1.5"},
         {"process", "single.txt", "a.qvn", "--dist"},
         {"export", "single.txt", "a.qvn", "out.txt", "--filter=yes"},
+        {"record", "single.txt", "--tcp", "127.0.0.1:70000", "--out", "a.qvn"},
     };
     const std::string Before = Folder.Bytes("single.txt");
-    for (const auto& Line : Lines) {
+    for (const Words& Line : Lines) {
         const Outcome Result = Folder.Batch(Line);
         CAPTURE(Result.Err);
         CHECK(Result.Exit == 2);
@@ -88,30 +80,28 @@ TEST_CASE("a failure is told with the file that it is about, exits 1 and leaves 
     std::filesystem::create_directory(Folder.Path("folder.qvn"));
     REQUIRE(SaveWhole(Folder.Path("empty.qvn"), ""));
     REQUIRE(SaveWhole(Folder.Path("kept.txt"), "kept"));
-    struct
-    {
-        std::vector<std::string> Line;
-        const char* Told;
-    } const Cases[] = {
+    const std::tuple<Words, const char*> Cases[] = {
         {{"resave", "none.txt", "kept.txt"}, "none.txt"},
         {{"resave", "single.txt", "nowhere/new.txt"}, "nowhere/new.txt"},
         {{"resave", "single.txt", "folder.qvn"}, "folder.qvn"},
         {{"export", "single.txt", "none.qvn", "kept.txt"}, "none.qvn"},
         {{"export", "single.txt", "folder.qvn", "kept.txt"}, "folder.qvn"},
         {{"dump", "single.txt", "folder.qvn", "kept.txt"}, "folder.qvn"},
+        {{"dump", "single.txt", "a.qvn", "/dev/full"}, "Can't write file: /dev/full"},
         {{"scan", "single.txt", "none.qvn", "kept.txt"}, "none.qvn"},
         {{"strokes", "single.txt", "empty.qvn"}, "cycle"},
         {{"process", "single.txt", "empty.qvn"}, "empty.qvn"},
         {{"process", "single.txt", "a.qvn", "none.qvn"}, "none.qvn"},
-        {{"--set", "StdFilter=0", "process", "single.txt", "a.qvn"}, "Division by zero"},
-    };
+        {{"derive", "single.txt", "S07", "kept.txt"}, "There is no sample S07 in file: single.txt\n"},
+        {{"live", "single.txt", "none.qvn", "kept.txt"}, "none.qvn"},
+        {{"--set", "StdFilter=0", "process", "single.txt", "a.qvn"}, "Division by zero"}};
     const std::string Before = Folder.Bytes("single.txt");
-    for (const auto& Case : Cases) {
-        const Outcome Result = Folder.Batch(Case.Line);
-        CAPTURE(Case.Told);
+    for (const auto& [Line, Told] : Cases) {
+        const Outcome Result = Folder.Batch(Line);
+        CAPTURE(Told);
         CAPTURE(Result.Err);
         CHECK(Result.Exit == 1);
-        CHECK(Result.Err.find(Case.Told) != std::string::npos);
+        CHECK(Result.Err.find(Told) != std::string::npos);
         CHECK(Folder.Bytes("single.txt") == Before);
         CHECK(Folder.Bytes("kept.txt") == "kept");
     }
@@ -124,8 +114,8 @@ TEST_CASE("recordings become samples, the former session its copy, and the same 
     Folder.Record("a.qvn", "1");
     Folder.Record("b.qvn", "2");
     const std::string Before = Folder.Bytes("single.txt");
-    const std::vector<std::string> Line = {"--set", "gProcRuns=2", "--set",      "gExpSTD=1", "process", "single.txt",
-                                           "a.qvn", "b.qvn",       "--dist=500", "--out",     "new.txt"};
+    const Words Line = {"--set", "gProcRuns=2", "--set",      "gExpSTD=1", "process", "single.txt",
+                        "a.qvn", "b.qvn",       "--dist=500", "--out",     "new.txt"};
     const Outcome First = Folder.Batch(Line);
     CAPTURE(First.Err);
     REQUIRE(First.Exit == 0);
@@ -181,16 +171,12 @@ TEST_CASE("derive gives the same bytes each time and leaves out what a row canno
     const Bench Folder;
     Folder.Record("a.qvn", "1");
     REQUIRE(Folder.Batch({"process", "single.txt", "a.qvn"}).Exit == 0);
-    const Outcome Report = Folder.Batch({"derive", "single.txt", "S01", "a.tsv"});
-    CHECK(Report.Exit == 0);
-    CHECK(Report.Err.empty());
+    CHECK(Folder.Batch({"derive", "single.txt", "S01", "a.tsv"}).Err.empty());
     const std::string Text = Folder.Bytes("a.tsv");
     CHECK(Text.starts_with("Row\tID\tKind\tKey\tX\tY\n1\tRight\tP\t0\t"));
     CHECK(Text.find("\n1\tRight\tP\t49\t") != std::string::npos);
     CHECK(Text.find("\n1\tRight\tP\t50\t") == std::string::npos);
     CHECK(Text.find("\n1\tRight\tF\tDelX\t\t") != std::string::npos);
-    CHECK(Text.find('\r') == std::string::npos);
-
     REQUIRE(Folder.Batch({"derive", "single.txt", "S01", "b.tsv", "--view", "4"}).Exit == 0);
     CHECK(Folder.Bytes("b.tsv").find("\tP\t50\t50.5\t") != std::string::npos);
 
@@ -204,11 +190,6 @@ TEST_CASE("derive gives the same bytes each time and leaves out what a row canno
     CHECK(Short.Err.find("Row 3 (Gates)") != std::string::npos);
     CHECK(Folder.Bytes("c.tsv").find("\n3\t") == std::string::npos);
     CHECK(Folder.Bytes("c.tsv").find("\n4\tHands\t") != std::string::npos);
-
-    const Outcome Missing = Folder.Batch({"derive", "single.txt", "S07", "d.tsv"});
-    CHECK(Missing.Exit == 1);
-    CHECK(Missing.Err == "Error: There is no sample S07 in file: single.txt\n");
-    CHECK(Folder.Bytes("d.tsv") == "(none)");
 }
 
 TEST_CASE("live writes the stroke numbers of every stroke that the recording holds")
@@ -216,8 +197,7 @@ TEST_CASE("live writes the stroke numbers of every stroke that the recording hol
     const Bench Folder;
     Folder.Record("a.qvn", "1");
     const Outcome Live = Folder.Batch({"live", "single.txt", "a.qvn", "live.tsv"});
-    CHECK(Live.Exit == 0);
-    CHECK(Live.Err.empty());
+    CHECK((Live.Exit == 0 && Live.Err.empty()));
     const std::string Text = Folder.Bytes("live.tsv");
     CHECK(Text.starts_with("Frame\tTime\tStroke\tCycle\tRate\tRateAver\tRow\tID\tKey\tValue\n"));
     // The first start arms the clock; twelve rowed strokes follow it, each with a score on the model.
@@ -226,9 +206,6 @@ TEST_CASE("live writes the stroke numbers of every stroke that the recording hol
     for (auto At = Text.find("Style\tAt\t"); At != std::string::npos; At = Text.find("Style\tAt\t", At + 1))
         ++Scores;
     CHECK(Scores == 12);
-    CHECK(Folder.Batch({"live", "single.txt", "b.qvn", "b.tsv"}).Exit == 1);
-    CHECK(Folder.Batch({"live", "single.txt", "a.qvn", "b.tsv", "--panel=stroke"}).Exit == 2);
-    CHECK(Folder.Bytes("b.tsv") == "(none)");
 }
 
 TEST_CASE("the patterns of a sample come as a table, as they stand in the session file, and only those of a sample")

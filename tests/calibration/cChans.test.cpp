@@ -1,7 +1,6 @@
 // The channel indicators as the calls they draw with.
 #include "calibration/cCheckChans.h"
 #include "calibration/cTrackChans.h"
-#include "calibration/mChanGrid.h"
 #include "core/mGlobData.h"
 #include "core/mSettings.h"
 #include "support/ScriptedDialogs.h"
@@ -62,22 +61,6 @@ TEST_CASE_FIXTURE(FreshState, "counts 0 and 16384 stand at the ends of the bar, 
     CHECK(Second[3] == "restore 468 102 472 202");
 }
 
-TEST_CASE_FIXTURE(FreshState, "the channel indicator holds back what never came and greys what no longer comes")
-{
-    MakeChannels(2, 2);
-    gData[1] = gData[2] = 0;
-    SurfaceLog Surface(500, 400);
-    cCheckChans Chans(Surface);
-    Chans.SetUpPoly();
-    Chans.SetLive(false);
-    CHECK(Surface.Take().empty());
-    Chans.SetLive(true);
-    Chans.DrawChansLine();
-    CHECK(Surface.Take() == Lines{"line 30 190 30 200 #0000C8 wide 2", "line 30 382 30 392 #0000C8 wide 2"});
-    Chans.SetLive(false);
-    CHECK(Surface.Take() == Lines{"line 30 190 30 200 #969696 wide 2", "line 30 382 30 392 #969696 wide 2"});
-}
-
 TEST_CASE_FIXTURE(FreshState,
                   "traces go on column by column, keep the last colour of the table, and start over at the left")
 {
@@ -104,12 +87,4 @@ TEST_CASE_FIXTURE(FreshState,
     Surface.Take();
     Chans.DrawData();
     CHECK(Surface.Take() == Lines{"restore 0 0 21 400", "line 23 8 23 392 #7F7F7F"});
-}
-
-TEST_CASE("names are printed dark enough for white paper, in the hue of their channel")
-{
-    CHECK(Legible(0x000000) == 0x000000);
-    CHECK(Legible(0xFFFF00) == 0x707000); // cyan
-    CHECK(Legible(0xC80000) == 0xC80000);
-    CHECK(Pale(0x0000FF) == 0xA6A6FF);
 }

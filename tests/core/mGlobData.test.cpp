@@ -4,6 +4,7 @@
 #include "core/mError.h"
 
 #include <doctest/doctest.h>
+#include <tuple>
 
 TEST_CASE("each mode of a channel converts by its own formula")
 {
@@ -17,24 +18,16 @@ TEST_CASE("each mode of a channel converts by its own formula")
     Row.Qdn0 = 3;
     Row.Qdn1 = 20;
     Row.Qdn2 = 1.5;
-    struct
-    {
-        int16_t Mode;
-        double X;
-        double Prev;
-        double Y;
-        double PrevAfter;
-    } const Cases[] = {
+    const std::tuple<int16_t, double, double, double, double> Cases[] = {
         {0, 2, 7, -6, 7}, {5, 2, 7, -6, 7}, {7, 2, 7, -6, 7},  {-1, 2, 7, -6, 7}, {3, 2, 7, 6, 7},
-        {1, 2, 7, 23, 7}, {2, 4, 3, 49, 4}, {2, 4, 5, 107, 4}, {2, 4, 4, 78, 4},
-    };
-    for (const auto& Case : Cases) {
-        CAPTURE(Case.Mode);
-        CAPTURE(Case.Prev);
-        Row.ProcMode = Case.Mode;
-        double Prev = Case.Prev;
-        CHECK(CalcPhysVal(1, Case.X, Prev) == Case.Y);
-        CHECK(Prev == Case.PrevAfter);
+        {1, 2, 7, 23, 7}, {2, 4, 3, 49, 4}, {2, 4, 5, 107, 4}, {2, 4, 4, 78, 4}};
+    for (const auto& [Mode, X, Before, Y, After] : Cases) {
+        CAPTURE(Mode);
+        CAPTURE(Before);
+        Row.ProcMode = Mode;
+        double Prev = Before;
+        CHECK(CalcPhysVal(1, X, Prev) == Y);
+        CHECK(Prev == After);
     }
     double Prev = 0;
     CHECK_THROWS_AS(CalcPhysVal(2, 0, Prev), RunError);
@@ -57,17 +50,6 @@ TEST_CASE("channels are found exactly, and the empty name finds none")
     CHECK(gKeyQ1 == 3);
     CHECK(gH1Chan == -1);
     CHECK(gH1Q1 == 0);
-}
-
-TEST_CASE("samples are found by any of their three names")
-{
-    DescRow& Row = gFile.Desc.Grow();
-    Row.SampleID = "S01";
-    Row.RawFN = "a.qvn";
-    CHECK(FindDesc(gFile, "S01", DescKey::TestID) == 1);
-    CHECK(FindDesc(gFile, "a.qvn", DescKey::RawFN) == 1);
-    CHECK(FindDesc(gFile, "a.qvn", DescKey::PrimFN) == -1);
-    CHECK(FindDesc(gFile, "", DescKey::PrimFN) == -1);
 }
 
 TEST_CASE("the sample store keeps what it holds when it grows and shrinks")

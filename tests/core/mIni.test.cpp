@@ -14,24 +14,29 @@ TEST_CASE_FIXTURE(FreshState, "an ini file is read in any order and written back
 {
     const TempFolder Folder;
     gAppDir = Folder.Path("");
-    REQUIRE(
-        SaveWhole(IniPath(),
-                  "IsCurves=1\nIsGrid=0\nLink Address=10.0.0.7\nno sign here\nUnknown=7\nWidth=1024.5\nCOM port=70000\n"
-                  "Current File=/boats/a=b.txt\nAutoCalQ1=0.123456789\nCalibrSens=\n"
-                  "1\tLoad cell\t17\t-0.5\t0.25\t18\n0\t\t1\nEnd\nSysID= K7\nIsValue=-1"));
-    gCOMport = 3;
+    REQUIRE(SaveWhole(
+        IniPath(),
+        "IsCurves=1\nIsGrid=0\nLink Address=10.0.0.7\nno sign here\nUnknown=7\nWidth=1024.5\nCOM port=/dev/ttyUSB7\n"
+        "Current File=/boats/a=b.txt\nAutoCalQ1=0.123456789\nCalibrSens=\n"
+        "1\tLoad cell\t17\t-0.5\t0.25\t18\n0\t\t1\nEnd\nSysID= K7\nIsValue=-1"));
     REQUIRE(ReadIni());
     CHECK(gCurFile == "/boats/a=b.txt");
+    CHECK(gCOMdevice == "/dev/ttyUSB7");
     REQUIRE(WriteIni());
     CHECK(ReadWhole(IniPath()) ==
           "SysID= K7\r\nLeft=0\r\nTop=0\r\nWidth=1024.5\r\nHeight=0\r\n"
-          "Current File=/boats/a=b.txt\r\nBase Folder=\r\nCOM port=3\r\nBackground=\r\nModels=\r\n"
+          "Current File=/boats/a=b.txt\r\nBase Folder=\r\nCOM port=/dev/ttyUSB7\r\nBackground=\r\nModels=\r\n"
           "AutoCalCh=0\r\nAutoCalQ0=0.00000000\r\nAutoCalQ1=0.12345679\r\nCalibrSens=\r\n"
           "-1\tLoad cell\t17\t-0.50000000\t0.25000000\t18\r\n"
           "0\t\t1\t0.00000000\t0.00000000\t0\r\n0\t\t0\t0.00000000\t0.00000000\t0\r\n"
           "0\t\t0\t0.00000000\t0.00000000\t0\r\n0\t\t0\t0.00000000\t0.00000000\t0\r\nEnd\r\n"
           "IsCurves=-1\r\nIsValue=-1\r\nIsScore=0\r\nIsInd=0\r\nIsSound=0\r\nIsGrid=0\r\n"
           "Link Address=10.0.0.7\r\nLink Port=6000\r\n");
+    gCOMport = 3;
+    REQUIRE(SaveWhole(IniPath(), "COM port=70000\n"));
+    REQUIRE(ReadIni());
+    CHECK(gCOMdevice == "");
+    CHECK(gCOMport == 3);
 }
 
 TEST_CASE_FIXTURE(FreshState, "a sixth calibrator is left out, and the last row made for a channel is selected")
@@ -49,23 +54,6 @@ TEST_CASE_FIXTURE(FreshState, "a sixth calibrator is left out, and the last row 
     CHECK(gAutoCalCh == 2);
 }
 
-TEST_CASE_FIXTURE(FreshState, "the places of the logger stay when the file is rewritten")
-{
-    const TempFolder Folder;
-    gAppDir = Folder.Path("");
-    REQUIRE(SaveWhole(IniPath(), "COM port=/dev/ttyUSB7\nLink Address=10.0.0.1\nLink Port=60001\n"));
-    REQUIRE(ReadIni());
-    REQUIRE(WriteIni());
-    CHECK(gCOMdevice == "/dev/ttyUSB7");
-    const std::string Text = ReadWhole(IniPath()).value_or("");
-    CHECK(Text.find("COM port=/dev/ttyUSB7\r\n") != std::string::npos);
-    CHECK(Text.find("Link Address=10.0.0.1\r\nLink Port=60001\r\n") != std::string::npos);
-    REQUIRE(SaveWhole(IniPath(), "COM port=4\n"));
-    REQUIRE(ReadIni());
-    CHECK(gCOMdevice == "");
-    CHECK(gCOMport == 4);
-}
-
 TEST_CASE_FIXTURE(FreshState, "a start without an ini file is told once and goes on with the defaults")
 {
     const TempFolder Folder;
@@ -78,9 +66,6 @@ TEST_CASE_FIXTURE(FreshState, "a start without an ini file is told once and goes
 
 TEST_CASE_FIXTURE(FreshState, "settings come back as they were saved, unusable values give the default")
 {
-    CHECK(gRGB[2] == 16744448);
-    CHECK(gToolBar);
-    CHECK(gTCPaddress == "127.0.0.1");
     gFFslope = -0.125;
     gSessCnt = 123456;
     gToolBar = false;

@@ -1,4 +1,4 @@
-// The raw log on a real disk, with too little room and over older files.
+// The raw log over older files.
 #include "files/cRawLog.h"
 
 #include "files/mSafeSave.h"
@@ -6,7 +6,6 @@
 
 #include <doctest/doctest.h>
 
-#include <sys/resource.h>
 #include <vector>
 
 namespace {
@@ -23,56 +22,6 @@ std::string Text(const std::vector<uint8_t>& Bytes)
     return {Bytes.begin(), Bytes.end()};
 }
 } // namespace
-
-TEST_CASE("every frame is the operating system's when the call returns, and the syncs go on beside it")
-{
-    const TempFolder Folder;
-    const std::string Path = Folder.Path("a.qvn");
-    cRawLog Log;
-    REQUIRE(Log.Open(Path, OldBytes::Kept));
-    std::string Expected;
-    for (uint8_t i = 0; i < 100; ++i) {
-        Expected += Text(SomeFrame(i));
-        REQUIRE(Log.Append(SomeFrame(i)));
-        REQUIRE(ReadWhole(Path) == Expected);
-    }
-    CHECK(Log.Length() == 3300);
-    CHECK(Log.Close());
-    CHECK_FALSE(Log.IsOpen());
-    CHECK(ReadWhole(Path) == Expected);
-}
-
-TEST_CASE("on a full disk the log is closed behind its last whole frame")
-{
-    const TempFolder Folder;
-    const std::string Path = Folder.Path("a.qvn");
-    cRawLog Log;
-    REQUIRE(Log.Open(Path, OldBytes::Kept));
-    const rlimit Room{100, RLIM_INFINITY};
-    REQUIRE(setrlimit(RLIMIT_FSIZE, &Room) == 0);
-    std::string Expected;
-    uint8_t Number = 0;
-    while (Log.Append(SomeFrame(Number)))
-        Expected += Text(SomeFrame(Number++));
-    const rlimit All{RLIM_INFINITY, RLIM_INFINITY};
-    setrlimit(RLIMIT_FSIZE, &All);
-    CHECK(Number == 3);
-    CHECK(ReadWhole(Path) == Expected);
-    CHECK_FALSE(Log.IsOpen());
-    CHECK(Log.Failure() == "File too large");
-
-    SUBCASE("a device without room")
-    {
-        REQUIRE(Log.Open("/dev/full", OldBytes::Dropped));
-        CHECK_FALSE(Log.Append(SomeFrame(0)));
-        CHECK(Log.Failure() == "No space left on device");
-    }
-    SUBCASE("a folder that is not there")
-    {
-        CHECK_FALSE(Log.Open(Folder.Path("none/a.qvn"), OldBytes::Kept));
-        CHECK(Log.Failure() == "No such file or directory");
-    }
-}
 
 TEST_CASE("a file that is recorded over keeps its tail or is dropped with the first frame")
 {

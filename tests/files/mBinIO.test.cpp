@@ -11,6 +11,7 @@
 #include <doctest/doctest.h>
 #include <filesystem>
 #include <fstream>
+#include <tuple>
 
 namespace {
 using Texts = std::vector<std::string>;
@@ -105,11 +106,7 @@ TEST_CASE_FIXTURE(Recording, "bytes without a frame give an empty recording, a r
 TEST_CASE_FIXTURE(Recording, "a stretch begins at the next frame and ends with the one that reaches Stop")
 {
     const std::string Four = Short(125, 2) + Short(250, 4) + Short(375, 6) + Short(500, 8);
-    struct
-    {
-        int32_t From, To;
-        const char* Samples;
-    } const Stretches[] = {
+    const std::tuple<int32_t, int32_t, const char*> Stretches[] = {
         {34, 100, "0 -8 1.5 0 | 0.125 -7 1.5 0 | "}, // whole frames; position 100 is the third's end
         {35, 67, "0 -7 1.5 0 | "},
         {-5, 34, "0 -9 1.5 0 | "},
@@ -119,12 +116,12 @@ TEST_CASE_FIXTURE(Recording, "a stretch begins at the next frame and ends with t
         {500, 0, ""},
         {34, 3, "0 -8 1.5 0 | "},
     };
-    for (const auto& Each : Stretches) {
-        CAPTURE(Each.From);
-        CAPTURE(Each.To);
-        CHECK(Read(Four, Each.From, Each.To) == Each.Samples);
-        CHECK(Start == std::max(Each.From, 1));
-        CHECK(Stop == (Each.To < 1 ? 132 : Each.To));
+    for (const auto& [From, To, Samples] : Stretches) {
+        CAPTURE(From);
+        CAPTURE(To);
+        CHECK(Read(Four, From, To) == Samples);
+        CHECK(Start == std::max(From, 1));
+        CHECK(Stop == (To < 1 ? 132 : To));
     }
     gFrameMin = 33; // while more than a frame is to come
     CHECK(Read(Four, 1, 67) == "0 -9 1.5 0 | ");

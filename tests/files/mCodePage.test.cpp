@@ -6,6 +6,7 @@
 #include "core/mSettings.h"
 
 #include <doctest/doctest.h>
+#include <tuple>
 
 namespace {
 std::string UpperBytes()
@@ -26,26 +27,19 @@ std::string Decoded(const std::string& Bytes)
 TEST_CASE_FIXTURE(FreshState,
                   "all bytes of both legacy pages come back, the undefined ones as code points of their number")
 {
-    struct
-    {
-        int16_t Page;
-        int16_t Language;
-        const char* Bytes;
-        const char* Text;
-    } const Cases[] = {
+    const std::tuple<int16_t, int16_t, const char*, const char*> Cases[] = {
         {0, 0, "M\xFCller \x80 \x81\x8D\x8F\x90\x9D \x9F\xFF", "Müller € \u0081\u008D\u008F\u0090\u009D Ÿÿ"},
         {1252, 1, "\x8A\x92\xA0", "Š’\u00A0"},
         {0, 1, "\xCF\xE5\xF2\xF0 \xB9\x88\x98\xA8\xFF", "Петр №€\u0098Ёя"},
-        {1251, 0, "\x80\x90\xBF\xC0", "ЂђїА"},
-    };
-    for (const auto& Case : Cases) {
-        CAPTURE(Case.Text);
-        gCodePage = Case.Page;
-        gLanguage = Case.Language;
+        {1251, 0, "\x80\x90\xBF\xC0", "ЂђїА"}};
+    for (const auto& [Page, Language, Bytes, Text] : Cases) {
+        CAPTURE(Text);
+        gCodePage = Page;
+        gLanguage = Language;
         TextEncoding Encoding{};
-        CHECK(DecodeText(Case.Bytes, Encoding) == Case.Text);
+        CHECK(DecodeText(Bytes, Encoding) == Text);
         CHECK(Encoding == TextEncoding::Legacy);
-        CHECK(EncodeText(Case.Text, TextEncoding::Legacy) == Case.Bytes);
+        CHECK(EncodeText(Text, TextEncoding::Legacy) == Bytes);
         CHECK(EncodeText(Decoded(UpperBytes()), TextEncoding::Legacy) == UpperBytes());
     }
 }
@@ -53,12 +47,7 @@ TEST_CASE_FIXTURE(FreshState,
 TEST_CASE_FIXTURE(FreshState,
                   "text goes to the legacy page when all of it fits and will be taken for that, otherwise to UTF-8")
 {
-    struct
-    {
-        const char* Text;
-        TextEncoding Encoding;
-        const char* Bytes;
-    } const Cases[] = {
+    const std::tuple<const char*, TextEncoding, const char*> Cases[] = {
         {"plain", TextEncoding::Utf8, "plain"},
         {"Zürich", TextEncoding::Ascii, "Z\xFCrich"},
         {"Zürich", TextEncoding::Utf8, "Zürich"},
@@ -70,10 +59,10 @@ TEST_CASE_FIXTURE(FreshState,
         {"Ł\xFC", TextEncoding::Legacy, "Łü"},
         {"\xED\xA0\x80", TextEncoding::Utf8, "í\u00A0€"}, // half of a surrogate pair
     };
-    for (const auto& Case : Cases) {
-        CAPTURE(Case.Text);
-        CHECK(EncodeText(Case.Text, Case.Encoding) == Case.Bytes);
-        CHECK(EncodeText(Decoded(Case.Bytes), Case.Encoding) == Case.Bytes);
+    for (const auto& [Text, Encoding, Bytes] : Cases) {
+        CAPTURE(Text);
+        CHECK(EncodeText(Text, Encoding) == Bytes);
+        CHECK(EncodeText(Decoded(Bytes), Encoding) == Bytes);
     }
 }
 

@@ -57,11 +57,8 @@ std::string Part(const std::string& Text, const std::string& From, const std::st
 TEST_CASE_FIXTURE(Session, "a file typed by hand is written in the one form, and that form reads back byte for byte")
 {
     CHECK(Rewritten(Golden("session-typed.txt")) == Golden("session-written.txt"));
-    CHECK(gFile.Calibr[2].Chan == 2);
     CHECK(gFile.Calibr[2].SessID == "SESSION");
-    CHECK(gFile.View1Cnt == 2);
     CHECK(gFile.STD.UBound() == 1);
-    CHECK(gFile.Data.UBound() == 5);
     gFile = {};
     CHECK(Rewritten(Golden("session-written.txt")) == Golden("session-written.txt"));
     REQUIRE(WriteDataFile(Path, gFile, SectionFilter::Any));
@@ -83,9 +80,7 @@ TEST_CASE_FIXTURE(Session, "deviations are written only with their setting, samp
 
     gFile.Desc.Clear();
     REQUIRE(Read(Golden("session-typed.txt"), SectionFilter::Non));
-    CHECK(gFile.Desc.UBound() == 0);
-    CHECK(gFile.Data.UBound() == 0);
-    CHECK(gFile.Calibr.UBound() == 2);
+    CHECK((gFile.Desc.UBound() == 0 && gFile.Data.UBound() == 0 && gFile.Calibr.UBound() == 2));
     CHECK(Part(Rewritten("Sess\n\nEnd\nDesc\nEnd\nCalc\nS01|A1|1|3|1|2|\nEnd\n"), "Desc", "Models") ==
           "Desc\r\nEnd\r\nData\r\nEnd\r\nSTD\r\nEnd\r\n");
     CHECK(Part(Rewritten(Tabbed("Desc\nS|0|1\nEnd\nCalc\nS|A|1|3|1|2|\nEnd\n")), "Data", "STD") ==
@@ -101,9 +96,7 @@ TEST_CASE_FIXTURE(Session,
     std::string Text = Rewritten(Oldest);
     CHECK(Text.starts_with(Tabbed("Sess\r\nOLD| 01/02/98|Place|Coach|M|1x|H|A|0.88|2.90|0.45|\r\nEnd\r\nCrew\r\n")));
     CHECK(Part(Text, "Calibr", "View1").starts_with(Tabbed("Calibr\r\nOLD|F1|1|3|0|")));
-    CHECK(gFile.Crew.UBound() == 2);
-    CHECK(gFile.Boat.UBound() == 2);
-    CHECK(gFile.Boat[2].OarLength == 2.9F);
+    CHECK((gFile.Crew.UBound() == 2 && gFile.Boat[2].OarLength == 2.9F));
     Path = Folder.Path("OTHER.txt");
     CHECK(Rewritten(Text) == Text);
 
@@ -130,36 +123,17 @@ TEST_CASE_FIXTURE(Session, "a file read on top of another keeps what it does not
     Replace(Part(Left, "View1", "View3"), "View1\r\nEnd\r\n");
     Replace(Part(Left, "Desc", "VidDots"), "Desc\r\nEnd\r\nData\r\nEnd\r\nModels\r\nEnd\r\n");
     CHECK(DataFileText(gFile, SectionFilter::Any) == Left);
-    CHECK(gFile.View1Cnt == 0);
-    CHECK(gFile.STD.UBound() == 1);
-}
-
-TEST_CASE_FIXTURE(Session, "the key mode of the file counts from 0 to 3, otherwise the setting's")
-{
-    gKeyModeSet = 2;
-    REQUIRE(Read(Tabbed("Main\n61|||||3|\nEnd\n")));
-    CHECK(gKeyMode == 3);
-    REQUIRE(Read(Tabbed("Main\n61|||||4|\nEnd\n")));
-    CHECK(gKeyMode == 2);
-    CHECK(gFile.KeyMode == 4);
-    REQUIRE(Read(Tabbed("Main\n61|||||70000|\nEnd\n")));
-    CHECK(gFile.KeyMode == 4);
-}
-
-TEST_CASE_FIXTURE(Session, "the channels' reference tables are read with them, from the session's folder")
-{
-    SetCurFile(Path);
-    REQUIRE(Read(Tabbed("Main\n61|\nEnd\nCalibr\nF1|1|3|||||||||||4||||||||||S17||\nEnd\n")));
-    CHECK(Dialogs.Told == std::vector<std::string>{"Error: Can't open reference table: " + Folder.Path("S17.ref")});
 }
 
 TEST_CASE_FIXTURE(Session, "a file that rows are taken from leaves the open session's tables and key mode alone")
 {
+    gKeyModeSet = 2;
+    REQUIRE(Read(Tabbed("Main\n61|||||4|\nEnd\n"))); // no mode of a file
+    CHECK(gKeyMode == 2);
     REQUIRE(Read(
         Tabbed("Main\n61|||||1|\nEnd\nVidDots\nP1|Knee|1|\nEnd\nVidCoords\nS|P1|2|1|X|1|2|\nS|P1|2|1|Y|3|4\nEnd\n")));
     REQUIRE(gVidCoords.UBound() == 1);
-    CHECK(gVidCoords[1].Values.at(1).X == 2);
-    CHECK(gVidCoords[1].Values.at(1).Y == 4);
+    CHECK((gVidCoords[1].Values.at(1).X == 2 && gVidCoords[1].Values.at(1).Y == 4));
     REQUIRE(SaveWhole(Path, Tabbed("Main\n61|||||2|\nEnd\nCrew\n1|1|Anna|\nEnd\nVidDots\nEnd\n")));
     DataFile Other;
     REQUIRE(ReadDataFile(Path, Other, SectionFilter::Any));
@@ -202,9 +176,6 @@ TEST_CASE_FIXTURE(Session, "a file goes back in the encoding it came in, in UTF-
     gFile.SessID = "Łódź";
     REQUIRE(WriteDataFile(Path, gFile, SectionFilter::Any));
     CHECK(ReadWhole(Path)->starts_with("Sess\r\nŁódź\t"));
-    REQUIRE(Read("Sess\nZürich\t\nEnd\n"));
-    REQUIRE(WriteDataFile(Path, gFile, SectionFilter::Any));
-    CHECK(ReadWhole(Path)->starts_with("Sess\r\nZürich\t"));
 }
 
 TEST_CASE_FIXTURE(Session, "what cannot be read is told and leaves the open file as it was")
@@ -229,8 +200,6 @@ TEST_CASE_FIXTURE(Session, "a save that fails is told with its reason, and the b
     CHECK(BackupFile(Path));
     REQUIRE(SaveWhole(Path, "newer"));
     CHECK(ReadWhole(Folder.Path("SESSION.bak")) == Golden("session-written.txt"));
-    CHECK(BackupFile(Path));
-    CHECK(ReadWhole(Folder.Path("SESSION.bak")) == "newer");
     CHECK(BackupFile(Folder.Path("missing.txt")));
     CHECK_FALSE(WriteDataFile("/dev/full", gFile, SectionFilter::Any));
     CHECK_FALSE(WriteDataFile(Folder.Path("no/such.txt"), gFile, SectionFilter::Any));

@@ -7,6 +7,7 @@
 #include "support/ScriptedDialogs.h"
 
 #include <doctest/doctest.h>
+#include <tuple>
 
 namespace {
 std::vector<double> Samples(int Chan)
@@ -33,14 +34,7 @@ TEST_CASE("times are shifted from the first one above zero to the last row but o
 TEST_CASE_FIXTURE(FreshState,
                   "spikes become the mean of their neighbours, a repaired sample is the next one's neighbour")
 {
-    struct
-    {
-        std::string What;
-        double Min;
-        double Max;
-        std::vector<double> Before;
-        std::vector<double> After;
-    } const Cases[] = {
+    const std::tuple<std::string, double, double, std::vector<double>, std::vector<double>> Cases[] = {
         // Steps 1 1 98 -98 1 1 1 1, divided by 7: mean 6/7, deviation 52.36, mean step 28.86: the limit is 81.2.
         {"one spike", -1e9, 1e9, {0, 1, 2, 100, 2, 3, 4, 5, 6}, {0, 1, 2, 2, 2, 3, 4, 5, 6}},
         {"a step is no spike", -1e9, 1e9, {0, 0, 0, 90, 90, 90, 90}, {0, 0, 0, 90, 90, 90, 90}},
@@ -49,13 +43,13 @@ TEST_CASE_FIXTURE(FreshState,
         {"no range is a range of zero", 0, 0, {4, 0, 0, 8, 8, 0}, {4, 0, 0, 4, 2, 0}},
         {"an evenly rising channel has no spread", -1e9, 1e9, {1, 2, 3, 4, 5, 6}, {1, 2, 3, 4, 5, 6}},
     };
-    for (const auto& Case : Cases) {
-        CAPTURE(Case.What);
-        MakeRecording({Case.Before});
-        gFile.Calibr[1].Min = Case.Min;
-        gFile.Calibr[1].Max = Case.Max;
+    for (const auto& [What, Min, Max, Before, After] : Cases) {
+        CAPTURE(What);
+        MakeRecording({Before});
+        gFile.Calibr[1].Min = Min;
+        gFile.Calibr[1].Max = Max;
         CHECK(SpikeFilter());
-        CHECK(Samples(1) == Case.After);
+        CHECK(Samples(1) == After);
     }
     MakeRecording({{9, 9, 9, 9}, {9, 9, 9, 9}});
     gFile.Calibr.Resize(1);

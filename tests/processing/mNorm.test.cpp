@@ -6,6 +6,7 @@
 #include "support/ScriptedDialogs.h"
 
 #include <doctest/doctest.h>
+#include <tuple>
 
 namespace {
 // A recording of Last + 1 samples of the straight line 5 T + 2, which every interpolation meets.
@@ -34,16 +35,7 @@ int CountPoints(double T0, double T1, double Step)
 
 TEST_CASE("a cycle is brought to 51 points, wherever the search for its samples starts")
 {
-    struct
-    {
-        std::string What;
-        int Last;
-        double Step;
-        int32_t CycleStart;
-        double T0;
-        double T1;
-        int Points;
-    } const Cases[] = {
+    const std::tuple<std::string, int, double, int32_t, double, double, int> Cases[] = {
         {"twice as many samples as points", 200, 0.02, 53, 1.003, 3.017, 51},
         {"six times as many", 400, 0.01, 53, 0.503, 3.517, 51},
         {"half as many, found by going down", 100, 0.04, 28, 1.003, 2.017, 51},
@@ -53,13 +45,12 @@ TEST_CASE("a cycle is brought to 51 points, wherever the search for its samples 
         {"long past the start, found by going down to row 1", 200, 0.02, 140, 0.0, 2.0, 51},
         {"the data end in the middle", 100, 0.02, 53, 1.0, 3.0, 26},
         {"the guess leaves the data before the time does", 60, 0.02, 53, 1.0, 1.1, 9},
-        {"behind the data", 60, 0.02, 53, 2.0, 3.0, 0},
-    };
-    for (const auto& Case : Cases) {
-        CAPTURE(Case.What);
-        MakeLine(Case.Last, Case.Step);
-        AddCycle(Case.CycleStart, Case.T0, Case.T1, 1);
-        CHECK(CountPoints(Case.T0, Case.T1, Case.Step) == Case.Points);
+        {"behind the data", 60, 0.02, 53, 2.0, 3.0, 0}};
+    for (const auto& [What, Last, Step, CycleStart, T0, T1, Points] : Cases) {
+        CAPTURE(What);
+        MakeLine(Last, Step);
+        AddCycle(CycleStart, T0, T1, 1);
+        CHECK(CountPoints(T0, T1, Step) == Points);
     }
     MakeLine(200, 0.02);
     for (int i = 80; i <= 200; ++i)

@@ -6,6 +6,7 @@
 #include <doctest/doctest.h>
 
 #include <cmath>
+#include <tuple>
 
 TEST_CASE("the derivatives of a cubic are exact whatever the step")
 {
@@ -31,18 +32,13 @@ TEST_CASE("each kind of regression finds its own curve")
         Exp[i] = 3 * std::exp(-0.2 * X[i]);
         Cubic[i] = X[i] * X[i] * X[i];
     }
-    struct
-    {
-        eRegress Type;
-        const double* Y;
-        double B;
-    } const Cases[] = {
+    const std::tuple<eRegress, const double*, double> Cases[] = {
         {eRegress::Linear, Straight, -2}, {eRegress::Logarithmic, Log, -2}, {eRegress::Exponential, Exp, -0.2}};
-    for (const auto& Case : Cases) {
-        const auto Found = Regress2(Case.Type, X, {Case.Y, 4});
+    for (const auto& [Type, Y, B] : Cases) {
+        const auto Found = Regress2(Type, X, {Y, 4});
         REQUIRE(Found);
         CHECK(Found->A == doctest::Approx(3));
-        CHECK(Found->B == doctest::Approx(Case.B));
+        CHECK(Found->B == doctest::Approx(B));
     }
     CHECK_FALSE(Regress2(eRegress::Exponential, X, Straight));
     CHECK_FALSE(Regress2(eRegress::Linear, {}, {}));

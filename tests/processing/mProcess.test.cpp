@@ -10,17 +10,12 @@
 #include <doctest/doctest.h>
 
 #include <limits>
+#include <tuple>
 
 TEST_CASE("a boundary is found where its pattern is complete, two samples before the end of the data at the latest")
 {
-    struct
-    {
-        std::string What;
-        int16_t Mode;
-        std::vector<double> Key;
-        int32_t Cur; // 0: nothing is found
-        double Time;
-    } const Cases[] = {
+    // The sample behind it is 0 where nothing is found.
+    const std::tuple<std::string, int16_t, std::vector<double>, int32_t, double> Cases[] = {
         {"falling, between the samples", 0, {9, 9, 3, 1, -3, -4, -4, 0, 0}, 7, 3.25},
         {"the pattern would need the last sample but one", 0, {9, 9, 3, 1, -3, -4, -4, 0}, 0, 0},
         {"both samples on the threshold", 0, {9, 9, 3, 0, 0, -2, -2, 0, 0}, 7, 3},
@@ -30,18 +25,17 @@ TEST_CASE("a boundary is found where its pattern is complete, two samples before
         {"lowest, the later of two equal samples", 2, {9, 9, 3, 1, 1, 2, 3, 0, 0}, 7, 4},
         {"lowest, but without two rises", 2, {9, 9, 3, 2, 1, 2, 2, 2, 2}, 0, 0},
         {"highest", 3, {9, 9, 1, 3, 4, 2, 1, 0, 0}, 7, 4},
-        {"a mode that does not exist", 4, {9, 9, 3, 1, -3, -4, -4, 0, 0}, 0, 0},
-    };
-    for (const auto& Case : Cases) {
-        CAPTURE(Case.What);
-        MakeRecording({Case.Key});
+        {"a mode that does not exist", 4, {9, 9, 3, 1, -3, -4, -4, 0, 0}, 0, 0}};
+    for (const auto& [What, Mode, Key, Found, At] : Cases) {
+        CAPTURE(What);
+        MakeRecording({Key});
         gKeyWin = {};
-        gKeyMode = Case.Mode;
+        gKeyMode = Mode;
         int32_t Cur = 0;
         double Time = -1;
-        CHECK(DetectCycle(Cur, 100, Time) == (Case.Cur != 0));
-        CHECK(Cur == (Case.Cur != 0 ? Case.Cur : gRaw.UBound() - 1));
-        CHECK(Time == (Case.Cur != 0 ? Case.Time : -1));
+        CHECK(DetectCycle(Cur, 100, Time) == (Found != 0));
+        CHECK(Cur == (Found != 0 ? Found : gRaw.UBound() - 1));
+        CHECK(Time == (Found != 0 ? At : -1));
     }
 }
 

@@ -9,6 +9,7 @@
 #include <cmath>
 #include <doctest/doctest.h>
 #include <fstream>
+#include <tuple>
 
 namespace {
 using Texts = std::vector<std::string>;
@@ -63,11 +64,8 @@ TEST_CASE_FIXTURE(Tables, "a table file is read by the order of its lines, and a
 {
     const std::string Title = "Reference Table\r\n";
     const std::string Rows = "0\t5\t1.500\t-2.000000\r\n7\t6\t2.500\t-1.000000\t\r\n2\t0\t4.000\t0.500000";
-    struct
-    {
-        std::string Text;
-        const char* Table; // null: told as no table
-    } const Files[] = {
+    // Null is told as no table.
+    const std::tuple<std::string, const char*> Files[] = {
         {Title + "02\tS1\t\r\n" + Heads + Rows, "2 S1 | 5 1.5 -2 | 6 2.5 -1 | 0 4 0.5"},
         {"any\n01\tS1\nN\n" + Rows, "1 S1 | 5 1.5 -2 | 6 2.5 -1"},
         {Title + "40000\t\r\n" + Heads + Rows, "2  | 5 1.5 -2 | 6 2.5 -1 | 0 4 0.5"},
@@ -76,18 +74,17 @@ TEST_CASE_FIXTURE(Tables, "a table file is read by the order of its lines, and a
         {Title + "02\tS1\t\r\n" + Heads, nullptr},
         {Title + "S1\t\r\n" + Heads + Rows, nullptr},
         {"Reference", nullptr},
-        {"", nullptr},
-    };
+        {"", nullptr}};
     gRefCnt = 3;
-    for (const auto& Each : Files) {
-        CAPTURE(Each.Text);
+    for (const auto& [Text, Shown] : Files) {
+        CAPTURE(Text);
         Dialogs.Told.clear();
         RefTable Table;
         Table.Name = "before";
-        const std::string Path = File("S1.ref", Each.Text);
-        CHECK(ReadRefTable(Path, Table) == (Each.Table ? 3 : 0));
-        CHECK(Show(Table) == (Each.Table ? Each.Table : "0 before | 0 0 0"));
-        CHECK(Dialogs.Told == (Each.Table ? Texts{} : Texts{"Error: Can't open reference table: " + Path}));
+        const std::string Path = File("S1.ref", Text);
+        CHECK(ReadRefTable(Path, Table) == (Shown ? 3 : 0));
+        CHECK(Show(Table) == (Shown ? Shown : "0 before | 0 0 0"));
+        CHECK(Dialogs.Told == (Shown ? Texts{} : Texts{"Error: Can't open reference table: " + Path}));
     }
     std::string Long = Title + "255\tS1\t\r\n" + Heads;
     for (int Row = 0; Row < 300; ++Row)
@@ -184,11 +181,10 @@ TEST_CASE("a fit gives the number of coefficients and the spread by the points l
 
 TEST_CASE("points that determine a lower degree only give that one, and none at all change nothing")
 {
-    struct
-    {
-        std::vector<double> X, Y, Coef; // no coefficients: refused
-        double Sigma;
-    } const Fits[] = {
+    // X: no coefficients: refused.
+    // Y: no coefficients: refused.
+    // Without coefficients the fit is refused.
+    const std::tuple<std::vector<double>, std::vector<double>, std::vector<double>, double> Fits[] = {
         {{2, 2, 2}, {1, 2, 6}, {3, 0, 0}, std::sqrt(7)},
         {{1.1, 2.3}, {3.2, 5.6}, {1, 2, 0}, 0},
         {{1e16}, {4}, {4, 0, 0}, 0},
@@ -196,19 +192,18 @@ TEST_CASE("points that determine a lower degree only give that one, and none at 
         {{1, 2}, {1}, {}, 0},
         {{-1e308, 0, 1e308}, {1, 2, 3}, {}, 0},
         {{0, std::nan(""), 1, 3}, {1, 2, 3, 4}, {}, 0},
-        {{0, 1, 2, 3}, {1, 2, std::nan(""), 4}, {}, 0},
-    };
-    for (const auto& Each : Fits) {
-        CAPTURE(Each.X.size());
+        {{0, 1, 2, 3}, {1, 2, std::nan(""), 4}, {}, 0}};
+    for (const auto& [X, Y, Expected, Spread] : Fits) {
+        CAPTURE(X.size());
+        const bool IsFit = !Expected.empty();
         int16_t Degree = 2;
         double Sigma = 5;
         std::vector<double> Coef = {9};
-        CHECK(PolyFit(Each.X, Each.Y, Degree, Sigma, Coef) == !Each.Coef.empty());
-        CHECK(Degree == (Each.Coef.empty() ? 2 : 3));
-        CHECK(Sigma == doctest::Approx(Each.Coef.empty() ? 5 : Each.Sigma).epsilon(1e-12));
-        const auto Expected = Each.Coef.empty() ? std::vector<double>{9} : Each.Coef;
-        REQUIRE(Coef.size() == Expected.size());
+        CHECK(PolyFit(X, Y, Degree, Sigma, Coef) == IsFit);
+        CHECK(Degree == (IsFit ? 3 : 2));
+        CHECK(Sigma == doctest::Approx(IsFit ? Spread : 5).epsilon(1e-12));
+        REQUIRE(Coef.size() == (IsFit ? 3 : 1));
         for (std::size_t i = 0; i < Coef.size(); ++i)
-            CHECK(Coef[i] == doctest::Approx(Expected[i]).epsilon(1e-12));
+            CHECK(Coef[i] == doctest::Approx(IsFit ? Expected[i] : 9).epsilon(1e-12));
     }
 }

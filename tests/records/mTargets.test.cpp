@@ -53,6 +53,11 @@ TEST_CASE("of several matches the last wins, but the table's last row is never c
 TEST_CASE("a category without targets and missing curves are told and switched off")
 {
     TargetFolder Folder;
+    for (const char* Text : {"", "targets\r\nID\r\n1\r\n", "Targets", "Targets\r\nEnd of it\r\n1\r\n"}) {
+        Folder.Put("Targets.ini", Text);
+        CHECK(LoadTargets());
+        CHECK(gTargets.Rows.empty());
+    }
     gFile.AgeGroup = 'M';
     Folder.Put("Targets.ini", Table);
     InitTargets();
@@ -65,22 +70,6 @@ TEST_CASE("a category without targets and missing curves are told and switched o
     // Each switch is kept with the value that the curves' had then.
     CHECK(Folder.Settings.GetSetting("Models", "gIsTargVals") == "1");
     CHECK(Folder.Settings.GetSetting("Models", "gIsTargCurves") == "0");
-}
-
-TEST_CASE("files of another kind are empty tables, and a lone data row is never chosen")
-{
-    const TargetFolder Folder;
-    for (const char* Text : {"", "targets\r\nID\r\n1\r\n", "Targets", "Targets\r\nEnd of it\r\n1\r\n"}) {
-        Folder.Put("Targets.ini", Text);
-        CHECK(LoadTargets());
-        CHECK(gTargets.Rows.empty());
-    }
-    Folder.Put("Targets.ini", "Targets\nID\n1\t\tW\tL\t2x\tA\t5\n");
-    Folder.Put("Curves.ini", "Curve\nA\t1\n");
-    InitTargets();
-    CHECK(gIsTargVals == 0);
-    CHECK(gTargets.Rows.size() == 1);
-    CHECK(gCurves.empty());
 }
 
 TEST_CASE("the grid's rows go back to the file with its backup, values with two decimals")

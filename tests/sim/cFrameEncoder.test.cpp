@@ -50,11 +50,10 @@ TEST_CASE("frames have the bytes that a logger sends")
 TEST_CASE("the decoders give back every count of every model's frames")
 {
     const FreshState State;
-    const std::vector<FrameLayout> Layouts = {
-        {60, 0, 0, false}, {61, 8, 8, false},  {61, 1, 8, true},  {62, 4, 16, false},
-        {63, 2, 4, true},  {64, 2, 10, false}, {65, 3, 6, true},  {60, 2, 18, true},
-        {66, 0, 0, false}, {67, 0, 0, false},  {68, 0, 0, false},
-    };
+    const std::vector<FrameLayout> Layouts = {{60, 0, 0, false},  {61, 8, 8, false}, {61, 1, 8, true},
+                                              {62, 4, 16, false}, {63, 2, 4, true},  {64, 2, 10, false},
+                                              {65, 3, 6, true},   {60, 2, 18, true}, {66, 0, 0, false},
+                                              {67, 0, 0, false},  {68, 0, 0, false}};
     cRandom Random(3);
     for (const FrameLayout& Layout : Layouts) {
         CAPTURE(Layout.Model);
@@ -78,31 +77,4 @@ TEST_CASE("the decoders give back every count of every model's frames")
             CHECK(gData[0] == static_cast<double>(Shown) / 1000);
         }
     }
-}
-
-TEST_CASE("each frame kind carries its own items of the optional block")
-{
-    const FreshState State;
-    gFile.Model = 61;
-    cFrameEncoder Encoder({61, 1, 8, false});
-    for (const int Kind : {KindWords, KindPlace, KindNoDist, KindAll}) {
-        CAPTURE(Kind);
-        const double Words = Kind == KindPlace ? 7 : 9;
-        const double Place = Kind == KindWords ? 7 : 9;
-        const double Dist = Kind == KindWords || Kind == KindNoDist ? 7 : 9;
-        gLastGPS.fill(7);
-        Bytes Stream;
-        Encoder.Append(Stream, 1000, std::vector<int32_t>(25, 9), Kind);
-        REQUIRE(Decode(Stream));
-        CHECK(std::vector<double>(gData.begin() + 11, gData.begin() + 18) ==
-              std::vector<double>{Words, Words, Place, Place, Place, Dist, 9});
-    }
-}
-
-TEST_CASE("no logger has seven channels a slave or slaves beyond the block count")
-{
-    for (const FrameLayout& Layout :
-         {FrameLayout{61, 1, 7, false}, FrameLayout{61, 127, 4, false}, FrameLayout{61, -1, 8, false},
-          FrameLayout{59, 1, 8, false}, FrameLayout{69, 0, 0, false}, FrameLayout{0, 0, 0, false}})
-        CHECK_FALSE(cFrameEncoder::IsPossible(Layout));
 }

@@ -13,6 +13,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/socket.h>
+#include <tuple>
 #include <unistd.h>
 
 namespace {
@@ -117,13 +118,7 @@ TEST_CASE("commands change the logger's mode and are answered")
 {
     LoggerMode Mode;
     const LocalTime Now{2026, 3, 4, 5, 6, 7};
-    struct
-    {
-        const char* Command;
-        const char* Answer;
-        bool IsRunning;
-        int Freq;
-    } const Cases[] = {
+    const std::tuple<const char*, const char*, bool, int> Cases[] = {
         {"#MODE?", "#MODE: 2,40,0\r", true, 25},
         {"#SETUP<CR>", "#SETUP: OK\r", false, 25},
         {"#MODE=2,10,0", "#MODE: 2,10,0\r", false, 100},
@@ -131,12 +126,11 @@ TEST_CASE("commands change the logger's mode and are answered")
         {"#RUN", "", true, 100},
         {"#UTC?", "#UTC: 2026/03/04-05:06:07\r", true, 100},
         {"#UTC=2020/01/01-00:00:00", "#UTC: 2020/01/01-00:00:00\r", true, 100},
-        {"#WHAT", "#ERR: #WHAT\r", true, 100},
-    };
-    for (const auto& Case : Cases) {
-        CAPTURE(Case.Command);
-        CHECK(AnswerCommand(Case.Command, Mode, Now) == Case.Answer);
-        CHECK(Mode.IsRunning == Case.IsRunning);
-        CHECK(Mode.Freq == Case.Freq);
+        {"#WHAT", "#ERR: #WHAT\r", true, 100}};
+    for (const auto& [Command, Answer, IsRunning, Freq] : Cases) {
+        CAPTURE(Command);
+        CHECK(AnswerCommand(Command, Mode, Now) == Answer);
+        CHECK(Mode.IsRunning == IsRunning);
+        CHECK(Mode.Freq == Freq);
     }
 }

@@ -86,20 +86,3 @@ TEST_CASE("a value survives the way to counts and back in every processing mode"
         CHECK(std::fabs(ThereAndBack(-500, Prev) + 50) < 0.1);
     }
 }
-
-TEST_CASE("a channel that cannot show the value gives the nearest count or its zero level")
-{
-    const FreshState State;
-    CalibrRow& Curve = Channel(1);
-    Curve.Qup0 = 10;
-    Curve.Qup1 = -0.02;
-    Curve.Qup2 = 1e-5; // never below 0, at 1000 counts
-    CHECK(CountOf(Curve, -5, 0, Max) == doctest::Approx(1000));
-
-    CalibrRow& Flat = Channel(0);
-    Flat.Q0 = 3;
-    Flat.Log0 = 8190;
-    CHECK(CountOf(Flat, 100, 0, Max) == 8190);
-    Flat.ProcMode = 4; // without a table
-    CHECK(CountOf(Flat, 100, 0, Max) == 8190);
-}

@@ -1,0 +1,19 @@
+// What every serial port and socket must do, over real links.
+#pragma once
+
+#include "platform/iSerialPort.h"
+#include "platform/iSocket.h"
+
+#include <functional>
+
+/// Lets the links' events run for so many milliseconds.
+using LinkWait = std::function<void(int)>;
+
+/// Thresholds, bytes left unread, all 256 bytes as they are, commands, and lines that cannot be opened.
+void CheckSerialPort(iSerialPort& Port, const LinkWait& Wait);
+
+/// A line that hangs up again and again: what came before is given, each is told once, and nothing leaks.
+void CheckHangUps(iSerialPort& Port, const LinkWait& Wait);
+
+/// Connection, data, and each way in which it ends; cases with subcases.
+void CheckSocket(iSocket& Socket, const LinkWait& Wait);
