@@ -3,19 +3,13 @@
 
 #include "acquisition/mDecode.h"
 #include "acquisition/mSampling.h"
-#include "core/mGlobData.h"
 #include "core/mIni.h"
-#include "core/mSettings.h"
-#include "files/mSafeSave.h"
+#include "support/Case.h"
 #include "support/ScriptedLink.h"
-#include "support/TempFolder.h"
-
-#include <doctest/doctest.h>
 
 namespace {
 struct Link : LinkState
 {
-    TempFolder Folder;
     std::string News;
 
     Link()

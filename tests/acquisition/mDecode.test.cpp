@@ -1,13 +1,7 @@
 #include "acquisition/mDecode.h"
 
-#include "core/mGlobData.h"
-#include "core/mNumText.h"
-#include "core/mSettings.h"
+#include "support/Case.h"
 #include "support/Hex.h"
-
-#include <doctest/doctest.h>
-#include <string>
-#include <tuple>
 
 namespace {
 const std::string Time = "5C 0B 00 00 00 "; // 1500 ms

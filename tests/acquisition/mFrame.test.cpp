@@ -1,9 +1,7 @@
 #include "acquisition/mFrame.h"
 
+#include "support/Case.h"
 #include "support/Hex.h"
-
-#include <doctest/doctest.h>
-#include <string>
 
 namespace {
 // A source that gives the bytes of a text in pieces of that size.

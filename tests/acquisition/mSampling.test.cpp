@@ -2,25 +2,16 @@
 #include "acquisition/mSampling.h"
 
 #include "acquisition/mComFast.h"
-#include "core/mGlobData.h"
-#include "core/mSettings.h"
-#include "files/mSafeSave.h"
+#include "support/Case.h"
 #include "support/ScriptedLink.h"
-#include "support/TempFolder.h"
-
-#include <doctest/doctest.h>
 
 #include <random>
 #include <sys/resource.h>
-#include <utility>
 
 namespace {
-using Told = std::vector<std::string>;
-
 // A program with both roads of a link open and a recording.
 struct Recording : LinkState
 {
-    TempFolder Folder;
     CountingWindow Window;
     std::string Path = Folder.Path("a.qvn");
 
@@ -116,8 +107,8 @@ TEST_CASE_FIXTURE(Recording, "on the serial road each frame has an event and is 
         Port.Feed(LongFrame(160) + LongFrame(200));
         CHECK(Window.Drawn == 4);
         CHECK(Dialogs.Told ==
-              Told{"Error: Showing the frame failed: Division by zero. Nothing that was stored has been "
-                   "changed."});
+              Texts{"Error: Showing the frame failed: Division by zero. Nothing that was stored has been "
+                    "changed."});
         CHECK(Recorded().ends_with(LongFrame(160) + LongFrame(200)));
     }
     SUBCASE("a head that claims more than the buffer holds costs what has come, and the next frame is found")
@@ -140,17 +131,6 @@ TEST_CASE_FIXTURE(Recording, "on the serial road each frame has an event and is 
         Port.Feed(LongFrame(200));
         CHECK(Recorded() == LongFrame(40) + LongFrame(80) + LongFrame(120) + LongFrame(200));
     }
-}
-
-TEST_CASE_FIXTURE(Recording, "short frames below gFrameMin lag behind by what the threshold holds back")
-{
-    Open(0, 67);
-    Port.Feed(ShortFrame(1400));
-    CHECK(gFrameCnt == 0);
-    Port.Feed(ShortFrame(1440));
-    CHECK(gFrameCnt == 1);
-    StopAll();
-    CHECK(Recorded() == ShortFrame(1400) + ShortFrame(1440));
 }
 
 TEST_CASE_FIXTURE(Recording, "however the stream is cut, its frames are recorded byte for byte and its junk is not")
@@ -206,7 +186,7 @@ TEST_CASE_FIXTURE(Recording,
     StartReplay(Folder.Path("none.qvn"));
     CHECK(Port.IsOpen());
     StartReplay(Path);
-    CHECK(Dialogs.Told == Told{"Warning!: The recording is still running: " + Path});
+    CHECK(Dialogs.Told == Texts{"Warning!: The recording is still running: " + Path});
     StartReplay(Folder.Path("old.qvn"));
     CHECK_FALSE(Port.IsOpen());
     gStrokeCnt = 7;
@@ -266,8 +246,8 @@ TEST_CASE_FIXTURE(Recording, "a full disk ends the recording with one message, a
     Clock.Wait(1000);
     const rlimit All{RLIM_INFINITY, RLIM_INFINITY};
     setrlimit(RLIMIT_FSIZE, &All);
-    CHECK(Dialogs.Told == Told{"Error: Can't write Log file: " + Path +
-                               " (File too large). The recording has stopped; what was recorded until now is whole."});
+    CHECK(Dialogs.Told == Texts{"Error: Can't write Log file: " + Path +
+                                " (File too large). The recording has stopped; what was recorded until now is whole."});
     CHECK_FALSE(gLogging);
     CHECK(Window.Drawn == 5);
     CHECK(Recorded() == LongFrame(40) + LongFrame(80));

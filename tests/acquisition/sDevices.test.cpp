@@ -1,12 +1,6 @@
 // Serial devices as a made-up kernel shows them.
 #include "platform/plain/sDevices.h"
-
-#include "files/mSafeSave.h"
-#include "support/TempFolder.h"
-
-#include <doctest/doctest.h>
-
-#include <filesystem>
+#include "support/Case.h"
 
 TEST_CASE("port numbers follow the names of devices that have hardware, with numbers as numbers")
 {
@@ -21,7 +15,6 @@ TEST_CASE("port numbers follow the names of devices that have hardware, with num
     Make("ttyS1", "4\n");
     Make("ttyACM0", nullptr);
     std::filesystem::create_directories(Classes.Path("tty7"));
-    CHECK(SerialDevices(Classes.Path("")) ==
-          std::vector<std::string>{"/dev/ttyACM0", "/dev/ttyS1", "/dev/ttyUSB9", "/dev/ttyUSB10"});
+    CHECK(SerialDevices(Classes.Path("")) == Texts{"/dev/ttyACM0", "/dev/ttyS1", "/dev/ttyUSB9", "/dev/ttyUSB10"});
     CHECK(SerialDevices(Classes.Path("none")).empty());
 }

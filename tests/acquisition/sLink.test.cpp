@@ -1,11 +1,9 @@
 // The engine's own links over a real pseudo-terminal and a real connection.
 #include "platform/plain/sSerialPort.h"
 #include "platform/plain/sSocket.h"
+#include "support/Case.h"
 #include "support/LinkChecks.h"
 #include "support/LinkPeers.h"
-#include "support/TempFolder.h"
-
-#include <doctest/doctest.h>
 
 namespace {
 struct PlainLoop

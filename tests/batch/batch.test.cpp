@@ -1,17 +1,9 @@
 // The batch program as its users call it: a process, its files, its exit code and its words.
-#include "core/mNumText.h"
-#include "files/mSafeSave.h"
-#include "support/TempFolder.h"
-
-#include <doctest/doctest.h>
+#include "support/Case.h"
 
 #include <algorithm>
 #include <cstdlib>
-#include <filesystem>
-#include <string>
 #include <sys/wait.h>
-#include <tuple>
-#include <vector>
 
 namespace {
 struct Outcome

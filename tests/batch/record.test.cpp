@@ -1,19 +1,13 @@
 // The recorder as a process of its own, over real links that are cut, with signals, a full disk and a kill.
-#include "files/mSafeSave.h"
+#include "support/Case.h"
 #include "support/LinkPeers.h"
-#include "support/TempFolder.h"
-
-#include <doctest/doctest.h>
 
 #include <csignal>
 #include <fcntl.h>
-#include <filesystem>
 #include <functional>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
-#include <utility>
-#include <vector>
 
 namespace {
 // A recorder at work in a folder with a session, and what a logger sends.

@@ -1,16 +1,10 @@
 // The channel indicators as the calls they draw with.
 #include "calibration/cCheckChans.h"
 #include "calibration/cTrackChans.h"
-#include "core/mGlobData.h"
-#include "core/mSettings.h"
-#include "support/ScriptedDialogs.h"
+#include "support/Case.h"
 #include "support/SurfaceLog.h"
 
-#include <doctest/doctest.h>
-
 namespace {
-using Lines = std::vector<std::string>;
-
 void MakeChannels(int Count, int Rows)
 {
     gFile.ChanCnt = static_cast<int16_t>(Count);
@@ -21,9 +15,9 @@ void MakeChannels(int Count, int Rows)
     }
 }
 
-Lines Only(const Lines& All, const std::string& What)
+Texts Only(const Texts& All, const std::string& What)
 {
-    Lines Found;
+    Texts Found;
     for (const std::string& Call : All)
         if (Call.starts_with(What + " ")) Found.push_back(Call);
     return Found;
@@ -37,14 +31,14 @@ TEST_CASE_FIXTURE(FreshState, "counts 0 and 16384 stand at the ends of the bar, 
     cCheckChans Chans(Surface);
     Chans.SetUpPoly();
     Chans.DrawGrid();
-    const Lines Grid = Surface.Take();
+    const Texts Grid = Surface.Take();
     CHECK(Only(Grid, "polyline").empty());
     CHECK(Only(Grid, "box").front() == "box 29 7 471 393 #323232 empty");
-    const Lines Texts = Only(Grid, "text");
-    CHECK(Texts.size() == 14);
-    CHECK(Texts[1] == "text 73 389 \"1638\" 8 centre #323232");
-    CHECK(Texts[10].find("\"1 GateAng\"") != std::string::npos);
-    CHECK(Texts[13].find("\"4\"") != std::string::npos);
+    const Texts Labels = Only(Grid, "text");
+    CHECK(Labels.size() == 14);
+    CHECK(Labels[1] == "text 73 389 \"1638\" 8 centre #323232");
+    CHECK(Labels[10].find("\"1 GateAng\"") != std::string::npos);
+    CHECK(Labels[13].find("\"4\"") != std::string::npos);
 
     Chans.SetLive(true);
     Surface.Take();
@@ -54,9 +48,9 @@ TEST_CASE_FIXTURE(FreshState, "counts 0 and 16384 stand at the ends of the bar, 
     gData[4] = 1.9;
     Chans.DrawData();
     CHECK(Surface.Take() ==
-          Lines{"polyline 30 8 30 8 30 104 470 104 470 200 250 200 250 296 30 296 30 392 #0000C8 wide 2"});
+          Texts{"polyline 30 8 30 8 30 104 470 104 470 200 250 200 250 296 30 296 30 392 #0000C8 wide 2"});
     Chans.DrawData();
-    Lines Second = Surface.Take();
+    Texts Second = Surface.Take();
     CHECK(Second.size() == 9);
     CHECK(Second[3] == "restore 468 102 472 202");
 }
@@ -72,10 +66,10 @@ TEST_CASE_FIXTURE(FreshState,
     Surface.Take();
     gData[1] = 16384;
     Chans.DrawData();
-    CHECK(Surface.Take() == Lines{"restore 0 0 21 400", "line 23 8 23 392 #7F7F7F"});
+    CHECK(Surface.Take() == Texts{"restore 0 0 21 400", "line 23 8 23 392 #7F7F7F"});
     gData[1] = 0;
     Chans.DrawData();
-    Lines Second = Surface.Take();
+    Texts Second = Surface.Take();
     REQUIRE(Second.size() == 12);
     CHECK(Second[0] == "restore 0 0 24 400");
     CHECK(Second[1] == "line 20 392 23 8 #FF0000 wide 2");
@@ -86,5 +80,5 @@ TEST_CASE_FIXTURE(FreshState,
         Chans.DrawData();
     Surface.Take();
     Chans.DrawData();
-    CHECK(Surface.Take() == Lines{"restore 0 0 21 400", "line 23 8 23 392 #7F7F7F"});
+    CHECK(Surface.Take() == Texts{"restore 0 0 21 400", "line 23 8 23 392 #7F7F7F"});
 }

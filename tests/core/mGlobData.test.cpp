@@ -1,10 +1,6 @@
 // Conversion of raw counts and the look-ups by identifier.
 #include "core/mGlobData.h"
-
-#include "core/mError.h"
-
-#include <doctest/doctest.h>
-#include <tuple>
+#include "support/Case.h"
 
 TEST_CASE("each mode of a channel converts by its own formula")
 {

@@ -1,18 +1,11 @@
 // Skarvelin.ini and the settings store.
 #include "core/mIni.h"
 
-#include "core/mGlobData.h"
 #include "core/mMain.h"
-#include "core/mSettings.h"
-#include "files/mSafeSave.h"
-#include "support/ScriptedDialogs.h"
-#include "support/TempFolder.h"
-
-#include <doctest/doctest.h>
+#include "support/Case.h"
 
 TEST_CASE_FIXTURE(FreshState, "an ini file is read in any order and written back in its own")
 {
-    const TempFolder Folder;
     gAppDir = Folder.Path("");
     REQUIRE(SaveWhole(
         IniPath(),
@@ -41,7 +34,6 @@ TEST_CASE_FIXTURE(FreshState, "an ini file is read in any order and written back
 
 TEST_CASE_FIXTURE(FreshState, "a sixth calibrator is left out, and the last row made for a channel is selected")
 {
-    const TempFolder Folder;
     gAppDir = Folder.Path("");
     REQUIRE(SaveWhole(IniPath(), "CalibrSens=\n0\ta\t1\t1\t1\t9\n0\tb\t2\t2\t2\t9\n0\tc\t3\t3\t3\t8\n0\td\t4\t4\t4\t7\n"
                                  "0\te\t5\t5\t5\t6\n0\tf\t6\t6\t6\t9\nEnd\nAutoCalCh=11\n"));
@@ -56,9 +48,8 @@ TEST_CASE_FIXTURE(FreshState, "a sixth calibrator is left out, and the last row 
 
 TEST_CASE_FIXTURE(FreshState, "a start without an ini file is told once and goes on with the defaults")
 {
-    const TempFolder Folder;
     CHECK_FALSE(StartUp(Folder.Path("")));
-    CHECK(Dialogs.Told == std::vector<std::string>{"Error: File not found: " + Folder.Path("Skarvelin.ini")});
+    CHECK(Dialogs.Told == Texts{"Error: File not found: " + Folder.Path("Skarvelin.ini")});
     CHECK(gTimeStep == 1.0 / 25);
     ShutDown();
     CHECK(StartUp(Folder.Path("")));

@@ -1,15 +1,11 @@
 // Numbers and dates as text.
 #include "core/mNumText.h"
-
-#include <doctest/doctest.h>
+#include "support/Case.h"
 
 #include <array>
 #include <bit>
 #include <charconv>
-#include <cmath>
 #include <random>
-#include <string>
-#include <tuple>
 
 TEST_CASE("numbers follow their literal pattern, a tie goes to the even digit")
 {

@@ -1,12 +1,6 @@
 // The raw log over older files.
 #include "files/cRawLog.h"
-
-#include "files/mSafeSave.h"
-#include "support/TempFolder.h"
-
-#include <doctest/doctest.h>
-
-#include <vector>
+#include "support/Case.h"
 
 namespace {
 // A frame of 33 bytes.

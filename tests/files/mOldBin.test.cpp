@@ -1,11 +1,8 @@
 #include "files/mOldBin.h"
 
-#include "core/mGlobData.h"
+#include "support/Case.h"
 #include "support/Hex.h"
-#include "support/ScriptedDialogs.h"
-#include "support/TempFolder.h"
 
-#include <doctest/doctest.h>
 #include <fstream>
 
 namespace {
@@ -20,7 +17,6 @@ std::string OldFile(const std::string& LastSample)
 
 TEST_CASE_FIXTURE(FreshState, "an old file gives its samples, one that is too short for them changes nothing")
 {
-    const TempFolder Folder;
     const std::string Path = Folder.Path("old.bin");
     const auto Read = [&](const std::string& Bytes) {
         std::ofstream(Path, std::ios::binary) << Bytes;

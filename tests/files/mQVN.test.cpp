@@ -1,20 +1,11 @@
 #include "files/mQVN.h"
 
-#include "core/mGlobData.h"
-#include "core/mNumText.h"
-#include "core/mSettings.h"
-#include "files/mSafeSave.h"
+#include "support/Case.h"
 #include "support/Hex.h"
-#include "support/ScriptedDialogs.h"
-#include "support/TempFolder.h"
 
-#include <doctest/doctest.h>
 #include <fstream>
-#include <tuple>
 
 namespace {
-using Texts = std::vector<std::string>;
-
 // A program with a session of one slave of 8 channels; channel 2 drives the strokes, channel 3 is the speed.
 class Outing : public FreshState
 {
@@ -73,8 +64,6 @@ public:
             Text += FormatNum((Row.Pos - 1) / 34, "0") + " ";
         return Text;
     }
-
-    TempFolder Folder;
 };
 } // namespace
 

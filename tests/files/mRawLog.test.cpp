@@ -1,20 +1,12 @@
 // The beginning of a recording: names, questions, the session's count.
 #include "files/mRawLog.h"
 
-#include "core/mGlobData.h"
-#include "core/mSettings.h"
-#include "files/mSafeSave.h"
 #include "files/mTextIO.h"
-#include "support/ScriptedDialogs.h"
-#include "support/TempFolder.h"
-
-#include <doctest/doctest.h>
+#include "support/Case.h"
 
 namespace {
 struct Session : FreshState
 {
-    TempFolder Folder;
-
     Session()
     {
         gFile = {};
@@ -33,13 +25,12 @@ struct Session : FreshState
         return Read.SampleCnt;
     }
 };
-using Told = std::vector<std::string>;
 } // namespace
 
 TEST_CASE_FIXTURE(Session, "a recording takes its name from the comment and the count, and counts its sample")
 {
     StartLog();
-    CHECK(Dialogs.Told == Told{"Input Comment: Ready to start sample # 7 [Sample 07]"});
+    CHECK(Dialogs.Told == Texts{"Input Comment: Ready to start sample # 7 [Sample 07]"});
     CHECK(gRawFN == Folder.Path("race_007.qvn"));
     CHECK(gSampleName == "Sample 07");
     CHECK(gLogging);

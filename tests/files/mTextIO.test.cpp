@@ -1,15 +1,8 @@
 // The session data file: what is read, what is written, and that neither loses anything.
 #include "files/mTextIO.h"
-
-#include "core/mSettings.h"
-#include "files/mSafeSave.h"
-#include "support/ScriptedDialogs.h"
-#include "support/TempFolder.h"
-
-#include <doctest/doctest.h>
+#include "support/Case.h"
 
 #include <algorithm>
-#include <filesystem>
 
 namespace {
 std::string Golden(const std::string& Name)
@@ -26,7 +19,6 @@ std::string Tabbed(std::string Text)
 
 struct Session : FreshState
 {
-    TempFolder Folder;
     std::string Path = Folder.Path("SESSION.txt");
 
     Session() { gFile = {}; }
@@ -188,10 +180,9 @@ TEST_CASE_FIXTURE(Session, "what cannot be read is told and leaves the open file
     CHECK_FALSE(Read(std::string("\0\xFF\x80\n\x01\t\tMain", 11)));
     CHECK(DataFileText(gFile, SectionFilter::Any) == Golden("session-written.txt"));
     CHECK(gFile.Encoding == TextEncoding::Ascii);
-    CHECK(Dialogs.Told == std::vector<std::string>{"Warning!: Can't open file: " + Missing,
-                                                   "Warning!: Can't open file: " + Folder.Path(""),
-                                                   "Warning!: This is no session data file: " + Path,
-                                                   "Warning!: This is no session data file: " + Path});
+    CHECK(Dialogs.Told ==
+          Texts{"Warning!: Can't open file: " + Missing, "Warning!: Can't open file: " + Folder.Path(""),
+                "Warning!: This is no session data file: " + Path, "Warning!: This is no session data file: " + Path});
 }
 
 TEST_CASE_FIXTURE(Session, "a save that fails is told with its reason, and the backup is a copy beside the file")
@@ -207,9 +198,8 @@ TEST_CASE_FIXTURE(Session, "a save that fails is told with its reason, and the b
     std::filesystem::create_directory(Folder.Path("SESSION.bak"));
     CHECK_FALSE(BackupFile(Path));
     CHECK(Dialogs.Told ==
-          std::vector<std::string>{"Warning!: Can't write file: /dev/full (No space left on device)",
-                                   "Warning!: Can't write file: " + Folder.Path("no/such.txt") +
-                                       " (No such file or directory)",
-                                   "Warning!: Can't write the backup of file: " + Path + " (Is a directory)"});
+          Texts{"Warning!: Can't write file: /dev/full (No space left on device)",
+                "Warning!: Can't write file: " + Folder.Path("no/such.txt") + " (No such file or directory)",
+                "Warning!: Can't write the backup of file: " + Path + " (Is a directory)"});
     CHECK(ReadWhole(Path) == "newer");
 }

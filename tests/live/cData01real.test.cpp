@@ -2,19 +2,12 @@
 #include "live/cData01real.h"
 
 #include "core/mIni.h"
-#include "core/mNumText.h"
-#include "support/ScriptedDialogs.h"
+#include "support/Case.h"
 #include "support/SurfaceLog.h"
 
-#include <doctest/doctest.h>
-
-#include <cmath>
 #include <functional>
-#include <tuple>
 
 namespace {
-using Lines = std::vector<std::string>;
-
 // A row over the whole surface, y from 0 to 600, so a unit of y is a drawing unit.
 ViewRow PlainRow(int16_t Mode, const char* Arguments, const char* Functions = "")
 {
@@ -53,7 +46,7 @@ struct LivePlot : FreshState
     }
 
     // Feeds a sample and gives what was drawn for it.
-    Lines Sample(double Time, double X, double F, bool NewStroke = false)
+    Texts Sample(double Time, double X, double F, bool NewStroke = false)
     {
         gData[0] = Time;
         gData[1] = X;
@@ -66,7 +59,7 @@ struct LivePlot : FreshState
     SurfaceLog Log{1000, 600};
     PlotSurface Panel{&Log, 3};
     cData01real Plot{Panel};
-    Lines Scales;
+    Texts Scales;
     int Cur = 0;
 };
 
@@ -107,11 +100,11 @@ TEST_CASE("scales are a grid, two zero lines and the name, without curves nothin
     Row.MinYPar = -100;
     Row.MaxYPar = 260;
     LivePlot Panel(Row);
-    CHECK(Panel.Scales == Lines{"line 350 120 350 480 #7F7F7F wide 3", "line 100 380 600 380 #000000 wide 3",
+    CHECK(Panel.Scales == Texts{"line 350 120 350 480 #7F7F7F wide 3", "line 100 380 600 380 #000000 wide 3",
                                 "text 150 144 \"Row\" 12 #FF0000 wide 3"});
     gIsGrid = true;
     Panel.Plot.DrawScales();
-    const Lines Grid = Panel.Log.Take();
+    const Texts Grid = Panel.Log.Take();
     CHECK(Grid.size() == 14);
     CHECK(Grid[10] == "line 100 480 600 480 #7F7F7F wide 3");
     gIsCurves = false;
@@ -122,44 +115,44 @@ TEST_CASE("scales are a grid, two zero lines and the name, without curves nothin
 TEST_CASE("the trace holds a point outside the limits and is as wide as the stroke before")
 {
     LivePlot Panel(PlainRow(0, "X,F"));
-    CHECK(Panel.Sample(0, 0, 100) == Lines{"line 0 0 4 500 #FF0000 wide 3"});
-    CHECK(Panel.Sample(1, 0, 600) == Lines{"line 4 500 8 0 #FF0000 wide 3"});
+    CHECK(Panel.Sample(0, 0, 100) == Texts{"line 0 0 4 500 #FF0000 wide 3"});
+    CHECK(Panel.Sample(1, 0, 600) == Texts{"line 4 500 8 0 #FF0000 wide 3"});
     // Above the limit the point of the stroke before stands: none yet, so it lies left of the last one.
     CHECK(Panel.Sample(2, 0, 600.1).empty());
-    CHECK(Panel.Sample(3, 0, 0) == Lines{"line 0 0 16 600 #FF0000 wide 3"});
+    CHECK(Panel.Sample(3, 0, 0) == Texts{"line 0 0 16 600 #FF0000 wide 3"});
     Panel.Cur = 254;
-    CHECK(Panel.Sample(4, 0, 300, true) == Lines{"line 0 0 0 300 #FF0000 wide 3"});
+    CHECK(Panel.Sample(4, 0, 300, true) == Texts{"line 0 0 0 300 #FF0000 wide 3"});
     Panel.Cur = 0;
-    CHECK(Panel.Sample(5, 0, 200) == Lines{"line 0 0 200 400 #FF0000 wide 3"}); // five samples filled 1000 units
+    CHECK(Panel.Sample(5, 0, 200) == Texts{"line 0 0 200 400 #FF0000 wide 3"}); // five samples filled 1000 units
     gIsInd = true;
     CHECK(Panel.Sample(6, 0, 100) ==
-          Lines{"line 200 400 400 500 #FF0000 wide 3", "circle 400 500 3 #FF0000 wide 3 empty"});
+          Texts{"line 200 400 400 500 #FF0000 wide 3", "circle 400 500 3 #FF0000 wide 3 empty"});
     ViewRow Low = PlainRow(0, "X,F");
     Low.MinYPar = -600;
-    CHECK(LivePlot(Low).Sample(0, 0, 0) == Lines{"line 0 0 4 300 #FF0000 wide 3"});
+    CHECK(LivePlot(Low).Sample(0, 0, 0) == Texts{"line 0 0 4 300 #FF0000 wide 3"});
 }
 
 TEST_CASE("against an argument the trace goes both ways, an angle as the arc of its lever")
 {
     LivePlot Panel(PlainRow(1, "X,F"));
-    CHECK(Panel.Sample(0, 20, 0) == Lines{"line 0 0 600 600 #FF0000 wide 3"});
-    CHECK(Panel.Sample(1, -20, 60) == Lines{"line 600 600 400 540 #FF0000 wide 3"});
+    CHECK(Panel.Sample(0, 20, 0) == Texts{"line 0 0 600 600 #FF0000 wide 3"});
+    CHECK(Panel.Sample(1, -20, 60) == Texts{"line 600 600 400 540 #FF0000 wide 3"});
     gFile.Calibr[1].Mode = 1;
-    CHECK(Panel.Sample(2, 90, 60) == Lines{"line 400 540 504 540 #FF0000 wide 3"}); // 0.785 m
+    CHECK(Panel.Sample(2, 90, 60) == Texts{"line 400 540 504 540 #FF0000 wide 3"}); // 0.785 m
 }
 
 TEST_CASE("a stroke's numbers are those of the stroke that ended, its first sample of the next included")
 {
     LivePlot Panel(PlainRow(1, "X,F", "MinX,MaxX,DelY,MaxA,Catch,MinY,Other"));
     Panel.Sample(0, 10, 100);
-    Lines Drawn = Panel.Sample(1, 20, 200, true);
+    Texts Drawn = Panel.Sample(1, 20, 200, true);
     CHECK(NumbersOf(Panel) == "MinX=0.0000 MaxX=20.00 DelY=200.0 MaxA=200.0 Catch=0.0000 MinY=0.0000 Other=0.0000 ");
     Panel.Sample(2, -60, 300);
     CHECK(NumbersOf(Panel).empty());
     Panel.Sample(1.95, -50, -20);
     Drawn = Panel.Sample(3, 30, 50, true);
     CHECK(Drawn ==
-          Lines{"line 0 0 650 550 #FF0000 wide 3", "text 50 0 \"MinX=-60.00\" 48 #FF0000 wide 3",
+          Texts{"line 0 0 650 550 #FF0000 wide 3", "text 50 0 \"MinX=-60.00\" 48 #FF0000 wide 3",
                 "text 50 60 \"MaxX=30.00\" 48 #FF0000 wide 3", "text 50 120 \"DelY=320.0\" 48 #FF0000 wide 3",
                 "text 50 180 \"MaxA=300.0\" 48 #FF0000 wide 3", "text 50 240 \"Catch=-0.0500\" 48 #0000FF wide 3",
                 "text 50 300 \"MinY=-20.00\" 48 #0000FF wide 3", "text 50 360 \"Other=0.0000\" 48 #0000FF wide 3"});
@@ -185,11 +178,11 @@ TEST_CASE("a stroke is scored against its model and marked in colours")
     gIsInd = gIsScore = true;
     gRate = 20;
     RowStroke(Panel, Force);
-    const Lines Drawn = Panel.Sample(30, 0, 0, true);
+    const Texts Drawn = Panel.Sample(30, 0, 0, true);
     // The force crosses 70 at 2.8 samples from either end of the twenty.
     CHECK(NumbersOf(Panel) == "Mod=0.0000 U1=5.001 U2=5.001 D3=8.335 At=1.000 St=1.000 Odd=-1.000 As=11.00 ");
-    const Lines Marks(Drawn.begin() + 2, Drawn.begin() + 5);
-    CHECK(Marks == Lines{"text 350 40 \"5\" 30 #FF7F00 wide 3", "circle 700 40 10 #FF7F00 wide 3 #FF7F00",
+    const Texts Marks(Drawn.begin() + 2, Drawn.begin() + 5);
+    CHECK(Marks == Texts{"text 350 40 \"5\" 30 #FF7F00 wide 3", "circle 700 40 10 #FF7F00 wide 3 #FF7F00",
                          "text 700 40 \"5.0\" 30 #FF7F00 wide 3"});
     CHECK(Drawn[9] == "circle 700 120 10 #00FF00 wide 3 #00FF00");
     CHECK(Drawn[12] == "circle 700 160 10 #FF0000 wide 3 #FF0000");
@@ -224,7 +217,7 @@ TEST_CASE("the acceleration model tells the rise behind the lowest value in one 
     for (int i = 0; i < 12; ++i)
         Panel.Sample(i, i, Curve[i]);
     Panel.Cur = 0;
-    const Lines Drawn = Panel.Sample(12, 0, 0, true);
+    const Texts Drawn = Panel.Sample(12, 0, 0, true);
     CHECK(Drawn[1] == "text 700 40 \"F=42.0, Min=-8.0, Max=4.0, DA=12.0\" 30 #000000 wide 3");
     CHECK(NumbersOf(Panel) == "Mod=0.0000 As=42.00 ");
 }
@@ -262,13 +255,13 @@ TEST_CASE("a loaded table is drawn at the play row, as dots when asked")
     }
     LivePlot Lines4(PlainRow(1, "X,F"), SourceTable);
     gPlayIdx = 2;
-    CHECK(Lines4.Sample(0, 0, 0) == Lines{"line 0 0 600 400 #FF0000 wide 3"});
+    CHECK(Lines4.Sample(0, 0, 0) == Texts{"line 0 0 600 400 #FF0000 wide 3"});
     gPlayIdx = 5;
-    CHECK(Lines4.Sample(0, 0, 0) == Lines{"line 600 400 600 400 #FF0000 wide 3"});
+    CHECK(Lines4.Sample(0, 0, 0) == Texts{"line 600 400 600 400 #FF0000 wide 3"});
     gPlayIdx = 4;
     LivePlot Dots(PlainRow(1, "X,F"), SourceDots);
     gIsCurves = false;
-    CHECK(Dots.Sample(0, 0, 0) == Lines{"point 700 200 #FF0000 wide 3"});
+    CHECK(Dots.Sample(0, 0, 0) == Texts{"point 700 200 #FF0000 wide 3"});
 }
 
 TEST_CASE("the figure is drawn over its last place once something has placed it")

@@ -2,17 +2,11 @@
 #include "live/cRower.h"
 
 #include "core/mIni.h"
-#include "core/mSettings.h"
 #include "records/mTargets.h"
-#include "support/ScriptedDialogs.h"
+#include "support/Case.h"
 #include "support/SurfaceLog.h"
 
-#include <doctest/doctest.h>
-#include <tuple>
-
 namespace {
-using Lines = std::vector<std::string>;
-
 // One channel that is key and curve alike, drawn a unit a unit.
 struct RowerPanel : FreshState
 {
@@ -102,12 +96,12 @@ TEST_CASE("a stroke's start clears the picture and begins the trace from the poi
     Test.Panel.Resize();
     Test.Sample(1, 40);
     Test.Sample(2, 60);
-    CHECK(Test.Log.Take() == Lines{"line 4 560 8 540 #FF0000"});
+    CHECK(Test.Log.Take() == Texts{"line 4 560 8 540 #FF0000"});
     Test.Sample(3, 200);
-    CHECK(Test.Log.Take() == Lines{"clear #FFFFFF", "line 0 0 0 600 #7F7F7F", "line 0 600 1000 600 #000000",
+    CHECK(Test.Log.Take() == Texts{"clear #FFFFFF", "line 0 0 0 600 #7F7F7F", "line 0 600 1000 600 #000000",
                                    "text 50 0 \"Row\" 12 #FF0000"});
     Test.Sample(4, 240);
-    CHECK(Test.Log.Take() == Lines{"line 0 400 333 360 #FF0000"});
+    CHECK(Test.Log.Take() == Texts{"line 0 400 333 360 #FF0000"});
     for (int i = 0; i < 253; ++i)
         Test.Sample(5, 120);
     // The ring wraps to place 0, whose point lies to the left, and goes on over its own start.
@@ -123,11 +117,11 @@ TEST_CASE("target curves take the size of the target and leave a wide pen behind
     gCurves = {{"A", {0, 0.5, 1}}, {"F", {0, 1, 0, 5}}, {"B", {9, 9, 9}}};
     Test.Panel.Load();
     Test.Panel.Resize();
-    const Lines Drawn = Test.Log.Take();
-    CHECK(Lines(Drawn.end() - 2, Drawn.end()) ==
-          Lines{"line 100 600 200 200 #000000 wide 4", "line 200 200 300 600 #000000 wide 4"});
+    const Texts Drawn = Test.Log.Take();
+    CHECK(Texts(Drawn.end() - 2, Drawn.end()) ==
+          Texts{"line 100 600 200 200 #000000 wide 4", "line 200 200 300 600 #000000 wide 4"});
     Test.Sample(1, 60);
-    CHECK(Test.Log.Take() == Lines{"line 4 540 4 540 #FF0000 wide 4"});
+    CHECK(Test.Log.Take() == Texts{"line 4 540 4 540 #FF0000 wide 4"});
 }
 
 TEST_CASE("keys and playback control ask for what the source can do")
@@ -148,7 +142,7 @@ TEST_CASE("keys and playback control ask for what the source can do")
     Test.Log.Take();
     gPlayTime = 2.5;
     CHECK(Test.Panel.DoAction(1) == eRowerWish::None);
-    CHECK(Test.Log.Take() == Lines{"line 4 400 4 400 #FF0000"});
+    CHECK(Test.Log.Take() == Texts{"line 4 400 4 400 #FF0000"});
     CHECK(Test.Panel.TimeText == "02.0");
     Test.Log.Take();
     CHECK(Test.Panel.DoAction(3) == eRowerWish::None);

@@ -1,9 +1,7 @@
 // Recordings made up for tests of the processing.
 #pragma once
 
-#include "core/mGlobData.h"
-
-#include <vector>
+#include "support/Case.h"
 
 /// Puts channels of equal length into the store, sampled every Step seconds from 0: the first is the key channel "A1",
 /// the second "H1", further ones have no name.

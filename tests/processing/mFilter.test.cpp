@@ -1,13 +1,8 @@
 // Zeroing of the time column and repair of spikes on literal rows.
 #include "processing/mFilter.h"
 
-#include "core/mError.h"
-#include "core/mSettings.h"
 #include "processing/Recording.h"
-#include "support/ScriptedDialogs.h"
-
-#include <doctest/doctest.h>
-#include <tuple>
+#include "support/Case.h"
 
 namespace {
 std::vector<double> Samples(int Chan)

@@ -3,10 +3,7 @@
 
 #include "processing/Recording.h"
 #include "processing/mProcess.h"
-#include "support/ScriptedDialogs.h"
-
-#include <doctest/doctest.h>
-#include <tuple>
+#include "support/Case.h"
 
 namespace {
 // A recording of Last + 1 samples of the straight line 5 T + 2, which every interpolation meets.

@@ -1,11 +1,8 @@
 // The three forms of the derived variables beside each other, and what the play view adds.
 #include "processing/mOper.h"
 
-#include "core/mError.h"
 #include "processing/mGlobFunc.h"
-
-#include <doctest/doctest.h>
-#include <tuple>
+#include "support/Case.h"
 
 namespace {
 // Arguments 1 to 4 at a point and half a second later.
@@ -138,7 +135,7 @@ TEST_CASE("a row's functions are extremes of its curve within limits")
 TEST_CASE("a comma list is split without trimming and its numbers are read leniently")
 {
     CHECK(SplitStr("").empty());
-    CHECK(SplitStr(" a,,b ") == std::vector<std::string>{" a", "", "b "});
+    CHECK(SplitStr(" a,,b ") == Texts{" a", "", "b "});
     CHECK(SplitNum("1.5,x, -2m,") == std::vector<double>{1.5, 0, -2, 0});
     CHECK(LeftPart("Сила", 2) == "Си");
 }

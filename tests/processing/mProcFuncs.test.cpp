@@ -1,12 +1,6 @@
 // Fits and derivatives against curves that are known.
 #include "processing/mProcFuncs.h"
-
-#include "core/mError.h"
-
-#include <doctest/doctest.h>
-
-#include <cmath>
-#include <tuple>
+#include "support/Case.h"
 
 TEST_CASE("the derivatives of a cubic are exact whatever the step")
 {

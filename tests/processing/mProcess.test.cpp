@@ -1,16 +1,11 @@
 // Cycle boundaries, the statistics of cycles and the run over a stretch.
 #include "processing/mProcess.h"
 
-#include "core/mError.h"
-#include "core/mSettings.h"
 #include "processing/Recording.h"
 #include "processing/mNorm.h"
-#include "support/ScriptedDialogs.h"
-
-#include <doctest/doctest.h>
+#include "support/Case.h"
 
 #include <limits>
-#include <tuple>
 
 TEST_CASE("a boundary is found where its pattern is complete, two samples before the end of the data at the latest")
 {
@@ -111,10 +106,10 @@ TEST_CASE_FIXTURE(FreshState, "what cannot be processed is told and leaves the p
     gKeyChan = -1;
     CHECK(!ProcessCycles(0, Stop, 1));
     const std::string None = "Warning!: Could not find any cycle!";
-    CHECK(Dialogs.Told == std::vector<std::string>{
-                              None, None,
-                              "Warning!: There is no channel \"A1\" to find strokes by. Set the session's key channel "
-                              "to one that was recorded."});
+    CHECK(Dialogs.Told ==
+          Texts{None, None,
+                "Warning!: There is no channel \"A1\" to find strokes by. Set the session's key channel "
+                "to one that was recorded."});
 
     // No cycle is as long as the mean: all are rejected.
     MakeRecording({Cycles({10, 20, 10, 20})});

@@ -1,19 +1,11 @@
 #include "processing/mRefTable.h"
 
-#include "core/mGlobData.h"
-#include "core/mNumText.h"
 #include "processing/mProcFuncs.h"
-#include "support/ScriptedDialogs.h"
-#include "support/TempFolder.h"
+#include "support/Case.h"
 
-#include <cmath>
-#include <doctest/doctest.h>
 #include <fstream>
-#include <tuple>
 
 namespace {
-using Texts = std::vector<std::string>;
-
 const std::string Heads = "N\tCnt\tX\tY\r\n";
 
 // A program with the folder of a session.
@@ -41,8 +33,6 @@ public:
         std::copy(X.begin(), X.end(), gRefTabs[1].X.begin());
         std::copy(Y.begin(), Y.end(), gRefTabs[1].Y.begin());
     }
-
-    TempFolder Folder;
 };
 
 std::string Show(const RefTable& Table)

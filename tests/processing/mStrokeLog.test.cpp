@@ -1,13 +1,8 @@
 // The stroke log, compared as a whole text.
 #include "processing/mStrokeLog.h"
 
-#include "core/mError.h"
-#include "files/mSafeSave.h"
 #include "processing/Recording.h"
-#include "support/ScriptedDialogs.h"
-#include "support/TempFolder.h"
-
-#include <doctest/doctest.h>
+#include "support/Case.h"
 
 #include <csignal>
 #include <sys/resource.h>
@@ -17,8 +12,6 @@ const std::string Header = "Str N\tRate\tDriveT\tMaxFT\tRecovT\tLength\tMaxForce
 
 struct LogState : FreshState
 {
-    TempFolder Folder;
-
     // Six strokes of 5 s, highest at sample 2, lowest at sample 7 of each. The log starts from sample 10.
     LogState()
     {
@@ -86,9 +79,8 @@ TEST_CASE_FIXTURE(LogState, "rows written before a failure stay, and what cannot
     CHECK(!ExportStrokes(10, Stop));
     gH1Chan = -1;
     CHECK(!ExportStrokes(10, Stop));
-    CHECK(Dialogs.Told ==
-          std::vector<std::string>{"Warning!: Could not find any cycle!",
-                                   "Warning!: Can't write Log file: " + Folder.Path("S1_str_01.csv"),
-                                   "Warning!: Can't open Log file: " + Folder.Path("none/S1_str.csv"),
-                                   "Warning!: There is no channel \"H1\": the stroke log needs the handle force."});
+    CHECK(Dialogs.Told == Texts{"Warning!: Could not find any cycle!",
+                                "Warning!: Can't write Log file: " + Folder.Path("S1_str_01.csv"),
+                                "Warning!: Can't open Log file: " + Folder.Path("none/S1_str.csv"),
+                                "Warning!: There is no channel \"H1\": the stroke log needs the handle force."});
 }

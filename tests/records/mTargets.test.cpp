@@ -2,12 +2,7 @@
 #include "records/mTargets.h"
 
 #include "core/mIni.h"
-#include "core/mSettings.h"
-#include "files/mSafeSave.h"
-#include "support/ScriptedDialogs.h"
-#include "support/TempFolder.h"
-
-#include <doctest/doctest.h>
+#include "support/Case.h"
 
 namespace {
 struct TargetFolder : FreshState, TempFolder
@@ -61,10 +56,9 @@ TEST_CASE("a category without targets and missing curves are told and switched o
     gFile.AgeGroup = 'M';
     Folder.Put("Targets.ini", Table);
     InitTargets();
-    CHECK(Folder.Dialogs.Told ==
-          std::vector<std::string>{"Warninng: No Targets were found for the category WL2XM",
-                                   std::string("Error: Can't open file: ").append(Folder.Path("Curves.ini")),
-                                   "Warninng: No Curves were loaded"});
+    CHECK(Folder.Dialogs.Told == Texts{"Warninng: No Targets were found for the category WL2XM",
+                                       std::string("Error: Can't open file: ").append(Folder.Path("Curves.ini")),
+                                       "Warninng: No Curves were loaded"});
     CHECK(gIsTargVals == 0);
     CHECK(gIsTargCurves == 0);
     // Each switch is kept with the value that the curves' had then.

@@ -3,11 +3,8 @@
 
 #include "acquisition/mDecode.h"
 #include "acquisition/mFrame.h"
-#include "core/mGlobData.h"
 #include "sim/cRandom.h"
-#include "support/ScriptedDialogs.h"
-
-#include <doctest/doctest.h>
+#include "support/Case.h"
 
 namespace {
 using Bytes = std::vector<uint8_t>;

@@ -2,9 +2,7 @@
 #include "sim/cLogger.h"
 
 #include "acquisition/mFrame.h"
-#include "support/ScriptedDialogs.h"
-
-#include <doctest/doctest.h>
+#include "support/Case.h"
 
 #include <algorithm>
 

@@ -2,18 +2,13 @@
 #include "sim/cStreamer.h"
 
 #include "core/mMain.h"
-#include "files/mSafeSave.h"
 #include "sim/mRecord.h"
-#include "support/ScriptedDialogs.h"
-#include "support/TempFolder.h"
-
-#include <doctest/doctest.h>
+#include "support/Case.h"
 
 #include <arpa/inet.h>
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/socket.h>
-#include <tuple>
 #include <unistd.h>
 
 namespace {
@@ -71,47 +66,35 @@ private:
     std::string Command;
     int File = -1;
 };
-
-void CheckStream(SimOptions Options)
-{
-    const TempFolder Folder;
-    if (!Options.Terminal.empty()) Options.Terminal = Folder.Path(Options.Terminal);
-    Options.Sent = Folder.Path("sent.qvn");
-    Options.Seconds = 30;
-    Options.Speed = 10;
-    Options.Cut = 1;
-    Options.Freq = 50;
-    REQUIRE(OpenSession(SOURCE_FOLDER "/demo/eight.txt"));
-    LoggerSettings Used;
-    REQUIRE(SettleLogger(Options, gFile, Used) == "");
-    sEventLoop Loop;
-    cStreamer Streamer(Loop, Options, Used, gFile);
-    REQUIRE(Streamer.OpenLine() == "");
-    Listener Ear(Loop, Options.Terminal, "#SN?\r");
-    Streamer.Run();
-    Loop.Wait(100); // for what is still on its way
-    const std::string Answer = "#SN: SIM-0001\r";
-    const auto At = Ear.Got.find(Answer);
-    REQUIRE(At != std::string::npos);
-    CHECK(Ear.Times >= 2);
-    Ear.Got.erase(At, Answer.size());
-    CHECK(Ear.Got.size() == ReadWhole(Options.Sent)->size());
-    CHECK(Ear.Got == ReadWhole(Options.Sent));
-}
 } // namespace
 
-TEST_CASE_FIXTURE(FreshState, "over a socket that is cut everything arrives that was sent while it was there")
+TEST_CASE_FIXTURE(FreshState, "over a link that is cut everything arrives that was sent while it was there")
 {
-    SimOptions Options;
-    Options.Port = Port;
-    CheckStream(Options);
-}
-
-TEST_CASE_FIXTURE(FreshState, "over a serial line that is cut everything arrives that was sent while it was there")
-{
-    SimOptions Options;
-    Options.Terminal = "tty";
-    CheckStream(Options);
+    REQUIRE(OpenSession(SOURCE_FOLDER "/demo/eight.txt"));
+    for (const bool IsSerial : {false, true}) {
+        CAPTURE(IsSerial);
+        SimOptions Options;
+        Options.Port = Port;
+        if (IsSerial) Options.Terminal = Folder.Path("tty");
+        Options.Sent = Folder.Path(IsSerial ? "serial.qvn" : "socket.qvn");
+        Options.Seconds = 30;
+        Options.Speed = 10;
+        Options.Cut = 1;
+        Options.Freq = 50;
+        LoggerSettings Used;
+        REQUIRE(SettleLogger(Options, gFile, Used) == "");
+        sEventLoop Loop;
+        cStreamer Streamer(Loop, Options, Used, gFile);
+        REQUIRE(Streamer.OpenLine() == "");
+        Listener Ear(Loop, Options.Terminal, "#SN?\r");
+        Streamer.Run();
+        Loop.Wait(100); // for what is still on its way
+        const std::string Answer = "#SN: SIM-0001\r";
+        const auto At = Ear.Got.find(Answer);
+        REQUIRE(At != std::string::npos);
+        CHECK(Ear.Times >= 2);
+        CHECK(Ear.Got.erase(At, Answer.size()) == ReadWhole(Options.Sent));
+    }
 }
 
 TEST_CASE("commands change the logger's mode and are answered")

@@ -1,20 +1,12 @@
 // Recordings of the demonstration sessions through the whole road, against the table of what was simulated.
 #include "sim/mRecord.h"
 
-#include "core/mNumText.h"
 #include "files/mBinIO.h"
-#include "files/mSafeSave.h"
 #include "files/mTextIO.h"
 #include "processing/mProcess.h"
 #include "processing/mStrokeLog.h"
 #include "sim/cTruth.h"
-#include "support/ScriptedDialogs.h"
-#include "support/TempFolder.h"
-
-#include <doctest/doctest.h>
-
-#include <cmath>
-#include <filesystem>
+#include "support/Case.h"
 
 namespace {
 // A demonstration session in a folder of its own, open.
@@ -154,6 +146,6 @@ TEST_CASE("options are taken in both forms and wrong ones are told")
     for (const char* Wrong : {"t.txt", "--file", "--file=", "--freq=30", "--rate=28x", "--seed=-1", "--drop=1001",
                               "--kinds=26,27", "--kinds=26,", "--tcp=6000"}) {
         SimOptions Any;
-        CHECK_FALSE(ParseSimOptions(std::vector<std::string>{"s.txt", "--file=o", Wrong}, Any).empty());
+        CHECK_FALSE(ParseSimOptions(Texts{"s.txt", "--file=o", Wrong}, Any).empty());
     }
 }

@@ -1,12 +1,8 @@
 // The same course of events for the engine's own links and for the toolkit's.
 #include "support/LinkChecks.h"
 
+#include "support/Case.h"
 #include "support/LinkPeers.h"
-#include "support/TempFolder.h"
-
-#include <doctest/doctest.h>
-
-#include <filesystem>
 
 namespace {
 std::string Taken(iSerialPort& Port, std::size_t Count)

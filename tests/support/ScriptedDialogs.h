@@ -3,7 +3,9 @@
 #pragma once
 
 #include "core/mHost.h"
+#include "core/mSettings.h"
 #include "platform/plain/sSettings.h"
+#include "support/TempFolder.h"
 
 #include <deque>
 #include <string>
@@ -24,11 +26,34 @@ public:
     /// Answers to file dialogs in order; Cancel when they have run out.
     std::deque<std::string> Files;
 
-    eAnswer MsgBox(const std::string& Text, const std::string& Title, eButtons Buttons) override;
+    eAnswer MsgBox(const std::string& Text, const std::string& Title, eButtons Buttons) override
+    {
+        Told.push_back(Title + ": " + Text);
+        return Buttons == eButtons::Ok ? eAnswer::Ok : AnswerYes ? eAnswer::Yes : eAnswer::No;
+    }
     std::optional<std::string> InputBox(const std::string& Prompt, const std::string& Title,
-                                        const std::string& Proposed) override;
-    std::optional<std::string> ExecComDlg(const std::string& Title, const std::string& Ext, eFileMode Mode,
-                                          const std::string& Folder) override;
+                                        const std::string& Proposed) override
+    {
+        Told.push_back(Title + ": " + Prompt + " [" + Proposed + "]");
+        return Next(Answers).value_or(Proposed);
+    }
+    std::optional<std::string> ExecComDlg(const std::string& Title, const std::string& Ext, eFileMode,
+                                          const std::string& Folder) override
+    {
+        Told.push_back(Title + ": " + Folder + "*." + Ext);
+        return Next(Files);
+    }
+
+private:
+    // The first of a queue, taken off it.
+    template <class Answer>
+    static std::optional<Answer> Next(std::deque<Answer>& Queue)
+    {
+        if (Queue.empty()) return {};
+        auto First = std::move(Queue.front());
+        Queue.pop_front();
+        return First;
+    }
 };
 
 class RecordedStatus : public iStatus
@@ -37,17 +62,24 @@ public:
     /// Every text as "2: Text", every progress as "50%".
     std::vector<std::string> Shown;
 
-    void SetPanel(int Panel, const std::string& Text) override;
-    void SetProgress(int Percent) override;
+    void SetPanel(int Panel, const std::string& Text) override { Shown.push_back(std::to_string(Panel) + ": " + Text); }
+    void SetProgress(int Percent) override { Shown.push_back(std::to_string(Percent) + "%"); }
 };
 
 /// Fixture of a case that needs a program around it.
 class FreshState
 {
 public:
-    FreshState();
-    ~FreshState();
+    FreshState()
+    {
+        gHost = {&Dialogs, &Status, &Settings};
+        LoadSettings();
+    }
+    ~FreshState() { gHost = {}; }
+    FreshState(const FreshState&) = delete;
+    FreshState& operator=(const FreshState&) = delete;
 
+    TempFolder Folder;
     ScriptedDialogs Dialogs;
     RecordedStatus Status;
     sSettings Settings;

@@ -1,18 +1,11 @@
-// Ports fed by hand.
+// The frames to feed, and the program around a link.
 #include "support/ScriptedLink.h"
 
 #include "acquisition/mComFast.h"
 #include "acquisition/mSampling.h"
-#include "core/mError.h"
 #include "core/mGlobData.h"
 
-#include <algorithm>
-
 namespace {
-void Add(ByteQueue& Queue, const std::string& Bytes)
-{
-    Queue.Add({reinterpret_cast<const uint8_t*>(Bytes.data()), Bytes.size()});
-}
 
 char Low(int Value)
 {
@@ -41,88 +34,6 @@ std::string LongFrame(int Time)
 std::string ShortFrame(int Time)
 {
     return PlainFrame(Time, 29);
-}
-
-void ScriptedPort::Feed(const std::string& Bytes)
-{
-    Add(Queue, Bytes);
-    while (IsOpen() && InBufferCount() >= std::max<std::size_t>(RThreshold, 1)) {
-        ++Events;
-        OnData();
-    }
-}
-
-void ScriptedPort::Pull()
-{
-    std::erase(Plugged, Device);
-    Device.clear();
-    OnError("the line was hung up");
-    if (!IsOpen()) Queue.Clear();
-}
-
-bool ScriptedPort::Open(const std::string& Path, const std::string& Line)
-{
-    Close();
-    if (std::find(Plugged.begin(), Plugged.end(), Path) == Plugged.end()) return false;
-    Device = Path;
-    Settings = Line;
-    return true;
-}
-
-bool ScriptedPort::Output(const std::string& Text)
-{
-    if (IsOpen()) Sent += Text;
-    return IsOpen();
-}
-
-void ScriptedPort::Close()
-{
-    Device.clear();
-    Queue.Clear();
-}
-
-void ScriptedSocket::Connect(const std::string& Address, uint16_t Port)
-{
-    Close();
-    Place = Address + ":" + std::to_string(Port);
-    Connection = eSocketState::Connecting;
-}
-
-void ScriptedSocket::Answer()
-{
-    Connection = eSocketState::Connected;
-    OnConnect();
-}
-
-void ScriptedSocket::Feed(const std::string& Bytes)
-{
-    Add(Queue, Bytes);
-    OnData(Queue.Count());
-}
-
-void ScriptedSocket::Drop()
-{
-    Connection = eSocketState::Closed;
-    OnClose();
-    Queue.Clear();
-}
-
-bool ScriptedSocket::SendData(const std::string& Text)
-{
-    if (Connection == eSocketState::Connected) Sent += Text;
-    return Connection == eSocketState::Connected;
-}
-
-void ScriptedSocket::Close()
-{
-    Connection = eSocketState::Closed;
-    Queue.Clear();
-}
-
-void CountingWindow::DrawData()
-{
-    ++Drawn;
-    if (Fails) throw RunError("Division by zero");
 }
 
 LinkState::LinkState()

@@ -2,12 +2,14 @@
 #pragma once
 
 #include "core/mDataWindow.h"
+#include "core/mError.h"
 #include "platform/iSerialPort.h"
 #include "platform/iSocket.h"
 #include "platform/plain/sByteQueue.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TestClock.h"
 
+#include <algorithm>
 #include <string>
 
 /// A frame of a master without slaves: S is 35, the time is in milliseconds. Its kind is 26.
@@ -30,18 +32,44 @@ public:
     int Events = 0;
 
     /// Bytes come in: the events that follow at once.
-    void Feed(const std::string& Bytes);
+    void Feed(const std::string& Bytes)
+    {
+        Queue.Add({reinterpret_cast<const uint8_t*>(Bytes.data()), Bytes.size()});
+        for (; IsOpen() && InBufferCount() >= std::max<std::size_t>(RThreshold, 1); OnData())
+            ++Events;
+    }
 
     /// The line breaks.
-    void Pull();
+    void Pull()
+    {
+        std::erase(Plugged, Device);
+        Device.clear();
+        OnError("the line was hung up");
+        if (!IsOpen()) Queue.Clear();
+    }
 
     std::vector<std::string> Devices() const override { return Plugged; }
-    bool Open(const std::string& Path, const std::string& Line) override;
+    bool Open(const std::string& Path, const std::string& Line) override
+    {
+        Close();
+        if (std::find(Plugged.begin(), Plugged.end(), Path) == Plugged.end()) return false;
+        Device = Path;
+        Settings = Line;
+        return true;
+    }
     bool IsOpen() const override { return !Device.empty(); }
     std::size_t InBufferCount() const override { return Queue.Count(); }
     std::size_t Input(std::span<uint8_t> Bytes) override { return Queue.Take(Bytes); }
-    bool Output(const std::string& Text) override;
-    void Close() override;
+    bool Output(const std::string& Text) override
+    {
+        if (IsOpen()) Sent += Text;
+        return IsOpen();
+    }
+    void Close() override
+    {
+        Device.clear();
+        Queue.Clear();
+    }
 
 private:
     ByteQueue Queue;
@@ -53,16 +81,42 @@ public:
     std::string Place; // "address:port" of the last Connect
     std::string Sent;
 
-    void Answer();
-    void Feed(const std::string& Bytes);
-    void Drop();
+    void Answer()
+    {
+        Connection = eSocketState::Connected;
+        OnConnect();
+    }
+    void Feed(const std::string& Bytes)
+    {
+        Queue.Add({reinterpret_cast<const uint8_t*>(Bytes.data()), Bytes.size()});
+        OnData(Queue.Count());
+    }
+    void Drop()
+    {
+        Connection = eSocketState::Closed;
+        OnClose();
+        Queue.Clear();
+    }
 
-    void Connect(const std::string& Address, uint16_t Port) override;
+    void Connect(const std::string& Address, uint16_t Port) override
+    {
+        Close();
+        Place = Address + ":" + std::to_string(Port);
+        Connection = eSocketState::Connecting;
+    }
     eSocketState State() const override { return Connection; }
     std::size_t BytesReceived() const override { return Queue.Count(); }
     std::size_t GetData(std::span<uint8_t> Bytes) override { return Queue.Take(Bytes); }
-    bool SendData(const std::string& Text) override;
-    void Close() override;
+    bool SendData(const std::string& Text) override
+    {
+        if (Connection == eSocketState::Connected) Sent += Text;
+        return Connection == eSocketState::Connected;
+    }
+    void Close() override
+    {
+        Connection = eSocketState::Closed;
+        Queue.Clear();
+    }
 
 private:
     ByteQueue Queue;
@@ -79,7 +133,11 @@ public:
     bool IsUnloaded = false;
     bool Fails = false;
 
-    void DrawData() override;
+    void DrawData() override
+    {
+        ++Drawn;
+        if (Fails) throw RunError("Division by zero");
+    }
     void SetLive(bool Live) override { IsShownLive = Live; }
     void Unload() override { IsUnloaded = true; }
 };

@@ -1,13 +1,24 @@
 // A folder of its own for a test, removed with all that is in it when the test ends.
 #pragma once
 
+#include <filesystem>
+#include <stdexcept>
+#include <stdlib.h>
 #include <string>
 
 class TempFolder
 {
 public:
-    TempFolder();
-    ~TempFolder();
+    TempFolder() : Root((std::filesystem::temp_directory_path() / "skarvelin-test-XXXXXX").string())
+    {
+        if (!mkdtemp(Root.data())) throw std::runtime_error("no temporary folder");
+        Root += "/";
+    }
+    ~TempFolder()
+    {
+        std::error_code Error;
+        std::filesystem::remove_all(Root, Error);
+    }
     TempFolder(const TempFolder&) = delete;
     TempFolder& operator=(const TempFolder&) = delete;
 

@@ -1,9 +1,7 @@
 // Curves of the report and of the play view from the same stored sample.
-#include "core/mError.h"
+#include "support/Case.h"
 #include "views/cData03report.h"
 #include "views/cData04play.h"
-
-#include <doctest/doctest.h>
 
 namespace {
 // Sample "S02" at rate 30 with the points j of angle A and j squared of force F; its rows stand behind those of another

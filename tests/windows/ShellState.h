@@ -8,17 +8,13 @@
 #include "platform/qt/qSerialPort.h"
 #include "platform/qt/qSocket.h"
 #include "platform/qt/qText.h"
-#include "support/ScriptedDialogs.h"
-#include "support/TempFolder.h"
-
-#include <doctest/doctest.h>
+#include "support/Case.h"
 
 #include <QAction>
 #include <QTest>
 
 struct ShellState : FreshState
 {
-    TempFolder Folder;
     qClock Clock;
     qStatus Panels;
     qSerialPort SerialPort;

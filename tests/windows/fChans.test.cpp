@@ -2,9 +2,6 @@
 #include "ShellState.h"
 #include "calibration/fCheckChans.h"
 #include "calibration/fTrackChans.h"
-#include "core/mGlobData.h"
-
-#include <cmath>
 
 namespace {
 void MakeFrame(int Frame)

@@ -2,11 +2,8 @@
 #include "ShellState.h"
 #include "calibration/fCheckChans.h"
 #include "calibration/fTrackChans.h"
-#include "core/mGlobData.h"
 #include "core/mIni.h"
-#include "core/mSettings.h"
 #include "files/mDump.h"
-#include "files/mSafeSave.h"
 
 #include <QLabel>
 #include <QTcpServer>
@@ -132,10 +129,8 @@ TEST_CASE_FIXTURE(LiveState, "a recording into which nothing flows is told on re
     QTest::qWait(200);
     CHECK(!IsRed());
     CHECK(QTest::qWaitFor(IsRed, 4000));
-    CHECK(Running.text() == "RECORDING, BUT NOTHING ARRIVES");
     Send(3, 4);
     CHECK(QTest::qWaitFor([&] { return !IsRed(); }, 2000));
-    CHECK(Running.text().startsWith("SampleTime=000.00s"));
 }
 
 TEST_CASE_FIXTURE(LiveState, "the window does not close over a running recording unless told to")

@@ -5,10 +5,7 @@
 #include "core/fFolders.h"
 #include "core/fMenu.h"
 #include "core/mDataWindow.h"
-#include "core/mGlobData.h"
 #include "core/mIni.h"
-#include "core/mSettings.h"
-#include "files/mSafeSave.h"
 #include "files/mTextIO.h"
 
 #include <QLabel>
@@ -19,8 +16,6 @@
 #include <QStatusBar>
 #include <QToolBar>
 #include <QToolButton>
-
-#include <filesystem>
 
 void ShellState::Start(const std::string& Ini)
 {
@@ -95,7 +90,7 @@ TEST_CASE_FIXTURE(ShellState, "a session is opened from the menu, and one that c
     const std::string Path = MakeSession(Folder, "crew.txt", 32);
     Dialogs.Files = {Path, Folder.Path("gone.txt"), ""};
     Choose("mnuFileOpen");
-    CHECK(Dialogs.Told == std::vector<std::string>{"Load Settings from...: *.txt"});
+    CHECK(Dialogs.Told == Texts{"Load Settings from...: *.txt"});
     CHECK(gFile.ChanCnt == 32);
     CHECK(gH1Chan == 3);
     CHECK(Find<QLabel>("sbStatusBar_1").text() == "crew");
@@ -120,9 +115,8 @@ TEST_CASE_FIXTURE(ShellState, "saving without a session says so, help has none, 
     Choose("mnuFileSave");
     Choose("mnuHelpContents");
     CHECK(Dialogs.Told ==
-          std::vector<std::string>{
-              "Information: There is no session to save: open one first.",
-              "Information: Unable to display Help Contents. There is no Help associated with this project."});
+          Texts{"Information: There is no session to save: open one first.",
+                "Information: Unable to display Help Contents. There is no Help associated with this project."});
     Choose("mnuHelpAbout");
     CHECK(Find<QMessageBox>("frmAbout").text().contains(SKARVELIN_VERSION));
 }
