@@ -70,7 +70,7 @@ public:
 TEST_CASE_FIXTURE(Outing, "a stroke begins where the key value does what the key mode says")
 {
     const std::vector<int> Keys = {11, 9, 12, 10, 11, 10, 10, 3, 5, 8, 2, 20, 25, 11, 20};
-    // Frames: those in which a stroke begins, from 0.
+    // The frames in which a stroke begins, from 0.
     const std::tuple<int16_t, const char*> Modes[] = {{0, "1 3 5 "},  {1, "2 11 "}, {2, "2 8 11 "},
                                                       {3, "3 5 13 "}, {4, ""},      {-1, ""}};
     for (const auto& [Mode, Frames] : Modes) {

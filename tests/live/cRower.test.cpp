@@ -50,7 +50,7 @@ struct RowerPanel : FreshState
 TEST_CASE("each key mode starts strokes where it should, and none on the first sample")
 {
     const double Keys[] = {50, 100, 101, 100, 90, 90, 130, 100, 130, 50};
-    // Starts: a letter for each sample.
+    // A letter for each sample.
     const std::tuple<int16_t, const char*> Cases[] = {
         {0, "...x...x.x"}, {1, "..x...x.x."}, {2, "........x."}, {3, "...x...x.x"}, {4, ".........."}};
     for (const auto& [KeyMode, Expected] : Cases) {

@@ -32,6 +32,9 @@ TEST_CASE_FIXTURE(FreshState,
     const std::tuple<std::string, double, double, std::vector<double>, std::vector<double>> Cases[] = {
         // Steps 1 1 98 -98 1 1 1 1, divided by 7: mean 6/7, deviation 52.36, mean step 28.86: the limit is 81.2.
         {"one spike", -1e9, 1e9, {0, 1, 2, 100, 2, 3, 4, 5, 6}, {0, 1, 2, 2, 2, 3, 4, 5, 6}},
+        // Steps of 90 and -90 among zeros: the limit is 90 (sqrt(2/5) + 2/5) = 93, with a sample more 82.
+        {"a spike that is within the limit it makes", -1e9, 1e9, {0, 0, 0, 90, 0, 0, 0}, {0, 0, 0, 90, 0, 0, 0}},
+        {"the same among one more", -1e9, 1e9, {0, 0, 0, 90, 0, 0, 0, 0}, {0, 0, 0, 0, 0, 0, 0, 0}},
         {"a step is no spike", -1e9, 1e9, {0, 0, 0, 90, 90, 90, 90}, {0, 0, 0, 90, 90, 90, 90}},
         {"the ends stay", -5, 5, {50, 1, 2, 3, 50}, {50, 1, 2, 3, 50}},
         {"two adjacent wild samples, one after the other", -5, 5, {0, 1, 40, 80, 1, 2}, {0, 1, 40.5, 20.75, 1, 2}},

@@ -78,16 +78,12 @@ TEST_CASE("live differences start from zero and the second difference is over th
 
 TEST_CASE("arguments that a row does not have fail, but pass in two operations of the play view")
 {
-    for (const int Number : {2, 3, 4, 7, 8}) {
-        CAPTURE(Number);
-        CHECK_THROWS_AS(PairOf(1).DoReportOper(Number), RunError);
-    }
     CHECK_THROWS_AS(PairOf(0).DoReportOper(0), RunError);
-    CHECK(PairOf(0).DoReportOper(1) == 0);
-    CHECK(PairOf(1).DoPlayOper(4) == 0);
-    CHECK(PairOf(1).DoPlayOper(7) == 0);
+    for (const int Number : {2, 3, 4, 7, 8})
+        CHECK_THROWS_AS(PairOf(1).DoReportOper(Number), RunError);
     for (const int Number : {2, 3, 8, 9})
         CHECK_THROWS_AS(PairOf(1).DoPlayOper(Number), RunError);
+    CHECK((PairOf(1).DoPlayOper(4) == 0 && PairOf(1).DoPlayOper(7) == 0));
 }
 
 TEST_CASE("the rower's acceleration is what the gate forces leave over the boat's share")

@@ -171,9 +171,7 @@ TEST_CASE("a fit gives the number of coefficients and the spread by the points l
 
 TEST_CASE("points that determine a lower degree only give that one, and none at all change nothing")
 {
-    // X: no coefficients: refused.
-    // Y: no coefficients: refused.
-    // Without coefficients the fit is refused.
+    // X, Y, coefficients (none where the fit is refused) and spread.
     const std::tuple<std::vector<double>, std::vector<double>, std::vector<double>, double> Fits[] = {
         {{2, 2, 2}, {1, 2, 6}, {3, 0, 0}, std::sqrt(7)},
         {{1.1, 2.3}, {3.2, 5.6}, {1, 2, 0}, 0},
