@@ -68,7 +68,7 @@ std::optional<std::string> NthDevice(int Number)
 bool CanOpen(int Number)
 {
     const auto Device = NthDevice(Number);
-    if (!Device || !gHost.SerialPort->Open(*Device, LineSettings)) return false;
+    if (!Device || !gHost.SerialPort->Open(*Device, LineSettings, eWaiting::Dropped)) return false;
     gHost.SerialPort->Close();
     return true;
 }
@@ -94,7 +94,7 @@ bool OpenSerial()
     ShowReading(PortName());
     Used.Device = gCOMdevice.empty() ? NthDevice(gCOMport).value_or("") : gCOMdevice;
     Used.Known = gHost.SerialPort->Devices();
-    if (!gHost.SerialPort->Open(Used.Device, LineSettings)) {
+    if (!gHost.SerialPort->Open(Used.Device, LineSettings, eWaiting::Dropped)) {
         ShowReading("Can't open " + Used.Device);
         return false;
     }
@@ -198,7 +198,7 @@ void ReopenLink()
 {
     if (Used.IsSocket) return Connect();
     for (const std::string& Device : Candidates()) {
-        if (!gHost.SerialPort->Open(Device, LineSettings)) continue;
+        if (!gHost.SerialPort->Open(Device, LineSettings, eWaiting::Kept)) continue;
         Used.Device = Device;
         return LinkOpened();
     }

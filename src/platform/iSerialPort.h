@@ -8,6 +8,13 @@
 #include <string>
 #include <vector>
 
+/// What becomes of bytes that waited on a line before it was opened.
+enum class eWaiting
+{
+    Dropped, // a link that the user opens begins with what is sent from now on
+    Kept     // a link that comes back goes on with all that was sent
+};
+
 class iSerialPort
 {
 public:
@@ -16,9 +23,9 @@ public:
     /// The machine's serial devices in a stable order: port number n is element n - 1.
     virtual std::vector<std::string> Devices() const = 0;
 
-    /// Opens Device, binary and without handshaking, with Settings as "57600,n,8,1", raises DTR where the line has it
-    /// and drops what was waiting. False when it cannot be opened.
-    virtual bool Open(const std::string& Device, const std::string& Settings) = 0;
+    /// Opens Device, binary and without handshaking, with Settings as "57600,n,8,1", and raises DTR where the line has
+    /// it. False when it cannot be opened.
+    virtual bool Open(const std::string& Device, const std::string& Settings, eWaiting Waiting) = 0;
 
     virtual bool IsOpen() const = 0;
 

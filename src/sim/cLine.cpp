@@ -1,6 +1,7 @@
 // Sockets and pseudo-terminals without waiting.
 #include "sim/cLine.h"
 
+#include "core/mError.h"
 #include "platform/plain/sSerialLine.h"
 
 #include <array>
@@ -12,13 +13,12 @@
 #include <stdlib.h>
 #include <sys/ioctl.h>
 #include <sys/socket.h>
-#include <system_error>
 #include <unistd.h>
 
 namespace {
 std::string WhyNot()
 {
-    return std::generic_category().message(errno);
+    return SystemReason(errno);
 }
 
 void CloseFile(int& Descriptor)

@@ -58,7 +58,7 @@ bool Stream(const SimOptions& Options)
         }
         Reason = "Can't open " +
                  (Options.Terminal.empty() ? "port " + FormatNum(Options.Port, "0") : Options.Terminal) + " (" +
-                 Reason + ")";
+                 Reason + "). Another program may have it: choose another one.";
     }
     MsgBox(Reason, TitleWarning);
     return false;

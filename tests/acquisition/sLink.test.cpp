@@ -30,10 +30,10 @@ TEST_CASE_FIXTURE(PlainLoop, "two programs do not share a serial line, and what 
     const TempFolder Folder;
     const PseudoTerminal Line(Folder.Path("port"));
     sSerialPort First(Loop), Second(Loop);
-    REQUIRE(First.Open(Folder.Path("port"), "57600,n,8,1"));
-    CHECK_FALSE(Second.Open(Folder.Path("port"), "57600,n,8,1"));
-    CHECK_FALSE(First.Open("/dev/null", "57600,n,8,1"));
-    CHECK(Second.Open(Folder.Path("port"), "57600,n,8,1"));
+    REQUIRE(First.Open(Folder.Path("port"), "57600,n,8,1", eWaiting::Dropped));
+    CHECK_FALSE(Second.Open(Folder.Path("port"), "57600,n,8,1", eWaiting::Dropped));
+    CHECK_FALSE(First.Open("/dev/null", "57600,n,8,1", eWaiting::Dropped));
+    CHECK(Second.Open(Folder.Path("port"), "57600,n,8,1", eWaiting::Dropped));
 }
 
 TEST_CASE_FIXTURE(PlainLoop, "a plain socket tells of connection, data, close and breaks")

@@ -2,69 +2,49 @@
 #include "sim/cStreamer.h"
 
 #include "core/mMain.h"
+#include "platform/plain/sSerialPort.h"
+#include "platform/plain/sSocket.h"
 #include "sim/mRecord.h"
 #include "support/Case.h"
 
-#include <arpa/inet.h>
-#include <fcntl.h>
-#include <poll.h>
-#include <sys/socket.h>
 #include <unistd.h>
 
 namespace {
-constexpr uint16_t Port = 16483;
+const auto Port = static_cast<uint16_t>(20000 + getpid() % 20000);
 
 // Listens on a loop: opens the far end again whenever it is gone, sends Command once, and keeps what comes.
 class Listener
 {
 public:
-    Listener(sEventLoop& EventLoop, std::string Path, std::string Text)
-        : Loop(EventLoop), Terminal(std::move(Path)), Command(std::move(Text))
+    Listener(sEventLoop& Loop, const std::string& Terminal, const std::string& Command) : Serial(Loop), Socket(Loop)
     {
-        Loop.StartRepeating(10, [this] { Open(); });
+        Serial.OnData = [this] { Take(Serial.InBufferCount(), Serial, &iSerialPort::Input); };
+        Serial.OnError = [this](const std::string&) { Serial.OnData(); };
+        Socket.OnData = [this](std::size_t Count) { Take(Count, Socket, &iSocket::GetData); };
+        Socket.OnConnect = [this, Command] {
+            if (Times++ == 0) Socket.SendData(Command);
+        };
+        Loop.StartRepeating(10, [this, Terminal, Command] {
+            if (Terminal.empty() && Socket.State() == eSocketState::Closed) Socket.Connect("127.0.0.1", Port);
+            if (Terminal.empty() || Serial.IsOpen()) return;
+            if (Serial.Open(Terminal, "115200,n,8,1", eWaiting::Kept) && Times++ == 0) Serial.Output(Command);
+        });
     }
 
     std::string Got;
     int Times = 0;
 
 private:
-    int Dial() const
+    template <class Link, class Input>
+    void Take(std::size_t Count, Link& From, Input Bytes)
     {
-        if (!Terminal.empty()) return open(Terminal.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
-        const int New = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-        sockaddr_in Address{};
-        Address.sin_family = AF_INET;
-        Address.sin_port = htons(Port);
-        Address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        if (connect(New, reinterpret_cast<const sockaddr*>(&Address), sizeof Address) == 0) return New;
-        close(New);
-        return -1;
+        std::string Room(Count, '\0');
+        (From.*Bytes)({reinterpret_cast<uint8_t*>(Room.data()), Count});
+        Got += Room;
     }
 
-    void Open()
-    {
-        if (File >= 0 || (File = Dial()) < 0) return;
-        if (Times++ == 0) CHECK(write(File, Command.data(), Command.size()) == static_cast<ssize_t>(Command.size()));
-        Loop.Watch(File, POLLIN, [this](short) { Take(); });
-    }
-
-    void Take()
-    {
-        char Room[4096];
-        const ssize_t Count = read(File, Room, sizeof Room);
-        if (Count > 0) {
-            Got.append(Room, static_cast<std::size_t>(Count));
-            return;
-        }
-        Loop.Unwatch(File);
-        close(File);
-        File = -1;
-    }
-
-    sEventLoop& Loop;
-    std::string Terminal;
-    std::string Command;
-    int File = -1;
+    sSerialPort Serial;
+    sSocket Socket;
 };
 } // namespace
 

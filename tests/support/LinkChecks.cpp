@@ -39,10 +39,11 @@ void CheckSerialPort(iSerialPort& Port, const LinkWait& Wait)
     const TempFolder Folder;
     const std::string Device = Folder.Path("port");
     PseudoTerminal Line(Device);
+    Line.Send("waiting");
     std::string Told;
     Port.RThreshold = 4;
     Port.OnData = [&] { Told += Taken(Port, 3) + "|"; };
-    REQUIRE(Port.Open(Device, "256000,n,8,1"));
+    REQUIRE(Port.Open(Device, "256000,n,8,1", eWaiting::Dropped));
     std::string Binary = "\x80\r\n\x03\x11\x13";
     Binary += '\0';
     Line.Send(Binary.substr(0, 3));
@@ -55,8 +56,8 @@ void CheckSerialPort(iSerialPort& Port, const LinkWait& Wait)
     CHECK(Port.Output("#RUN\r"));
     CHECK(Line.Take() == "#RUN\r");
     for (const char* None : {"none", "folder/none"})
-        CHECK_FALSE(Port.Open(Folder.Path(None), "57600,n,8,1"));
-    CHECK_FALSE(Port.Open(Device, "fast"));
+        CHECK_FALSE(Port.Open(Folder.Path(None), "57600,n,8,1", eWaiting::Dropped));
+    CHECK_FALSE(Port.Open(Device, "fast", eWaiting::Dropped));
     CHECK_FALSE(Port.IsOpen());
 }
 
@@ -73,15 +74,17 @@ void CheckHangUps(iSerialPort& Port, const LinkWait& Wait)
     };
     PseudoTerminal Line(Folder.Path("port"));
     const auto Before = OpenDescriptors();
+    Line.Send("\x80\r\n\x03"); // ahead of the opening
     for (int Time = 1; Time <= 100; ++Time) {
-        REQUIRE(Port.Open(Folder.Path("port"), "57600,n,8,1"));
+        REQUIRE(Port.Open(Folder.Path("port"), "57600,n,8,1", eWaiting::Kept));
         Line.Send("left");
-        REQUIRE(Until(Wait, [&] { return Port.InBufferCount() == 4; }));
+        REQUIRE(Until(Wait, [&] { return Port.InBufferCount() == 8; }));
         Line.Pull();
         REQUIRE(Until(Wait, [&] { return Broken == Time; }));
-        REQUIRE(Left == "left");
+        REQUIRE(Left == "\x80\r\n\x03left");
         REQUIRE(Port.InBufferCount() == 0);
         Line.PutBack();
+        Line.Send("\x80\r\n\x03");
     }
     Wait(20);
     CHECK(Broken == 100);

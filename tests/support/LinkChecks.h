@@ -9,10 +9,11 @@
 /// Lets the links' events run for so many milliseconds.
 using LinkWait = std::function<void(int)>;
 
-/// Thresholds, bytes left unread, all 256 bytes as they are, commands, and lines that cannot be opened.
+/// Bytes ahead of the opening dropped, thresholds, bytes left unread, all as they are, commands, what is no line.
 void CheckSerialPort(iSerialPort& Port, const LinkWait& Wait);
 
-/// A line that hangs up again and again: what came before is given, each is told once, and nothing leaks.
+/// A line that hangs up again and again: what came before that and ahead of the opening is given, each is told once,
+/// and nothing leaks.
 void CheckHangUps(iSerialPort& Port, const LinkWait& Wait);
 
 /// Connection, data, and each way in which it ends; cases with subcases.

@@ -10,6 +10,7 @@
 #include <stdexcept>
 #include <stdlib.h>
 #include <sys/socket.h>
+#include <termios.h>
 #include <unistd.h>
 
 namespace {
@@ -58,6 +59,11 @@ void PseudoTerminal::PutBack()
 {
     Master = posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
     Check(Master >= 0 && grantpt(Master) == 0 && unlockpt(Master) == 0, "no pseudo-terminal");
+    // As an adapter has it: no byte means anything to the line.
+    termios Line{};
+    tcgetattr(Master, &Line);
+    cfmakeraw(&Line);
+    tcsetattr(Master, TCSANOW, &Line);
     std::filesystem::create_symlink(ptsname(Master), Path);
 }
 

@@ -49,7 +49,7 @@ public:
     }
 
     std::vector<std::string> Devices() const override { return Plugged; }
-    bool Open(const std::string& Path, const std::string& Line) override
+    bool Open(const std::string& Path, const std::string& Line, eWaiting) override
     {
         Close();
         if (std::find(Plugged.begin(), Plugged.end(), Path) == Plugged.end()) return false;

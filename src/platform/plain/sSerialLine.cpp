@@ -38,5 +38,5 @@ bool SetSerialLine(int Descriptor, const std::string& Settings)
                    (Parts[3] == "2" ? CSTOPB : 0);
     Line.c_ispeed = Line.c_ospeed = static_cast<speed_t>(Speed);
     Line.c_cc[VMIN] = 1;
-    return ioctl(Descriptor, TCSETS2, &Line) == 0 && ioctl(Descriptor, TCFLSH, TCIOFLUSH) == 0;
+    return ioctl(Descriptor, TCSETS2, &Line) == 0;
 }

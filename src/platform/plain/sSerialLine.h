@@ -4,5 +4,5 @@
 #include <string>
 
 /// Sets the line of an open descriptor to Settings as "57600,n,8,1", binary and without handshaking, at any speed that
-/// the hardware can make; drops what was waiting. False when it is no serial line or the settings are none.
+/// the hardware can make. False when it is no serial line or the settings are none.
 bool SetSerialLine(int Descriptor, const std::string& Settings);

@@ -1,6 +1,7 @@
 // Serial input as the loop reports it, kept until it is taken.
 #include "platform/plain/sSerialPort.h"
 
+#include "core/mError.h"
 #include "platform/plain/sDevices.h"
 #include "platform/plain/sSerialLine.h"
 
@@ -11,7 +12,7 @@
 #include <poll.h>
 #include <sys/file.h>
 #include <sys/ioctl.h>
-#include <system_error>
+#include <termios.h>
 #include <unistd.h>
 
 namespace {
@@ -28,7 +29,7 @@ std::vector<std::string> sSerialPort::Devices() const
     return SerialDevices();
 }
 
-bool sSerialPort::Open(const std::string& Device, const std::string& Settings)
+bool sSerialPort::Open(const std::string& Device, const std::string& Settings, eWaiting Waiting)
 {
     Close();
     Descriptor = open(Device.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
@@ -38,6 +39,7 @@ bool sSerialPort::Open(const std::string& Device, const std::string& Settings)
         Close();
         return false;
     }
+    if (Waiting == eWaiting::Dropped) tcflush(Descriptor, TCIOFLUSH);
     // A pseudo-terminal has no such line; it works without. On it exclusive use would outlive a program that is killed.
     int Ready = TIOCM_DTR;
     if (ioctl(Descriptor, TIOCMBIS, &Ready) == 0) ioctl(Descriptor, TIOCEXCL);
@@ -93,7 +95,7 @@ void sSerialPort::Read()
     } else if (Got == 0) {
         Fail("the line was hung up");
     } else if (errno != EAGAIN && errno != EINTR) {
-        Fail(std::generic_category().message(errno));
+        Fail(SystemReason(errno));
     }
 }
 

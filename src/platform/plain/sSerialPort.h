@@ -14,7 +14,7 @@ public:
     sSerialPort& operator=(const sSerialPort&) = delete;
 
     std::vector<std::string> Devices() const override;
-    bool Open(const std::string& Device, const std::string& Settings) override;
+    bool Open(const std::string& Device, const std::string& Settings, eWaiting Waiting) override;
     bool IsOpen() const override { return Descriptor >= 0; }
     std::size_t InBufferCount() const override { return Received.Count(); }
     std::size_t Input(std::span<uint8_t> Bytes) override;

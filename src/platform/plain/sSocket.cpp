@@ -1,6 +1,7 @@
 // Connecting without waiting, one address of a name after another, and receiving.
 #include "platform/plain/sSocket.h"
 
+#include "core/mError.h"
 #include "core/mNumText.h"
 
 #include <algorithm>
@@ -12,7 +13,6 @@
 #include <netinet/tcp.h>
 #include <poll.h>
 #include <sys/socket.h>
-#include <system_error>
 #include <unistd.h>
 
 namespace {
@@ -44,8 +44,8 @@ void sSocket::Connect(const std::string& Address, uint16_t Port)
     addrinfo* Found = nullptr;
     const int Wrong = getaddrinfo(Address.c_str(), FormatNum(Port, "0").c_str(), &Wanted, &Found);
     if (Wrong != 0)
-        return End([this, Wrong] {
-            if (OnError) OnError(gai_strerror(Wrong));
+        return End([this] {
+            if (OnError) OnError("no computer of that name is known");
         });
     const std::unique_ptr<addrinfo, decltype(&freeaddrinfo)> Owner(Found, freeaddrinfo);
     for (const addrinfo* Each = Found; Each != nullptr; Each = Each->ai_next) {
@@ -61,7 +61,7 @@ void sSocket::TryNext(int Error)
     CloseLine();
     if (Places.empty())
         return End([this, Error] {
-            if (OnError) OnError(std::generic_category().message(Error));
+            if (OnError) OnError(SystemReason(Error));
         });
     const Place Next = Places.front();
     Places.erase(Places.begin());
@@ -99,7 +99,7 @@ void sSocket::Read()
         });
     } else if (errno != EAGAIN && errno != EINTR) {
         End([this, Error = errno] {
-            if (OnError) OnError(std::generic_category().message(Error));
+            if (OnError) OnError(SystemReason(Error));
         });
     }
 }

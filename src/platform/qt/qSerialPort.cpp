@@ -40,7 +40,7 @@ std::vector<std::string> qSerialPort::Devices() const
     return SerialDevices();
 }
 
-bool qSerialPort::Open(const std::string& Device, const std::string& Settings)
+bool qSerialPort::Open(const std::string& Device, const std::string& Settings, eWaiting Waiting)
 {
     Close();
     Port.setPortName(Shown(Device));
@@ -51,8 +51,10 @@ bool qSerialPort::Open(const std::string& Device, const std::string& Settings)
     }
     // A pseudo-terminal has no such line; it works without.
     Port.setDataTerminalReady(true);
-    Port.clear();
-    Port.readAll();
+    if (Waiting == eWaiting::Dropped) {
+        Port.clear();
+        Port.readAll();
+    }
     Failure.stop();
     return true;
 }

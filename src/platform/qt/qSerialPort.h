@@ -12,7 +12,7 @@ public:
     qSerialPort();
 
     std::vector<std::string> Devices() const override;
-    bool Open(const std::string& Device, const std::string& Settings) override;
+    bool Open(const std::string& Device, const std::string& Settings, eWaiting Waiting) override;
     bool IsOpen() const override;
     std::size_t InBufferCount() const override;
     std::size_t Input(std::span<uint8_t> Bytes) override;
