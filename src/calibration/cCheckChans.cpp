@@ -15,9 +15,15 @@ constexpr int MarkHeight = 10;
 constexpr int MostChans = 127; // that the points hold
 } // namespace
 
-cCheckChans::cCheckChans(iSurface& InitSurface)
-    : Surface(InitSurface), mChanCnt(std::clamp<int16_t>(gFile.ChanCnt, 0, MostChans))
+cCheckChans::cCheckChans(iSurface& InitSurface) : Surface(InitSurface)
 {
+    Load();
+}
+
+void cCheckChans::Load()
+{
+    mChanCnt = std::clamp<int16_t>(gFile.ChanCnt, 0, MostChans);
+    Shown = Form::None;
 }
 
 void cCheckChans::SetUpPoly()

@@ -15,6 +15,9 @@ public:
     /// Keeps the name of a dump file.
     void SetDumpFN(const std::string& Name) { mDumpFN = Name; }
 
+    /// Begins anew with the channels of the session that is open now.
+    void Load();
+
     /// Takes margins, scales and the rows of the staircase from the size of the surface.
     void SetUpPoly();
 
@@ -47,7 +50,7 @@ private:
     };
 
     iSurface& Surface;
-    int16_t mChanCnt;
+    int16_t mChanCnt = 0;
     int32_t mWidth = 0;
     int32_t mHeight = 0;
     int32_t mLeft = 0;

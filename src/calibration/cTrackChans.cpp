@@ -14,10 +14,15 @@ constexpr int32_t CursorColour = 0x7F7F7F;
 constexpr int FewChans = 24; // traces that are drawn wide
 } // namespace
 
-cTrackChans::cTrackChans(iSurface& InitSurface)
-    : Surface(InitSurface), mChanCnt(std::clamp<int16_t>(gFile.ChanCnt, 0, LastDataChan)),
-      PenWidth(mChanCnt <= FewChans ? 2 : 1)
+cTrackChans::cTrackChans(iSurface& InitSurface) : Surface(InitSurface)
 {
+    Load();
+}
+
+void cTrackChans::Load()
+{
+    mChanCnt = std::clamp<int16_t>(gFile.ChanCnt, 0, LastDataChan);
+    PenWidth = mChanCnt <= FewChans ? 2 : 1;
 }
 
 void cTrackChans::SetUpPoly()

@@ -11,6 +11,9 @@ class cTrackChans
 public:
     explicit cTrackChans(iSurface& InitSurface);
 
+    /// Takes the channels of the session that is open now.
+    void Load();
+
     /// Takes margins and scales from the size of the surface and starts the sweep anew.
     void SetUpPoly();
 
@@ -36,8 +39,8 @@ private:
     void DrawCursor();
 
     iSurface& Surface;
-    int16_t mChanCnt;
-    int PenWidth;
+    int16_t mChanCnt = 0;
+    int PenWidth = 1;
     int32_t mWidth = 0;
     int32_t mHeight = 0;
     int32_t mLeft = 0;

@@ -15,10 +15,19 @@ fCheckChans::fCheckChans()
     Layout->addWidget(Surface);
     setFocusPolicy(Qt::StrongFocus);
     resize(560, 480);
-    Surface->OnResize = [this] {
-        Chans.SetUpPoly();
-        Chans.DrawGrid();
-    };
+    Surface->OnResize = [this] { DrawAnew(); };
+}
+
+void fCheckChans::NewSession()
+{
+    Chans.Load();
+    DrawAnew();
+}
+
+void fCheckChans::DrawAnew()
+{
+    Chans.SetUpPoly();
+    Chans.DrawGrid();
 }
 
 void fCheckChans::keyPressEvent(QKeyEvent* Event)

@@ -13,12 +13,15 @@ public:
     void SetDumpFN(const std::string& Name) { Chans.SetDumpFN(Name); }
     void DrawData() override { Chans.DrawData(); }
     void SetLive(bool Live) override { Chans.SetLive(Live); }
+    void NewSession() override;
 
 protected:
     void keyPressEvent(QKeyEvent* Event) override;
     void closeEvent(QCloseEvent* Event) override;
 
 private:
+    void DrawAnew();
+
     qSurface* Surface;
     cCheckChans Chans;
 };

@@ -16,10 +16,19 @@ fTrackChans::fTrackChans()
     Layout->addWidget(Surface);
     setFocusPolicy(Qt::StrongFocus);
     resize(560, 480);
-    Surface->OnResize = [this] {
-        Chans.SetUpPoly();
-        Chans.DrawGrid();
-    };
+    Surface->OnResize = [this] { DrawAnew(); };
+}
+
+void fTrackChans::NewSession()
+{
+    Chans.Load();
+    DrawAnew();
+}
+
+void fTrackChans::DrawAnew()
+{
+    Chans.SetUpPoly();
+    Chans.DrawGrid();
 }
 
 void fTrackChans::keyPressEvent(QKeyEvent* Event)

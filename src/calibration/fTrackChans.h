@@ -12,11 +12,14 @@ public:
 
     void DrawData() override { Chans.DrawData(); }
     void SetLive(bool Live) override { Chans.SetLive(Live); }
+    void NewSession() override;
 
 protected:
     void keyPressEvent(QKeyEvent* Event) override;
 
 private:
+    void DrawAnew();
+
     qSurface* Surface;
     cTrackChans Chans;
 };

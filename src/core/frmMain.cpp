@@ -82,7 +82,10 @@ bool frmMain::Load(const std::string& Folder)
 void frmMain::OpenFile(const std::string& Path)
 {
     const std::string Former = gCurFile;
-    if (!Guard("Opening the session", [&] { return OpenSession(Path); })) SetCurFile(Former);
+    if (Guard("Opening the session", [&] { return OpenSession(Path); }))
+        TellNewSession();
+    else
+        SetCurFile(Former);
 }
 
 QAction* frmMain::Command(const char* Name) const

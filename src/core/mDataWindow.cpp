@@ -11,6 +11,14 @@ constexpr int64_t StaleAfter = 1000; // ms
 
 std::vector<cDataWindow*> Windows;
 int64_t LastFrame = 0; // ms of the clock
+
+// A window that closes may take others with it.
+template <class Work>
+void FromLast(const Work& Do)
+{
+    for (std::size_t i = Windows.size(); i-- > 0;)
+        if (i < Windows.size()) Do(*Windows[i]);
+}
 } // namespace
 
 cDataWindow::cDataWindow(std::string InitTag) : Tag(std::move(InitTag))
@@ -58,6 +66,12 @@ void CheckLive()
 
 void CloseDForms()
 {
-    for (std::size_t i = Windows.size(); i-- > 0;)
-        if (i < Windows.size() && Windows[i]->Tag == DataTag) Windows[i]->Unload();
+    FromLast([](cDataWindow& Each) {
+        if (Each.Tag == DataTag) Each.Unload();
+    });
+}
+
+void TellNewSession()
+{
+    FromLast([](cDataWindow& Each) { Each.NewSession(); });
 }

@@ -31,6 +31,9 @@ public:
     /// Closes the window.
     virtual void Unload() = 0;
 
+    /// Another session was opened, whose channels are others. A window that cannot go over to it closes.
+    virtual void NewSession() { Unload(); }
+
     /// Calls DrawData, SetLive(true) ahead of it when the window was not live.
     void TakeFrame();
 
@@ -52,3 +55,6 @@ void CheckLive();
 
 /// Unloads each window tagged "D", from the last to the first.
 void CloseDForms();
+
+/// Tells every window that another session was opened, from the last to the first.
+void TellNewSession();

@@ -86,3 +86,28 @@ TEST_CASE_FIXTURE(ShellState,
     DrawDataWindows();
     CHECK(Picture(*Window) == Live);
 }
+
+TEST_CASE_FIXTURE(ShellState, "the indicators go over to the channels of the session that is opened")
+{
+    MakeChannels(16);
+    auto* Bars = new fCheckChans;
+    auto* Traces = new fTrackChans;
+    Main.AddWindow(Bars);
+    Main.AddWindow(Traces);
+    Main.show();
+    MakeFrame(7);
+    DrawDataWindows();
+    REQUIRE(SaveWhole(Folder.Path("other.txt"), "Main\n61\t1\t8\t\nEnd\nCalibr\nF1\t1\t3\t\nEnd\n"));
+    Main.OpenFile(Folder.Path("other.txt"));
+    REQUIRE(gFile.ChanCnt != 16);
+    fCheckChans Bar;
+    fTrackChans Trace;
+    Bar.resize(Bars->size());
+    Trace.resize(Traces->size());
+    CHECK(Picture(*Bars) == Picture(Bar));
+    CHECK(Picture(*Traces) == Picture(Trace));
+    MakeFrame(8);
+    DrawDataWindows(); // of Bar and Trace too
+    CHECK(Picture(*Bars) == Picture(Bar));
+    CHECK(Picture(*Traces) == Picture(Trace));
+}
