@@ -10,8 +10,10 @@
 #include "core/mDataWindow.h"
 #include "core/mGlobData.h"
 #include "core/mHost.h"
+#include "core/mNumText.h"
 #include "files/mDump.h"
 #include "files/mTextIO.h"
+#include "live/fData01real.h"
 #include "platform/qt/qIcons.h"
 #include "platform/qt/qPlace.h"
 #include "views/fSwap.h"
@@ -42,6 +44,20 @@ fCheckChans& ShowIndicators(frmMain& Main)
     return Check;
 }
 
+fData01real& ShowRower(frmMain& Main)
+{
+    const auto Count = LoadedWindows().size();
+    auto& Panel = ShowOne<fData01real>(Main);
+    if (LoadedWindows().size() > Count) RestorePlace(Panel, "fData01real", Main.AreaSize());
+    Main.Activate(Panel);
+    return Panel;
+}
+
+void TellPlaying(const std::string& Path)
+{
+    UpdateStatus("Playing Sample from file " + std::filesystem::path(Path).filename().string());
+}
+
 // A recording that is played wants a window to be seen in.
 void Play(frmMain& Main, const std::string& Path)
 {
@@ -50,14 +66,9 @@ void Play(frmMain& Main, const std::string& Path)
     const auto& Windows = LoadedWindows();
     if (std::none_of(Windows.begin(), Windows.end(), [](const cDataWindow* Open) { return Open->Tag == DataTag; }))
         ShowIndicators(Main);
-    UpdateStatus("Playing Sample from file " + std::filesystem::path(Path).filename().string());
+    TellPlaying(Path);
 }
 
-void AskAndPlay(frmMain& Main, const char* Ext)
-{
-    const std::string Path = ExecComDlg("Raw File to Play", Ext, eFileMode::In, gCurDir);
-    if (!Path.empty()) Play(Main, Path);
-}
 // A new window each time, since the two modes differ in what they write.
 fDoReZero& ShowReZero(frmMain& Main, bool CalibratorMode)
 {
@@ -144,6 +155,14 @@ void CorrectVars(frmMain& Main)
     Main.Activate(*Window);
 }
 
+void SampleRower(frmMain& Main)
+{
+    gSampleName = "Sample # " + FormatNum(gFile.SampleCnt, "0");
+    if (OpenLink()) SendRun();
+    ShowRower(Main);
+    UpdateStatus(gSampleName);
+}
+
 void LogChannels(frmMain&)
 {
     StartLog();
@@ -156,12 +175,19 @@ void ReadLog(frmMain& Main)
 
 void PlayRawRower(frmMain& Main)
 {
-    AskAndPlay(Main, "*");
+    const std::string Path = ExecComDlg("Raw File to Play", "*", eFileMode::In, gCurDir);
+    if (Path.empty()) return;
+    StartReplay(Path);
+    if (!gReplaying) return;
+    ShowRower(Main);
+    SetReplayInterval(static_cast<int>(RoundHalfEven(gDeltaT * 1000 / 10)));
+    TellPlaying(Path);
 }
 
 void PlayRawCoach(frmMain& Main)
 {
-    AskAndPlay(Main, "qvn");
+    const std::string Path = ExecComDlg("Raw File to Play", "qvn", eFileMode::In, gCurDir);
+    if (!Path.empty()) Play(Main, Path);
 }
 
 void ToggleLog(frmMain&)

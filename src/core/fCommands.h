@@ -15,6 +15,7 @@ void SetCalibrator(frmMain& Main);
 void AutoReZero(frmMain& Main);
 
 void CorrectVars(frmMain& Main);
+void SampleRower(frmMain& Main);
 void LogChannels(frmMain& Main);
 void ReadLog(frmMain& Main);
 void PlayRawRower(frmMain& Main);

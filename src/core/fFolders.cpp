@@ -3,6 +3,8 @@
 
 #include "core/mGlobData.h"
 #include "core/mHost.h"
+#include "core/mIni.h"
+#include "core/mSettings.h"
 
 #include <filesystem>
 #include <unistd.h>
@@ -25,6 +27,8 @@ std::string CopyDemo(const std::string& From, const std::string& Folder)
     fs::create_directories(Target, Failed);
     for (const char* Name : {"eight.txt", "single.txt"})
         fs::copy_file(fs::path(From) / Name, Target / Name, fs::copy_options::skip_existing, Failed);
+    for (const char* Name : {"Targets.ini", "Curves.ini"})
+        fs::copy_file(fs::path(From) / Name, fs::path(Folder) / Name, fs::copy_options::skip_existing, Failed);
     const fs::path Session = Target / "eight.txt";
     return fs::exists(Session, Failed) ? Session.string() : std::string();
 }
@@ -35,4 +39,9 @@ void OfferDemo(const std::string& From, const std::string& Folder)
     if (!fs::exists(fs::path(From) / "eight.txt", Ignored)) return;
     if (!AskYesNo("This is the first start here. Open the demonstration session, an eight?", "Welcome")) return;
     SetCurFile(CopyDemo(From, Folder));
+    // The rower's panel shows all that it has.
+    gIsCurves = gIsValue = gIsInd = gIsGrid = true;
+    gIsTargVals = gIsTargCurves = 1;
+    SaveSetting("gIsTargVals");
+    SaveSetting("gIsTargCurves");
 }

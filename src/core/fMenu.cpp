@@ -55,7 +55,7 @@ constexpr MenuItem Items[] = {
     {"mnuCalibrate", "mnuCalibrLog", "&Log Channels", "Ctrl+R", LogChannels, nullptr},
     {"mnuCalibrate", "mnuCalibrReadLog", "&Read Log", nullptr, ReadLog, nullptr},
 
-    {"mnuSample", "mnuSampleRower", "&Rower's Panel", nullptr, nullptr, WithPanels},
+    {"mnuSample", "mnuSampleRower", "&Rower's Panel", nullptr, SampleRower, nullptr},
     {"mnuSample", "mnuSampleCatch", "&Catch Training", nullptr, nullptr, WithPanels},
     {"mnuSample", "mnuSampleCoach", "C&oach's Panel", nullptr, nullptr, WithPanels},
     {"mnuSample", "mnuSampleTwoPanels", "&All Panels", nullptr, nullptr, WithPanels},

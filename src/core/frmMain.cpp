@@ -130,6 +130,11 @@ void frmMain::AddWindow(QWidget* Window)
     Activate(*Window);
 }
 
+QSize frmMain::AreaSize() const
+{
+    return Area->viewport()->size();
+}
+
 void frmMain::Activate(QWidget& Window)
 {
     for (QMdiSubWindow* Frame : Area->subWindowList())

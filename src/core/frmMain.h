@@ -29,6 +29,9 @@ public:
     /// Puts a window into the area and shows it.
     void AddWindow(QWidget* Window);
 
+    /// Size of the area.
+    QSize AreaSize() const;
+
     /// Brings a window of the area to the front and gives it the keyboard.
     void Activate(QWidget& Window);
 

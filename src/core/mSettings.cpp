@@ -14,6 +14,7 @@ int16_t gAutoCalibr, gAutoSwitchCal, fTorque, fXisLog, fAutoAxes, fApproxMode;
 int16_t gIsTargVals, gIsTargCurves, gDoReZero, gRSFmode, gSeatChan, gTrunkChan;
 int16_t gCFLow, gCFHigh, gCFmarg, gRSFmarg, gFFmarg, gRSFLow, gRSFHigh, gFFLow, gFFHigh, gXScale;
 int16_t mDisplayMode, mScullMode;
+int16_t gPictureRate = 60; // a surface may be drawn on ahead of LoadSettings
 int32_t gQVNbauds, gSessCnt;
 double gDataFreq, StdFilter, VQ0, VQ1, fCutOff, gRSFval0, gRSFval1, gCFslope, gFFslope;
 bool gToolBar, gStatusBar;
@@ -49,6 +50,7 @@ std::vector<Setting> MakeSettings()
         {"Options", "gQVN_GPS", &gQVN_GPS, "1"},
         {"Options", "gQVN_BT", &gQVN_BT, "0"},
         {"Options", "gQVN_BLE", &gQVN_BLE, "0"},
+        {"Options", "gPictureRate", &gPictureRate, "60"},
         {"RGBArr", "gDrawWidth", &gDrawWidth, "3"},
         {"AutoSplit", "gSplitPar", &gSplitPar, "0"},
         {"AutoSplit", "VQ0", &VQ0, "0"},

@@ -24,7 +24,8 @@ extern bool gStatusBar;
 extern double gDataFreq; // Hz, nominal sampling frequency
 extern double StdFilter; // width of acceptance bands in standard deviations
 extern int16_t gUseNonLinear;
-extern int32_t gQVNbauds; // serial speed of models 60 to 65
+extern int32_t gQVNbauds;    // serial speed of models 60 to 65
+extern int16_t gPictureRate; // pictures a second that live windows bring to the screen; a small computer needs fewer
 extern int16_t gQVN_RTS;
 extern int16_t gQVN_GPS;
 extern int16_t gQVN_BT;

@@ -121,13 +121,14 @@ void cData01real::DrawScales()
     if (!gIsCurves) return;
     iSurface& Surface = *Panel->Surface;
     if (View.Oper >= 0 && View.Oper < FigureFrom) {
-        SetPen(Grey);
+        // Thin whatever the curves' width: the grid is there to read the curve by.
+        Surface.SetPen(Grey);
         for (int i = 0; gIsGrid && i < GridLines; ++i) {
             const double Y = Top + i * (Bottom - Top) / (GridLines - 1);
             Surface.Line(Left, Y, Right, Y);
         }
         Surface.Line(X0, Top, X0, Bottom);
-        SetPen(Black);
+        Surface.SetPen(Black);
         Surface.Line(Left, Y0, Right, Y0);
     }
     SetPen(Colour);

@@ -32,8 +32,12 @@ public:
     /// Width and height.
     virtual SurfacePoint Size() const = 0;
 
-    /// Paints everything, the kept ground as well, in one colour.
+    /// Paints everything, the kept ground as well, in one colour, or with the background picture when there is one.
     virtual void Clear(int32_t Colour) = 0;
+
+    /// Takes a picture, stretched over the whole surface, for the ground of the next Clear. An empty path takes it
+    /// away; a file that is no picture is as none.
+    virtual void SetBackground(const std::string& Path) = 0;
 
     /// Colour and width of lines and outlines, and the colour of texts.
     virtual void SetPen(int32_t Colour, int Width = 1) = 0;

@@ -100,13 +100,13 @@ TEST_CASE("scales are a grid, two zero lines and the name, without curves nothin
     Row.MinYPar = -100;
     Row.MaxYPar = 260;
     LivePlot Panel(Row);
-    CHECK(Panel.Scales == Texts{"line 350 120 350 480 #7F7F7F wide 3", "line 100 380 600 380 #000000 wide 3",
+    CHECK(Panel.Scales == Texts{"line 350 120 350 480 #7F7F7F", "line 100 380 600 380 #000000",
                                 "text 150 144 \"Row\" 12 #FF0000 wide 3"});
     gIsGrid = true;
     Panel.Plot.DrawScales();
     const Texts Grid = Panel.Log.Take();
     CHECK(Grid.size() == 14);
-    CHECK(Grid[10] == "line 100 480 600 480 #7F7F7F wide 3");
+    CHECK(Grid[10] == "line 100 480 600 480 #7F7F7F");
     gIsCurves = false;
     Panel.Plot.DrawScales();
     CHECK(Panel.Log.Take().empty());

@@ -20,6 +20,7 @@ public:
 
     SurfacePoint Size() const override { return Extent; }
     void Clear(int32_t Colour) override { Add("clear", {}, Name(Colour)); }
+    void SetBackground(const std::string& Path) override { Add("background", {}, Path); }
     void SetPen(int32_t Colour, int Width) override
     {
         Pen = Name(Colour);

@@ -10,6 +10,7 @@ public:
 
     SurfacePoint Size() const override { return Extent; }
     void Clear(int32_t) override {}
+    void SetBackground(const std::string&) override {}
     void SetPen(int32_t, int) override {}
     void SetFill(int32_t) override {}
     void SetFont(int, bool) override {}

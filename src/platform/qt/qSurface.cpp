@@ -1,6 +1,7 @@
 // The retained picture and its way to the screen.
 #include "platform/qt/qSurface.h"
 
+#include "core/mSettings.h"
 #include "platform/qt/qColour.h"
 #include "platform/qt/qText.h"
 
@@ -13,7 +14,11 @@
 #include <cstring>
 
 namespace {
-constexpr int RefreshEvery = 16; // ms, a screen's refresh
+// Milliseconds from a change to the screen.
+int RefreshDelay()
+{
+    return 1000 / std::clamp<int>(gPictureRate, 1, 250);
+}
 
 QRectF Around(QPointF A, QPointF B)
 {
@@ -53,6 +58,7 @@ void qSurface::Renew()
     Picture.setDevicePixelRatio(Ratio);
     Picture.fill(Qt::white);
     Ground = Picture;
+    FitBackground();
     update();
     if (OnResize) OnResize();
 }
@@ -76,15 +82,33 @@ void qSurface::Changed(const QRectF& Place)
 {
     const int Margin = static_cast<int>(std::ceil(Pen.widthF())) + 1;
     Dirty |= Place.toAlignedRect().adjusted(-Margin, -Margin, Margin, Margin) & rect();
-    if (!Refresh.isActive()) Refresh.start(RefreshEvery);
+    if (!Refresh.isActive()) Refresh.start(RefreshDelay());
 }
 
 void qSurface::Clear(int32_t Colour)
 {
     if (Painter.isActive()) Painter.end();
-    Picture.fill(ToQColor(Colour));
+    if (Backdrop.isNull())
+        Picture.fill(ToQColor(Colour));
+    else
+        Picture = Backdrop.copy();
     Ground = Picture;
     Changed(rect());
+}
+
+void qSurface::SetBackground(const std::string& Path)
+{
+    Background = Path.empty() ? QImage() : QImage(Shown(Path));
+    FitBackground();
+}
+
+void qSurface::FitBackground()
+{
+    Backdrop = {};
+    if (Background.isNull() || Picture.isNull()) return;
+    Backdrop = Background.scaled(Picture.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                   .convertToFormat(QImage::Format_RGB32);
+    Backdrop.setDevicePixelRatio(Picture.devicePixelRatio());
 }
 
 void qSurface::SetPen(int32_t Colour, int Width)

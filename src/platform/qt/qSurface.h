@@ -21,6 +21,7 @@ public:
 
     SurfacePoint Size() const override;
     void Clear(int32_t Colour) override;
+    void SetBackground(const std::string& Path) override;
     void SetPen(int32_t Colour, int Width) override;
     void SetFill(int32_t Colour) override;
     void SetFont(int Size, bool Bold) override;
@@ -42,12 +43,15 @@ protected:
 
 private:
     void Renew();
+    void FitBackground();
     QPainter& Brush();
     void Changed(const QRectF& Place);
 
     QImage Picture;
     QImage Ground;
-    QPainter Painter; // open on the picture while drawing calls follow each other
+    QImage Background; // as it was read, null when there is none
+    QImage Backdrop;   // in the picture's size
+    QPainter Painter;  // open on the picture while drawing calls follow each other
     QPen Pen;
     QBrush Fill;
     QFont Letters;

@@ -1,0 +1,117 @@
+// The rower's panel as a window: labels, keys, targets, full screen, and what becomes of a running recording.
+#include "live/fData01real.h"
+#include "ShellState.h"
+#include "core/mGlobData.h"
+#include "core/mIni.h"
+#include "files/mRawLog.h"
+#include "files/mSafeSave.h"
+#include "files/mTextIO.h"
+
+#include <QLabel>
+
+#include <cmath>
+
+namespace {
+struct Panel : ShellState
+{
+    Panel()
+    {
+        Start("IsCurves=-1\nIsValue=-1\nIsInd=-1\n");
+        REQUIRE(ReadDataFile(SOURCE_FOLDER "/demo/single.txt", gFile, SectionFilter::Any));
+        SetCurFile(Folder.Path("single.txt"));
+        ResolveChannels();
+    }
+
+    fData01real& Window() { return dynamic_cast<fData01real&>(Find<QWidget>("fData01real")); }
+    qSurface& Plots() { return dynamic_cast<qSurface&>(Find<QWidget>("picPanel")); }
+    QString Label(const char* Name) { return Find<QLabel>(Name).text(); }
+
+    /// Frames of a key that falls through its threshold every 40 frames, 0.05 s apart.
+    void Row(int Frames)
+    {
+        for (int i = 0; i < Frames; ++i, ++Frame) {
+            gSampleTime = gData[0] = 0.05 * Frame;
+            for (std::size_t Chan = 1; Chan <= 24; ++Chan)
+                gData[Chan] = 8192 + 4000 * std::cos(Frame * 3.14159265 / 20 + static_cast<double>(Chan % 3));
+            DrawDataWindows();
+        }
+    }
+
+    int Frame = 0;
+};
+} // namespace
+
+TEST_CASE_FIXTURE(Panel, "strokes are counted on the labels, which are large and turn grey when frames stop")
+{
+    Choose("mnuSampleRower");
+    Window().parentWidget()->resize(640, 480);
+    CHECK(Label("lbData_3") == "000");
+    Row(170);
+    CHECK(Label("lbData_0") == "08.5");
+    CHECK(Label("lbData_2") == "30.0");
+    CHECK(Label("lbData_3") == "003");
+    CHECK(Find<QLabel>("lbData_2").font().pixelSize() >= 0.08 * Window().height());
+    CHECK(Find<QLabel>("lbData_2").isEnabled());
+    Window().LoseFrames();
+    CHECK(!Find<QLabel>("lbData_2").isEnabled());
+}
+
+TEST_CASE_FIXTURE(Panel, "targets that were edited show at the next opening, behind the curves")
+{
+    REQUIRE(SaveWhole(Folder.Path("Curves.ini"), "Curves\r\nA\t0\t0.5\t1\r\nF\t0\t1\t0\r\nEnd\r\n"));
+    gHost.Settings->SaveSetting("Models", "gIsTargVals", "1");
+    gHost.Settings->SaveSetting("Models", "gIsTargCurves", "1");
+    const auto Picture = [&](const char* Peak) {
+        std::string Row = "1\tG\tM\tH\t1x\tA\t-0.8\t0.5\t1.3\t200\t";
+        Row.append(Peak).append("\t1\t1\r\n");
+        REQUIRE(SaveWhole(Folder.Path("Targets.ini"),
+                          "Targets\r\nID\tG\tS\tC\tB\tA\t0\t1\t2\t3\t4\t5\t6\r\n" + Row + Row + "End\r\n"));
+        Choose("mnuSampleRower");
+        Window().parentWidget()->resize(640, 480);
+        QTest::qWait(5);
+        const QImage Seen = Plots().Grab();
+        QTest::keyClick(&Window(), Qt::Key_Escape);
+        QTest::qWait(5);
+        CHECK(!Main.findChild<QWidget*>("fData01real"));
+        return Seen;
+    };
+    const QImage Low = Picture("150");
+    CHECK(Low == Picture("150"));
+    CHECK(Low != Picture("400"));
+}
+
+TEST_CASE_FIXTURE(Panel, "a background picture lies under every stroke, and the panel fills the screen and comes back")
+{
+    QImage Ground(8, 8, QImage::Format_RGB32);
+    Ground.fill(QColor(10, 200, 90));
+    REQUIRE(Ground.save(Shown(Folder.Path("ground.png"))));
+    gBackground = Folder.Path("ground.png");
+    gIsCurves = false;
+    Choose("mnuSampleRower");
+    Row(60);
+    qSurface* const Surface = &Plots();
+    CHECK(Surface->Grab().pixelColor(5, 5) == QColor(10, 200, 90));
+    QTest::keyClick(&Window(), Qt::Key_F11);
+    QWidget* Screen = Surface->window();
+    CHECK(Screen->isFullScreen());
+    QTest::keyClick(Screen, Qt::Key_F11);
+    CHECK(Surface->window() == &Main);
+    QTest::keyClick(&Window(), Qt::Key_F11);
+    QTest::keyClick(Surface->window(), Qt::Key_Escape);
+    QTest::qWait(5);
+    CHECK(!Main.findChild<QWidget*>("fData01real"));
+}
+
+TEST_CASE_FIXTURE(Panel, "closing the panel ends a running recording and hands it on")
+{
+    Choose("mnuSampleRower");
+    std::string Recorded;
+    Window().OnRecorded = [&](const std::string& Path) { Recorded = Path; };
+    StartLog();
+    REQUIRE(gLogging);
+    QTest::keyClick(&Window(), Qt::Key_Escape);
+    QTest::qWait(5);
+    CHECK(!gLogging);
+    CHECK(Recorded == gRawFN);
+    CHECK(!Recorded.empty());
+}
