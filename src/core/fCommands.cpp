@@ -16,6 +16,7 @@
 #include "live/fData01real.h"
 #include "platform/qt/qIcons.h"
 #include "platform/qt/qPlace.h"
+#include "records/fTargets.h"
 #include "views/fSwap.h"
 
 #include <QMessageBox>
@@ -33,6 +34,18 @@ Window& ShowOne(frmMain& Main)
     auto* New = new Window;
     Main.AddWindow(New);
     return *New;
+}
+
+// A window of which there is one, in the place where it was closed.
+template <class Window>
+void ShowPlaced(frmMain& Main, const char* Name, const char* Section, QSize Default, const char* Prefix = "")
+{
+    auto* Open = Main.findChild<QWidget*>(Name);
+    if (!Open) {
+        Main.AddWindow(Open = new Window);
+        RestorePlace(*Open, Section, Default, Prefix);
+    }
+    Main.Activate(*Open);
 }
 
 fCheckChans& ShowIndicators(frmMain& Main)
@@ -149,10 +162,12 @@ void AutoReZero(frmMain& Main)
 
 void CorrectVars(frmMain& Main)
 {
-    auto* Window = Main.findChild<QWidget*>("fSwap");
-    if (!Window) Main.AddWindow(Window = new fSwap);
-    RestorePlace(*Window, "fSwap", {460, 340});
-    Main.Activate(*Window);
+    ShowPlaced<fSwap>(Main, "fSwap", "fSwap", {460, 340});
+}
+
+void EditTargets(frmMain& Main)
+{
+    ShowPlaced<fTargets>(Main, "fTargets", fTargets::Section, {900, 420}, fTargets::Prefix);
 }
 
 void SampleRower(frmMain& Main)

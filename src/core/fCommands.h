@@ -16,6 +16,7 @@ void AutoReZero(frmMain& Main);
 
 void CorrectVars(frmMain& Main);
 void SampleRower(frmMain& Main);
+void EditTargets(frmMain& Main);
 void LogChannels(frmMain& Main);
 void ReadLog(frmMain& Main);
 void PlayRawRower(frmMain& Main);

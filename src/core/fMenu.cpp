@@ -11,7 +11,6 @@ constexpr const char* WithSession = "Comes with the session and athlete dialogs"
 constexpr const char* WithOptions = "Comes with the options";
 constexpr const char* WithSetUp = "Comes with the logger set-up";
 constexpr const char* WithGrid = "Comes with the record grid";
-constexpr const char* WithTargets = "Comes with the targets editor";
 constexpr const char* WithCalibration = "Comes with the calibration workbench";
 constexpr const char* WithPanels = "Comes with the live panels";
 constexpr const char* WithViews = "Comes with the data view";
@@ -44,7 +43,7 @@ constexpr MenuItem Items[] = {
     {"mnuSetUp", "mnuSetView1", "A&quisition View...", nullptr, nullptr, WithGrid},
     {"mnuSetUp", "mnuSetView3", "&Report View...", nullptr, nullptr, WithGrid},
     {"mnuSetUp", "mnuSetView4", "&Play View...", nullptr, nullptr, WithGrid},
-    {"mnuSetUp", "mnuSetTargets", "&Targets", nullptr, nullptr, WithTargets},
+    {"mnuSetUp", "mnuSetTargets", "&Targets", nullptr, EditTargets, nullptr},
 
     {"mnuCalibrate", "mnuCalibrCheck", "&Check Channels", "F5", CheckChannels, nullptr},
     {"mnuCalibrate", "mnuCalibrDo", "&Do Calibration", nullptr, nullptr, WithCalibration},

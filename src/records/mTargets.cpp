@@ -1,6 +1,7 @@
 // The two files of targets, and the choice of the row that fits the session.
 #include "records/mTargets.h"
 
+#include "core/mError.h"
 #include "core/mHost.h"
 #include "core/mIni.h"
 #include "core/mNumText.h"
@@ -108,17 +109,31 @@ bool Matches(const TargetRow& Row)
            Lower(Boats).find(Lower(gFile.BoatType)) != std::string::npos;
 }
 
-// The table's last row is a pattern for new rows and is never chosen.
+// Place of the row that fits the session, -1 when none does. The table's last row is a pattern for new rows and is
+// never chosen.
+int FindTarget(const std::vector<TargetRow>& Rows)
+{
+    for (int i = static_cast<int>(Rows.size()) - 2; i >= 0; --i)
+        if (Matches(At(Rows, i))) return i;
+    return -1;
+}
+
 bool ChooseTarget()
 {
-    bool Found = false;
-    for (std::size_t i = 0; i + 1 < gTargets.Rows.size(); ++i) {
-        if (!Matches(gTargets.Rows[i])) continue;
-        gTarget = gTargets.Rows[i];
-        gTarget.Fields[4] = gFile.BoatType;
-        Found = true;
-    }
-    return Found;
+    const int Found = FindTarget(gTargets.Rows);
+    if (Found < 0) return false;
+    gTarget = At(gTargets.Rows, Found);
+    gTarget.Fields[4] = gFile.BoatType;
+    return true;
+}
+
+std::vector<TargetRow> TargetsFromGrid(const cGrid& Grid)
+{
+    std::vector<TargetRow> Rows;
+    Rows.reserve(static_cast<std::size_t>(Grid.RowCount()));
+    for (int Row = 0; Row < Grid.RowCount(); ++Row)
+        Rows.push_back(TargetFromCells(Grid.Row(Row)));
+    return Rows;
 }
 } // namespace
 
@@ -187,12 +202,36 @@ cGrid TargetsToGrid()
     return Grid;
 }
 
+std::string TargetCell(int Column, const std::string& Typed)
+{
+    if (Column >= TargetRow::FieldCnt) return FormatNum(Val(Typed), "0.00");
+    std::string Text = Typed;
+    std::replace_if(
+        Text.begin(), Text.end(), [](char C) { return C == '\t' || C == '\r' || C == '\n'; }, ' ');
+    return Text;
+}
+
+std::string TargetChoice(const cGrid& Grid)
+{
+    if (gCurFile.empty()) return "No session is open.";
+    const std::string Category = gFile.Sex + " " + gFile.Category + " " + gFile.BoatType + " " + gFile.AgeGroup;
+    const auto Rows = TargetsFromGrid(Grid);
+    const int Found = FindTarget(Rows);
+    if (Found < 0) return "No row fits the open session (" + Category + ").";
+    return "The open session (" + Category + ") takes row " + FormatNum(Found + 1, "0") + ", " +
+           At(Rows, Found).Fields[1] + ".";
+}
+
 bool StoreTargets(const cGrid& Grid)
 {
-    std::vector<TargetRow> Rows;
-    Rows.reserve(static_cast<std::size_t>(Grid.RowCount()));
-    for (int Row = 0; Row < Grid.RowCount(); ++Row)
-        Rows.push_back(TargetFromCells(Grid.Row(Row)));
+    std::vector<TargetRow> Rows = TargetsFromGrid(Grid);
+    for (std::size_t i = 0; i < Rows.size(); ++i)
+        if (Rows[i].Fields[0].starts_with(EndMark)) {
+            MsgBox("Row " + FormatNum(static_cast<double>(i + 1), "0") + ": the identifier \"" + Rows[i].Fields[0] +
+                       "\" would end the table, as the file's last line does. Choose another one.",
+                   TitleWarning);
+            return false;
+        }
     std::swap(gTargets.Rows, Rows);
     if (BackupFile(gAppDir + TargetsName) && SaveTargets()) return true;
     std::swap(gTargets.Rows, Rows);

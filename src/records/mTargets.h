@@ -55,6 +55,12 @@ bool LoadCurves();
 /// The texts of gTargets for the editing grid.
 cGrid TargetsToGrid();
 
-/// Takes the table back from the grid, keeps the file as Targets.bak and writes the new one. False when the file
-/// cannot be written (told).
+/// The text that a cell of the grid takes when Typed is put in: of a value its leading number with two decimals.
+std::string TargetCell(int Column, const std::string& Typed);
+
+/// Which row of the grid the open session would take, in words.
+std::string TargetChoice(const cGrid& Grid);
+
+/// Takes the table back from the grid, keeps the file as Targets.bak and writes the new one. False when a row would
+/// end the table or the file cannot be written (both told).
 bool StoreTargets(const cGrid& Grid);

@@ -24,17 +24,18 @@ QRect Room(const QWidget& Moved)
     return (Screen ? Screen : QGuiApplication::primaryScreen())->availableGeometry();
 }
 
-int Kept(const std::string& Section, const char* Key)
+int Kept(const std::string& Section, const std::string& Key)
 {
     return static_cast<int>(RoundHalfEven(Val(gHost.Settings->GetSetting(Section, Key).value_or("0"))));
 }
 } // namespace
 
-void RestorePlace(QWidget& Window, const std::string& Section, QSize Default)
+void RestorePlace(QWidget& Window, const std::string& Section, QSize Default, const std::string& Prefix)
 {
     QWidget* Moved = Frame(Window);
     const QRect Free = Room(*Moved);
-    QRect Place(Kept(Section, "Left"), Kept(Section, "Top"), Kept(Section, "Width"), Kept(Section, "Height"));
+    QRect Place(Kept(Section, Prefix + "Left"), Kept(Section, Prefix + "Top"), Kept(Section, Prefix + "Width"),
+                Kept(Section, Prefix + "Height"));
     const bool IsKept = !Place.isEmpty() && Free.intersects(Place);
     if (!IsKept) Place.setSize(Default);
     Place.setSize(Place.size().boundedTo(Free.size()));
@@ -42,7 +43,7 @@ void RestorePlace(QWidget& Window, const std::string& Section, QSize Default)
     Moved->setGeometry(Place);
 }
 
-void KeepPlace(const QWidget& Window, const std::string& Section)
+void KeepPlace(const QWidget& Window, const std::string& Section, const std::string& Prefix)
 {
     const QWidget* Moved = Frame(Window);
     if (Moved->isMaximized() || Moved->isMinimized() || Moved->isFullScreen()) return;
@@ -50,5 +51,5 @@ void KeepPlace(const QWidget& Window, const std::string& Section)
     const std::pair<const char*, int> Values[] = {
         {"Left", Place.left()}, {"Top", Place.top()}, {"Width", Place.width()}, {"Height", Place.height()}};
     for (const auto& [Key, Value] : Values)
-        gHost.Settings->SaveSetting(Section, Key, FormatNum(Value, "0"));
+        gHost.Settings->SaveSetting(Section, Prefix + Key, FormatNum(Value, "0"));
 }

@@ -1,0 +1,39 @@
+// The window "Targets for immediate feedback", in which the table of Targets.ini is edited.
+#pragma once
+
+#include "platform/qt/qGridModel.h"
+#include "platform/qt/qGridView.h"
+
+#include <QWidget>
+
+#include <functional>
+
+class QLabel;
+class QLayout;
+class QPushButton;
+
+class fTargets : public QWidget
+{
+public:
+    /// Where place and column widths are kept: a section of the settings, and what stands ahead of its keys.
+    static constexpr const char* Section = "TargGrid";
+    static constexpr const char* Prefix = "Targets_";
+
+    fTargets();
+
+protected:
+    void closeEvent(QCloseEvent* Event) override;
+    void keyPressEvent(QKeyEvent* Event) override;
+
+private:
+    QLayout* BuildButtons();
+    QPushButton* AddButton(const char* Name, const char* Caption, const char* Tip, const std::function<void()>& Action);
+    void ShowChoice();
+    void Store();
+    void Cancel();
+    void Leave();
+
+    qGridModel Model;
+    qGridView* Grid;
+    QLabel* lbChoice;
+};
