@@ -54,9 +54,11 @@ QPushButton* fTargets::AddButton(const char* Name, const char* Text, const char*
     auto* Button = new QPushButton(Text, this);
     Button->setObjectName(Name);
     Button->setToolTip(Tip);
-    Button->setFocusPolicy(Qt::TabFocus); // a click leaves the cell that is being edited open for its command
     Button->setEnabled(Model.columnCount() > 0);
-    connect(Button, &QPushButton::clicked, this, Action);
+    connect(Button, &QPushButton::clicked, this, [this, Action] {
+        Action();
+        Grid->setFocus();
+    });
     return Button;
 }
 
@@ -71,8 +73,10 @@ QLayout* fTargets::BuildButtons()
     Column->addStretch();
     Column->addWidget(
         AddButton("cmdOK", "O&K", "Saves the targets behind a backup copy and closes the window", [this] { Store(); }));
-    Column->addWidget(
-        AddButton("cmdCancel", "&Cancel", "Drops what is being typed and goes to the first row", [this] { Cancel(); }));
+    QPushButton* Dropping =
+        AddButton("cmdCancel", "&Cancel", "Drops what is being typed and goes to the first row", [this] { Cancel(); });
+    Grid->SetCancel(*Dropping);
+    Column->addWidget(Dropping);
     return Column;
 }
 

@@ -59,6 +59,7 @@ bool qGridModel::setData(const QModelIndex& Cell, const QVariant& Value, int Rol
 
 void qGridModel::AddRow()
 {
+    if (Grid.ColumnCount() == 0) return;
     KeepFormer(Grid.Current());
     beginInsertRows({}, Grid.RowCount(), Grid.RowCount());
     Grid.AddRow();

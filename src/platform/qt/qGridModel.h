@@ -25,7 +25,8 @@ public:
 
     const cGrid& Table() const { return Grid; }
 
-    /// Appends a copy of the last row. Current() of the table is the new row, here and below the row to go to.
+    /// Appends a copy of the last row; nothing in a table without columns. Current() of the table is the new row, here
+    /// and below the row to go to.
     void AddRow();
 
     /// Removes a row; nothing when there is no such row.

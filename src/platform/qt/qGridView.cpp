@@ -6,8 +6,10 @@
 #include "core/mNumText.h"
 #include "platform/qt/qGridModel.h"
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QStyledItemDelegate>
 
 #include <algorithm>
 
@@ -18,6 +20,24 @@ std::string ColumnKey(const std::string& Prefix, std::size_t Column)
 {
     return Prefix + "ColW_" + FormatNum(static_cast<double>(Column), "00");
 }
+
+// An editor takes what was typed when the keyboard leaves it, which it does ahead of the click on a button.
+class qCancelDelegate : public QStyledItemDelegate
+{
+public:
+    qCancelDelegate(QObject* Parent, const QWidget& InitButton) : QStyledItemDelegate(Parent), Button(InitButton) {}
+
+    bool eventFilter(QObject* Editor, QEvent* Event) override
+    {
+        if (Event->type() != QEvent::FocusOut || QApplication::focusWidget() != &Button)
+            return QStyledItemDelegate::eventFilter(Editor, Event);
+        Q_EMIT closeEditor(qobject_cast<QWidget*>(Editor), RevertModelCache);
+        return false;
+    }
+
+private:
+    const QWidget& Button;
+};
 } // namespace
 
 qGridView::qGridView(qGridModel& InitModel, QWidget* Parent) : QTableView(Parent), Rows(InitModel)
@@ -36,6 +56,11 @@ qGridView::qGridView(qGridModel& InitModel, QWidget* Parent) : QTableView(Parent
     });
     Shares.assign(static_cast<std::size_t>(Rows.columnCount()), 0);
     GoToRow(0);
+}
+
+void qGridView::SetCancel(const QWidget& Button)
+{
+    setItemDelegate(new qCancelDelegate(this, Button));
 }
 
 void qGridView::GoToRow(int Row)

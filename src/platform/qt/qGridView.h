@@ -24,6 +24,9 @@ public:
     void FinishEdit();
     void CancelEdit();
 
+    /// A button on which a click drops what is being typed; elsewhere a click puts it into the cell.
+    void SetCancel(const QWidget& Button);
+
     /// Goes to a row, in the column that the cursor is in.
     void GoToRow(int Row);
 
