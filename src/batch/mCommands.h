@@ -56,6 +56,10 @@ bool DoLive(const Args& Line);
 bool DoPatterns(const Args& Line);
 
 // Calibration.
+bool DoCalibrate(const Args& Line);
+std::string CalibrateObjection(const Args& Line);
+bool DoLookup(const Args& Line);
+std::string LookupObjection(const Args& Line);
 bool DoReZero(const Args& Line);
 std::string ReZeroObjection(const Args& Line);
 

@@ -1,4 +1,4 @@
-// Reference tables: reading their files, and values between and beyond their rows.
+// Reference tables: their files, and values between and beyond their rows.
 #include "processing/mRefTable.h"
 
 #include "core/mError.h"
@@ -97,6 +97,20 @@ int16_t ReadRefTable(const std::string& Path, RefTable& Table)
     }
     MsgBox("Can't open reference table: " + Path, TitleError);
     return 0;
+}
+
+bool WriteRefTable(const std::string& Path, const RefTable& Table)
+{
+    std::string Text =
+        "Reference Table\r\n" + FormatNum(Table.Cnt, "00") + "\t" + Table.Name + "\t\r\nN\tCnt\tX\tY\r\n";
+    for (int Row = 0; Row <= Table.Cnt; ++Row) {
+        const auto i = static_cast<std::size_t>(Row);
+        Text += FormatNum(Row, "0") + "\t" + FormatNum(Table.N[i], "0") + "\t" + FormatNum(Table.X[i], "0.000") + "\t" +
+                FormatNum(Table.Y[i], "0.000000") + "\r\n";
+    }
+    if (SaveWhole(Path, Text)) return true;
+    MsgBox("Can't open file: " + Path, TitleError);
+    return false;
 }
 
 double RefLookup(int Tab, double V)

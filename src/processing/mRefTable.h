@@ -1,4 +1,4 @@
-// The reference tables of the open session: loading, the .ref format, and the look-up with extrapolation.
+// The reference tables of the open session: loading, the .ref format both ways, and the look-up with extrapolation.
 #pragma once
 
 #include <array>
@@ -29,6 +29,9 @@ void LoadRefTables();
 
 /// Reads a table file. Gives gRefCnt, or 0 when it cannot be opened (told).
 int16_t ReadRefTable(const std::string& Path, RefTable& Table);
+
+/// Writes a table file whole. False when that fails (told).
+bool WriteRefTable(const std::string& Path, const RefTable& Table);
 
 /// Output of table number Tab at input V; 0 for a number without a table and at V equal to the last input.
 double RefLookup(int Tab, double V);

@@ -1,0 +1,93 @@
+// The commands calibrate and lookup.
+#include "batch/mCommands.h"
+
+#include "calibration/cCalibr.h"
+#include "core/mGlobData.h"
+#include "core/mHost.h"
+#include "core/mNumText.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <iostream>
+
+namespace {
+void PrintAnalysis(const cCalibr& Bench)
+{
+    std::string Text = Bench.Analys();
+    std::erase(Text, '\r');
+    while (Text.ends_with('\n'))
+        Text.pop_back();
+    std::cout << Text << std::endl;
+}
+
+// The workbench with the points of a file, as the line tells it. False when told.
+bool SetUp(cCalibr& Bench, const Args& Line)
+{
+    const int32_t Chan = Line.Whole("--channel", 0);
+    if (!Bench.LoadRawCalData(Line.Files[1]) || !Bench.TakeChan(Chan)) return false;
+    if (Line.Has("--cutoff")) Bench.SetBox(BoxCutOff, Line.Text("--cutoff", ""));
+    if (Line.Has("--min")) Bench.SetArrMin(Line.Text("--min", ""));
+    if (Line.Has("--max")) Bench.SetArrMax(Line.Text("--max", ""));
+    if (Line.Has("--sensor")) Bench.SetSensID(Line.Text("--sensor", ""));
+    Bench.SetApprox(static_cast<eApprox>(Val(Line.Text("--apply", ""))));
+    return true;
+}
+
+// The table first: a session never names a table that is not there.
+bool StoreTable(cCalibr& Bench, const std::string& Out)
+{
+    RefTable Table;
+    if (!Bench.MakeRefTable(Table)) return false;
+    Bench.StoreRefTable();
+    return WriteRefTable((std::filesystem::path(Out).parent_path() / (Bench.SensID() + ".ref")).string(), Table);
+}
+
+bool IsNumber(const std::string& Text)
+{
+    return LeadingNumber(Text) && Text.find_first_not_of("0123456789.+-eE") == std::string::npos;
+}
+} // namespace
+
+std::string CalibrateObjection(const Args& Line)
+{
+    for (const char* Name : {"--channel", "--apply"})
+        if (!Line.Has(Name)) return std::string(Name) + " is missing";
+    return {};
+}
+
+bool DoCalibrate(const Args& Line)
+{
+    const std::string& Session = Line.Files[0];
+    const std::string Out = Line.Text("--out", Session);
+    if (!LoadSession(Session)) return false;
+    cCalibr Bench;
+    if (!SetUp(Bench, Line)) return false;
+    const bool IsStored =
+        Bench.AnalyseArr() && Bench.Store() && (Line.Text("--apply", "") != "4" || StoreTable(Bench, Out));
+    PrintAnalysis(Bench);
+    return IsStored && SaveSession(Session, Out);
+}
+
+std::string LookupObjection(const Args& Line)
+{
+    for (std::size_t i = 2; i < Line.Files.size(); ++i)
+        if (!IsNumber(Line.Files[i])) return "\"" + Line.Files[i] + "\" is no count";
+    return {};
+}
+
+bool DoLookup(const Args& Line)
+{
+    if (!LoadSession(Line.Files[0])) return false;
+    const std::string& Name = Line.Files[1];
+    const double Number = IsNumber(Name) ? RoundHalfEven(Val(Name)) : FindChan(gFile.Calibr, Name);
+    if (!(Number >= 1 && Number <= gFile.Calibr.UBound())) {
+        MsgBox("The session has no channel " + Name + ": " + Line.Files[0], TitleError);
+        return false;
+    }
+    constexpr int Digits = 12;
+    double Prev = 0;
+    for (std::size_t i = 2; i < Line.Files.size(); ++i)
+        std::cout << FormatGeneral(CalcPhysVal(static_cast<int>(Number), Val(Line.Files[i]), Prev), Digits) << "\n";
+    std::cout << std::flush;
+    return true;
+}

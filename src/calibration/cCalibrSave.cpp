@@ -1,0 +1,197 @@
+// Where the workbench keeps its results: the session, the ini file, raw calibration files and reference tables.
+#include "calibration/cCalibr.h"
+#include "calibration/mRefBuild.h"
+#include "core/mHost.h"
+#include "core/mIni.h"
+#include "core/mNumText.h"
+#include "core/mSettings.h"
+#include "files/mTextIO.h"
+
+#include <filesystem>
+#include <tuple>
+
+namespace {
+bool WriteSession()
+{
+    return BackupFile(gCurFile) && WriteDataFile(gCurFile, gFile, SectionFilter::Any);
+}
+
+DateDays Today()
+{
+    if (!gHost.Clock) return 0;
+    const LocalTime Now = gHost.Clock->Now();
+    return DateFromCalendar(Now.Year, Now.Month, Now.Day).value_or(0);
+}
+} // namespace
+
+bool cCalibr::SetAutoCal()
+{
+    const double Typed = RoundHalfEven(Val(mBoxes[BoxChan]));
+    if (!(Typed >= 1 && Typed <= LastDataChan)) {
+        MsgBox("Type the number of a channel to make it the automatic calibrator.", TitleInformation);
+        return false;
+    }
+    gAutoCalCh = static_cast<int16_t>(Typed);
+    gAutoCalQ0 = Val(mBoxes[BoxQ0]);
+    gAutoCalQ1 = Val(mBoxes[BoxQ1]);
+    return WriteIni();
+}
+
+std::string cCalibr::FreeName() const
+{
+    const std::string Base = gCurDir + gFileTitle + "_" + FormatNum(mChan, "00") + "_" + mSensID;
+    std::string Name = Base + ".xcl";
+    std::error_code Error;
+    for (int Count = 1; std::filesystem::exists(Name, Error); ++Count)
+        Name = Base + "_" + FormatNum(Count, "00") + ".xcl";
+    return Name;
+}
+
+// The points go first: once the session has changed, what it was calibrated from is on the disk.
+bool cCalibr::Save()
+{
+    return Store() && SaveRawCalData(FreeName()) && WriteStored();
+}
+
+bool cCalibr::Store()
+{
+    if (!HasChannel()) return false;
+    const CalLine Typed{Val(mBoxes[BoxQ0]), Val(mBoxes[BoxQ1]), Val(mBoxes[BoxR2])};
+    if (Typed.Q1 == 0 && !AskYesNo("The slope Q1 is 0: every count of the channel would give the same value. Do you "
+                                   "want to save it nevertheless?",
+                                   TitleWarning))
+        return false;
+    mLine = Typed;
+    CalibrRow& Channel = *Row();
+    Channel.Q0 = mLine.Q0;
+    Channel.Q1 = mLine.Q1;
+    Channel.Rmain = mLine.R2;
+    Channel.SensorID = mSensID;
+    if (mAnalysis.IsDone) {
+        Channel.ProcMode = fApproxMode;
+        // With a reference table it is the table's number.
+        if (fApproxMode != ApproxRefTable) Channel.Threshold = mThreshold;
+        std::tie(Channel.Qup0, Channel.Qup1, Channel.Qup2) = std::tuple_cat(mAnalysis.Up.Q);
+        std::tie(Channel.Qdn0, Channel.Qdn1, Channel.Qdn2) = std::tuple_cat(mAnalysis.Down.Q);
+        Channel.Rup = mAnalysis.Up.R;
+        Channel.Rdn = mAnalysis.Down.R;
+    }
+    ResolveChannels();
+    return true;
+}
+
+bool cCalibr::WriteStored()
+{
+    if (!WriteSession()) return false;
+    if (Row()->ProcMode == ApproxRefTable) LoadRefTables();
+    mModified = false;
+    return true;
+}
+
+bool cCalibr::SaveData()
+{
+    return Store() && WriteStored();
+}
+
+bool cCalibr::MakeRefTable(RefTable& Table)
+{
+    const double Min = Val(mArrMin), Max = Val(mArrMax);
+    if (!HasChannel()) return false;
+    if (!(Min < Max) || mSensID.empty()) {
+        MsgBox("A reference table needs a sensor identifier and a range whose Min is below its Max.", TitleInformation);
+        return false;
+    }
+    const std::size_t Used = mPntCnt > 2 ? mPntCnt - 2 : 0; // neither the first nor the last
+    Table.Name = mSensID;
+    const int Empty = BuildRefTable(std::span(mPoints).subspan(Used > 0 ? 1 : 0, Used), Min, Max, Table);
+    if (Empty > RefTable::MaxRow) {
+        mAnalys = TooFewPoints;
+        return false;
+    }
+    return Empty == 0 || AskYesNo(FormatNum(Empty, "0") + " of the 256 steps of the table have too few points near " +
+                                      "them: the table would be wrong there. Take more points, or a narrower range. " +
+                                      "Do you want to save it nevertheless?",
+                                  TitleWarning);
+}
+
+// The table holds its own zero, so a former one of the channel no longer counts.
+void cCalibr::StoreRefTable() const
+{
+    CalibrRow& Channel = *Row();
+    Channel.Min = Val(mArrMin);
+    Channel.Max = Val(mArrMax);
+    Channel.Log0 = 0;
+    Channel.ProcMode = ApproxRefTable;
+    Channel.SensorID = mSensID;
+    Channel.RefTabFN = mSensID + ".ref";
+}
+
+bool cCalibr::CreateRefTable3()
+{
+    RefTable Table;
+    if (!MakeRefTable(Table)) return false;
+    const std::string Path = gCurDir + mSensID + ".ref";
+    std::error_code Error;
+    if (std::filesystem::exists(Path, Error) &&
+        !AskYesNo("There is a table of sensor " + mSensID + " already. Do you want to replace it?", TitleWarning))
+        return false;
+    if (!WriteRefTable(Path, Table)) return false;
+    StoreRefTable();
+    LoadRefTables();
+    Row()->RefTabFN = mSensID + ".ref";
+    if (!WriteSession()) return false;
+    KeepPointsWithin(Val(mArrMin), Val(mArrMax));
+    return true;
+}
+
+void cCalibr::KeepPointsWithin(double Min, double Max)
+{
+    RememberPoints();
+    mPoints.resize(mPntCnt);
+    std::erase_if(mPoints, [=](const CalPoint& Point) { return Point.P < Min || Point.P > Max; });
+    mPntCnt = mPoints.size();
+    SetCalGr();
+    ReCalculate();
+}
+
+bool cCalibr::SaveRawCalData(const std::string& Path)
+{
+    const std::string Name =
+        Path.empty() ? ExecComDlg("Save Raw Calibration Data", "xcl", eFileMode::Out, gCurDir) : Path;
+    if (Name.empty()) return false;
+    RawCal Data;
+    Data.Date = Today();
+    Data.Chan = mChan;
+    Data.ParamID = Row() ? Row()->ParamID : "";
+    Data.IsAuto = gAutoCalibr != 0;
+    Data.Freq = SafeDiv(1, gDeltaT);
+    Data.Line = mLine;
+    Data.Lever = mLever;
+    Data.SensID = mSensID;
+    Data.Points.assign(mPoints.begin(), mPoints.begin() + static_cast<std::ptrdiff_t>(mPntCnt));
+    return SaveRawCal(Name, Data);
+}
+
+bool cCalibr::LoadRawCalData(const std::string& Path)
+{
+    if (!CheckModified()) return false;
+    const std::string Name =
+        Path.empty() ? ExecComDlg("Load Raw Calibration Data", "xcl", eFileMode::In, gCurDir) : Path;
+    if (Name.empty()) return false;
+    auto Data = LoadRawCal(Name);
+    if (!Data) return false;
+    RememberPoints();
+    mTaking = mAutoRun = mModified = false;
+    mAnalysis = {};
+    mChan = Data->Chan;
+    mBoxes[BoxChan] = FormatNum(mChan, "0");
+    if (Row() && mArrMin.empty()) ShowLimits();
+    mSensID = Data->SensID;
+    mLine = Data->Line;
+    ShowLine();
+    mPoints = std::move(Data->Points);
+    mPntCnt = mPoints.empty() ? 0 : mPoints.size() - 1;
+    SetCalGr();
+    if (!mPoints.empty()) ReCalculate();
+    return true;
+}
