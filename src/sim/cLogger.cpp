@@ -1,6 +1,7 @@
 // From the rower model through each channel's calibration to frames.
 #include "sim/cLogger.h"
 
+#include "core/mError.h"
 #include "core/mNumText.h"
 #include "sim/mInverse.h"
 
@@ -30,6 +31,42 @@ cLogger::cLogger(const DataFile& File, const LoggerSettings& Settings_)
         New.Rest = ZeroLevel(New.Row, New.MaxCount);
     }
     Counts.resize(Channels.size() + 1);
+    if (!Settings.Rigs.empty()) MountRigs(File);
+}
+
+// On the rig nobody rows.
+void cLogger::MountRigs(const DataFile& File)
+{
+    for (Channel& Each : Channels)
+        Each.Source = {};
+    Rigs.reserve(Settings.Rigs.size());
+    for (const RigSettings& Each : Settings.Rigs) {
+        Channel& Sensor = At(Channels, RigChannel(File, Each.Chan) - 1);
+        cRig* Rig = &Rigs.emplace_back(Each, File, Sensor.MaxCount);
+        // The rig gives counts itself.
+        Sensor.Row = {};
+        Sensor.Row.Q1 = 1;
+        Sensor.Source = {[Rig](double T) { return Rig->CountAt(T); }, EvenNoise(Each.Noise)};
+        if (Each.Calibrator.empty()) continue;
+        At(Channels, RigChannel(File, Each.Calibrator) - 1).Source = {[Rig](double T) { return Rig->Load(T); },
+                                                                      EvenNoise(Each.Noise)};
+    }
+}
+
+std::string cLogger::News()
+{
+    std::string Text;
+    for (cRig& Each : Rigs)
+        if (const std::string Load = Each.News(Time()); !Load.empty()) Text += Load + "\n";
+    return Text;
+}
+
+std::string cLogger::RigTruth() const
+{
+    std::string Text;
+    for (const cRig& Each : Rigs)
+        Text += Each.TruthTable();
+    return Text;
 }
 
 double cLogger::Time() const

@@ -4,6 +4,7 @@
 #include "core/mGlobData.h"
 #include "sim/cFaults.h"
 #include "sim/cFrameEncoder.h"
+#include "sim/cRig.h"
 #include "sim/cRowerModel.h"
 
 #include <string>
@@ -19,6 +20,7 @@ struct LoggerSettings
     uint64_t Seed = 1;
     std::vector<int> Kinds = {KindAll}; // frame kinds of a master, in turn
     FaultRates Faults;
+    std::vector<RigSettings> Rigs; // none: the crew rows
 };
 
 /// The layout of a session's logger when it is of that model.
@@ -42,6 +44,12 @@ public:
     /// Frames sent so far, those lost included.
     int64_t FrameCnt() const { return Sent; }
 
+    /// The loads that have come to rest on rigs since the last call, a line each.
+    std::string News();
+
+    /// The rigs' own curves as a table.
+    std::string RigTruth() const;
+
     const FaultCounts& FaultsDone() const { return Faults.Done(); }
     cRowerModel& Model() { return Rower; }
 
@@ -56,6 +64,7 @@ private:
     };
 
     int64_t Millis() const { return (Sent + 1) * (1000 / Settings.Freq); }
+    void MountRigs(const DataFile& File);
     int32_t CountNow(Channel& Each, double T);
 
     LoggerSettings Settings;
@@ -65,6 +74,7 @@ private:
     cRandom Noise;
     std::vector<Channel> Channels; // from channel 1
     std::vector<int32_t> Counts;   // by channel number
+    std::vector<cRig> Rigs;
     std::vector<uint8_t> Frame;
     int64_t Sent = 0;
 };

@@ -79,6 +79,7 @@ void cStreamer::SendFrame()
         LoseFrame();
         return;
     }
+    if (const std::string News = Logger->News(); !News.empty() && OnNews) OnNews(News);
     Bytes.clear();
     Logger->NextFrame(Bytes);
     if (!Mode.IsRunning) return;

@@ -26,6 +26,11 @@ public:
 
     void Stop() { Loop.Quit(); }
 
+    /// The curves of the rigs as a table, empty without a rig.
+    std::string RigTruth() const { return Logger->RigTruth(); }
+
+    std::function<void(const std::string& Lines)> OnNews; // loads that came to rest on a rig
+
 private:
     void Begin();
     void SendDue();

@@ -19,6 +19,19 @@ bool IsSameFile(const std::string& One, const std::string& Other)
     return std::filesystem::weakly_canonical(One, Error) == std::filesystem::weakly_canonical(Other, Error);
 }
 
+std::string WhyNoRig(const RigSettings& Rig, const DataFile& File, int Model)
+{
+    const cFrameEncoder Encoder(LayoutOf(File, Model));
+    const int Chan = RigChannel(File, Rig.Chan);
+    for (const std::string& Name : {Rig.Chan, Rig.Calibrator}) {
+        const int Found = RigChannel(File, Name);
+        if (!Name.empty() && (Found < 1 || Found > Encoder.LastChan()))
+            return "The logger has no channel " + Name + " to put on the rig";
+    }
+    if (Chan == RigChannel(File, Rig.Calibrator)) return "A channel cannot be its own calibrator: " + Rig.Chan;
+    return cRig(Rig, File, Encoder.MaxCount(Chan)).WhyNot();
+}
+
 std::string WhyNot(const SimOptions& Options, const DataFile& File, int Model)
 {
     if (File.Calibr.UBound() < 1) return "The session data file has no channels: " + Options.Session;
@@ -29,6 +42,8 @@ std::string WhyNot(const SimOptions& Options, const DataFile& File, int Model)
         if (!Out.empty() && IsSameFile(Out, Options.Session)) return "This would replace the session data file: " + Out;
     if (!Options.Truth.empty() && IsSameFile(Options.Truth, Options.Recording))
         return "The recording and the table cannot be one file: " + Options.Truth;
+    for (const RigSettings& Rig : Options.Logger.Rigs)
+        if (const std::string Reason = WhyNoRig(Rig, File, Model); !Reason.empty()) return Reason;
     return {};
 }
 
@@ -92,7 +107,8 @@ std::string RecordFile(const SimOptions& Options, const DataFile& File)
         Logger.NextFrame(Bytes);
         Recording.Append({reinterpret_cast<const char*>(Bytes.data()), Bytes.size()});
     }
-    if (Table) Table->Append(TruthTable(TrueStrokes(File, Logger.Model(), Stop)));
+    if (Table)
+        Table->Append(Used.Rigs.empty() ? TruthTable(TrueStrokes(File, Logger.Model(), Stop)) : Logger.RigTruth());
     if (!Recording.Commit() && Told(Recording, Options.Recording)) return {};
     if (Table && !Table->Commit() && Told(*Table, Options.Truth)) return {};
     return Summary(Options, Used, Logger, Stop);

@@ -2,6 +2,7 @@
 #include "sim/mSimOptions.h"
 
 #include "core/mNumText.h"
+#include "sim/mRigOption.h"
 
 #include <algorithm>
 #include <array>
@@ -85,7 +86,7 @@ bool TakeSeconds(SimOptions& Options, const std::string& Text)
 
 constexpr double HighestSeed = 9007199254740991;
 
-constexpr std::array<Option, 19> Table = {{
+constexpr std::array<Option, 20> Table = {{
     {"--file", "OUT.qvn", "the recording to write, as a whole new file",
      [](SimOptions& To, const std::string& Text) { return TakeText(To.Recording, Text); }},
     {"--tcp", "PORT", "stream live to whoever connects to this TCP port on this machine",
@@ -98,7 +99,10 @@ constexpr std::array<Option, 19> Table = {{
      [](SimOptions& To, const std::string& Text) { return TakeReal(To.Cut, Text, 0.1, 86400); }},
     {"--sent", "FILE", "at the end of a stream write the bytes that were sent while the link was there",
      [](SimOptions& To, const std::string& Text) { return TakeText(To.Sent, Text); }},
-    {"--truth", "FILE", "also write the true strokes as a table: boundaries, rate, angles, length, peak force",
+    {"--rig", "RIG", "instead of a rowing crew a channel on a calibration rig, told of below; may be given again",
+     [](SimOptions& To, const std::string& Text) { return TakeRig(To.Logger.Rigs.emplace_back(), Text); }},
+    {"--truth", "FILE",
+     "also write the true strokes as a table: boundaries, rate, angles, length, peak force; of a rig its own curve",
      [](SimOptions& To, const std::string& Text) { return TakeText(To.Truth, Text); }},
     {"--strokes", "N", "whole strokes, 1 to 100000 (default 30 of a recording; a stream is endless)", TakeStrokes},
     {"--seconds", "S", "length in seconds, instead of --strokes", TakeSeconds},
@@ -178,9 +182,11 @@ std::string SimHelp()
         Line.resize(std::max(Line.size() + 2, Column), ' ');
         Text += Line + Each.Help + "\n";
     }
-    return Text + "  --help              this text\n  --version           the version\n\n"
-                  "A value may also follow its option behind \"=\". Channels are known by their ParamID: A, V, H, G, S "
-                  "and T with the\nseat's number (oar angle, vertical angle, handle force, gate force, seat, trunk; "
-                  "sides 3 and 4 are the right and\nleft scull), Acc, AccY, AccZ, Roll, Pitch, Yaw, Vs, Dist, Lat and "
-                  "Lon. All others rest at zero.\n\nExit code: 0 done, 1 a failure was reported, 2 wrong usage.\n";
+    return Text +
+           "  --help              this text\n  --version           the version\n\n"
+           "A value may also follow its option behind \"=\". Channels are known by their ParamID: A, V, H, G, S "
+           "and T with the\nseat's number (oar angle, vertical angle, handle force, gate force, seat, trunk; "
+           "sides 3 and 4 are the right and\nleft scull), Acc, AccY, AccZ, Roll, Pitch, Yaw, Vs, Dist, Lat and "
+           "Lon. All others rest at zero.\n\n" +
+           RigHelp() + "\nExit code: 0 done, 1 a failure was reported, 2 wrong usage.\n";
 }

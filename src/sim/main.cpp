@@ -1,6 +1,7 @@
 // The simulated logger: reads its command line and the session, and writes a recording or streams.
 #include "core/mHost.h"
 #include "core/mNumText.h"
+#include "files/mSafeSave.h"
 #include "files/mTextIO.h"
 #include "platform/plain/sDialogs.h"
 #include "platform/plain/sSettings.h"
@@ -38,6 +39,15 @@ bool Record(const SimOptions& Options)
     return !Summary.empty();
 }
 
+// The table of a rowing crew is made with a recording only: a stream has no end to know the strokes by.
+bool WriteRigTruth(const SimOptions& Options, const cStreamer& Streamer)
+{
+    const bool IsWanted = !Options.Truth.empty() && !Options.Logger.Rigs.empty();
+    if (!IsWanted || SaveWhole(Options.Truth, Streamer.RigTruth())) return true;
+    MsgBox("Can't write file: " + Options.Truth, TitleWarning);
+    return false;
+}
+
 // Streams until the end or until the user or the system ends the program.
 bool Stream(const SimOptions& Options)
 {
@@ -49,6 +59,8 @@ bool Stream(const SimOptions& Options)
     const int Signals = WatchedSignals();
     if (Reason.empty()) {
         cStreamer Streamer(Loop, Options, Used, gFile);
+        if (!WriteRigTruth(Options, Streamer)) return false;
+        Streamer.OnNews = [](const std::string& Lines) { std::cout << Lines << std::flush; };
         Reason = Streamer.OpenLine();
         if (Reason.empty()) {
             Loop.Watch(Signals, POLLIN, [&](short) { Streamer.Stop(); });
