@@ -4,9 +4,12 @@
 #include "platform/iStatus.h"
 
 #include <QElapsedTimer>
+#include <QTimer>
 
 #include <array>
 #include <functional>
+#include <optional>
+#include <string>
 
 class QLabel;
 class QProgressBar;
@@ -14,6 +17,8 @@ class QProgressBar;
 class qStatus : public iStatus
 {
 public:
+    qStatus();
+
     /// Uses the widgets of a window; they must live as long as the status line is used.
     void Attach(std::array<QLabel*, 3> NewPanels, QProgressBar* NewProgress);
 
@@ -27,7 +32,11 @@ public:
     void SetProgress(int Percent) override;
 
 private:
+    void Show();
+
     std::array<QLabel*, 3> Panels{};
+    std::array<std::optional<std::string>, 3> Waiting;
+    QTimer Delay;
     QProgressBar* Progress = nullptr;
     QElapsedTimer SincePaint;
 };
