@@ -101,10 +101,12 @@ void FileOpen(frmMain& Main)
     if (!Path.empty()) Main.OpenFile(Path);
 }
 
-void FileSave(frmMain&)
+void FileSave(frmMain& Main)
 {
     if (gCurFile.empty()) return MsgBox("There is no session to save: open one first.", TitleInformation);
-    if (BackupFile(gCurFile) && WriteDataFile(gCurFile, gFile, SectionFilter::Any)) UpdateStatus("Saved: " + gCurFile);
+    if (!BackupFile(gCurFile) || !WriteDataFile(gCurFile, gFile, SectionFilter::Any)) return;
+    if (auto* Corrections = dynamic_cast<fSwap*>(Main.findChild<QWidget*>("fSwap"))) Corrections->SetSaved();
+    UpdateStatus("Saved: " + gCurFile);
 }
 
 void FileExit(frmMain& Main)

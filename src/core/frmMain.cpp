@@ -81,6 +81,7 @@ bool frmMain::Load(const std::string& Folder)
 
 void frmMain::OpenFile(const std::string& Path)
 {
+    if (!Area->CloseAsking()) return;
     const std::string Former = gCurFile;
     if (Guard("Opening the session", [&] { return OpenSession(Path); }))
         TellNewSession();
@@ -192,6 +193,7 @@ void frmMain::KeepPlace()
 void frmMain::closeEvent(QCloseEvent* Event)
 {
     if (gLogging && !AskYesNo("A recording is running. Stop it and leave?", TitleWarning)) return Event->ignore();
+    if (!Area->CloseAsking()) return Event->ignore();
     StopAll();
     CloseLink();
     CloseDForms();

@@ -9,8 +9,8 @@
 #include <string>
 
 class QAction;
-class QMdiArea;
 class QProgressBar;
+class qWorkArea;
 
 class frmMain : public QMainWindow
 {
@@ -23,7 +23,8 @@ public:
     /// window can be shown. False when there is no ini file (told).
     bool Load(const std::string& Folder);
 
-    /// Opens a session; one that cannot be read leaves the former one open.
+    /// Opens a session; one that cannot be read leaves the former one open, and so does a window whose work is not
+    /// saved and that stays.
     void OpenFile(const std::string& Path);
 
     /// Puts a window into the area and shows it.
@@ -62,7 +63,7 @@ private:
     void Run(const QString& Caption, void (*Action)(frmMain&));
 
     qStatus& Status;
-    QMdiArea* Area;
+    qWorkArea* Area;
     QTimer Watch; // looks whether a recording has begun, starves or has ended
     bool IsLogShown = false;
 };

@@ -43,6 +43,8 @@ struct CalibrRow
     double Rdn = 0;
     std::string SensorID;
     std::string RefTabFN;
+
+    bool operator==(const CalibrRow&) const = default;
 };
 
 /// A rower's place on one side of the boat. Lengths in metres, mass in kilograms.
@@ -170,6 +172,8 @@ struct DataRow
     int16_t Seat = 0;
     int16_t Side = 0;
     std::vector<double> Values;
+
+    bool operator==(const DataRow&) const = default;
 };
 
 /// How the bytes of a text file stand for characters. Ascii: either would do.

@@ -31,6 +31,8 @@ public:
     auto begin() const { return Rows.begin() + 1; }
     auto end() const { return Rows.end(); }
 
+    bool operator==(const RowArray&) const = default;
+
 private:
     std::vector<Row> Rows = std::vector<Row>(1);
 };

@@ -6,6 +6,7 @@
 #include "platform/qt/qMnemonics.h"
 #include "platform/qt/qPlace.h"
 #include "platform/qt/qText.h"
+#include "platform/qt/qWorkArea.h"
 #include "records/mTargets.h"
 
 #include <QCloseEvent>
@@ -31,6 +32,7 @@ fTargets::fTargets() : Model(LoadedGrid(), this), Grid(new qGridView(Model, this
     setObjectName("fTargets");
     setWindowTitle(Caption);
     setAttribute(Qt::WA_DeleteOnClose);
+    setProperty(AsksToClose, true);
     Model.OnTyped = TargetCell;
     Model.IsNumber = [](int Column) { return Column >= TargetRow::FieldCnt; };
     Model.OnChanged = [this] { ShowChoice(); };

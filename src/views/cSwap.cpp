@@ -52,11 +52,13 @@ int SwapSeats(RowArray<Row>& Table, int16_t A, int16_t B)
 }
 } // namespace
 
-void cSwap::Commit(RowArray<CalibrRow> Calibr, RowArray<DataRow> Data)
+void cSwap::Commit(SwapTables Corrected)
 {
     HasUndo = true;
-    Before = {std::exchange(gFile.Calibr, std::move(Calibr)), std::exchange(gFile.Data, std::move(Data)), Changed};
-    Changed = Changed || Count > 0;
+    WasChanged = Changed;
+    After = std::move(Corrected);
+    Before = {std::exchange(gFile.Calibr, After.Calibr), std::exchange(gFile.Data, After.Data)};
+    Changed = Changed || !(Before == After);
 }
 
 std::string cSwap::Times() const
@@ -74,7 +76,7 @@ std::string cSwap::OffScale(char Kind, double Number)
         }
         return P > 0;
     });
-    Commit(gFile.Calibr, std::move(Data));
+    Commit({gFile.Calibr, std::move(Data)});
     return What + (Kind == 'S' ? " was scaled " : " was offsetted ") + FormatGeneral(Number, 15) + " " + Times();
 }
 
@@ -84,7 +86,7 @@ std::string cSwap::Swap()
     RowArray<CalibrRow> Calibr = gFile.Calibr;
     RowArray<DataRow> Data = gFile.Data;
     Count = ToInt16(SwapSeats(Calibr, A, B) + SwapSeats(Data, A, B));
-    Commit(std::move(Calibr), std::move(Data));
+    Commit({std::move(Calibr), std::move(Data)});
     return "Seat " + FormatNum(A, "0") + " was swapped with Seat " + FormatNum(B, "0") + " " + FormatNum(Count, "0") +
            " times.";
 }
@@ -102,8 +104,7 @@ std::string cSwap::Rename()
         ++Rows;
     }
     Count = ToInt16(Rows);
-    Commit(std::move(Calibr), std::move(Data));
-    Changed = Changed || Chan > 0;
+    Commit({std::move(Calibr), std::move(Data)});
     return What + " was renamed with " + With + " " + Times();
 }
 
@@ -116,7 +117,7 @@ std::string cSwap::Replace()
             At(Rows[P].Values, j) = At(Rows[Q].Values, j);
         return IsFound;
     });
-    Commit(gFile.Calibr, std::move(Data));
+    Commit({gFile.Calibr, std::move(Data)});
     return What + " was replaced with " + With + " " + Times();
 }
 
@@ -130,25 +131,36 @@ std::string cSwap::Average()
             At(Rows[R].Values, j) = (At(Rows[P].Values, j) + At(Rows[Q].Values, j)) / 2;
         return IsFound;
     });
-    Commit(gFile.Calibr, std::move(Data));
+    Commit({gFile.Calibr, std::move(Data)});
     return What + " was averaged with " + With + " " + Times();
 }
 
 bool cSwap::Undo()
 {
-    if (!HasUndo) return false;
-    gFile.Calibr = std::move(Before.Calibr);
-    gFile.Data = std::move(Before.Data);
-    Changed = Before.IsChanged;
-    Before = {};
+    const bool IsMine = HasUndo && After == SwapTables{gFile.Calibr, gFile.Data};
+    if (IsMine) {
+        gFile.Calibr = std::move(Before.Calibr);
+        gFile.Data = std::move(Before.Data);
+        Changed = WasChanged;
+    }
+    Before = After = {};
     HasUndo = false;
-    return true;
+    return IsMine;
 }
 
 bool cSwap::Save()
 {
+    if (gCurFile.empty()) {
+        MsgBox("There is no session to save: open one first.", TitleInformation);
+        return false;
+    }
     if (!BackupFile(gCurFile) || !WriteDataFile(gCurFile, gFile, SectionFilter::Any)) return false;
-    Changed = false;
-    Before.IsChanged = true; // to take a correction back that is saved is a change
+    SetSaved();
     return true;
+}
+
+void cSwap::SetSaved()
+{
+    Changed = false;
+    WasChanged = true; // to take a correction back that is saved is a change
 }

@@ -5,12 +5,13 @@
 
 #include <string>
 
-/// What the corrections work on, as it was before the last one.
-struct SwapUndo
+/// What the corrections work on.
+struct SwapTables
 {
     RowArray<CalibrRow> Calibr;
     RowArray<DataRow> Data;
-    bool IsChanged = false;
+
+    bool operator==(const SwapTables&) const = default;
 };
 
 class cSwap
@@ -41,7 +42,7 @@ public:
     /// Puts the mean of What and With into AverTo in each sample.
     std::string Average();
 
-    /// Takes the last correction back. False when there is none.
+    /// Takes the last correction back. False when there is none, or when others have changed the tables since.
     bool Undo();
 
     /// Whether a correction was made since the last Save.
@@ -50,11 +51,16 @@ public:
     /// Writes the session data file behind a backup copy. False when that fails (told).
     bool Save();
 
+    /// The session data file has been written with all corrections.
+    void SetSaved();
+
 private:
-    void Commit(RowArray<CalibrRow> Calibr, RowArray<DataRow> Data);
+    void Commit(SwapTables Corrected);
     std::string Times() const;
 
-    SwapUndo Before;
+    SwapTables Before;
+    SwapTables After; // what the last correction left
+    bool WasChanged = false;
     bool HasUndo = false;
     bool Changed = false;
 };

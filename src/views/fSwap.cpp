@@ -5,6 +5,7 @@
 #include "core/mNumText.h"
 #include "platform/qt/qPlace.h"
 #include "platform/qt/qText.h"
+#include "platform/qt/qWorkArea.h"
 
 #include <QCloseEvent>
 #include <QCompleter>
@@ -33,6 +34,7 @@ fSwap::fSwap() : lbOutput(new QLabel(this))
     setObjectName("fSwap");
     setWindowTitle(Caption);
     setAttribute(Qt::WA_DeleteOnClose);
+    setProperty(AsksToClose, true);
     lbOutput->setObjectName("lbOutput");
     lbOutput->setWordWrap(true);
     lbOutput->setMinimumHeight(3 * fontMetrics().height());
@@ -117,7 +119,9 @@ void fSwap::Correct(const std::function<std::string()>& Command)
 
 void fSwap::Undo()
 {
-    lbOutput->setText(Swap.Undo() ? "The last correction was taken back." : "There is no correction to take back.");
+    lbOutput->setText(Swap.Undo() ? "The last correction was taken back."
+                                  : "There is no correction to take back: none was made, or the samples were "
+                                    "changed by another window since.");
 }
 
 void fSwap::Save()

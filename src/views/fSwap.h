@@ -17,6 +17,9 @@ class fSwap : public QWidget
 public:
     fSwap();
 
+    /// The session data file has been written from elsewhere.
+    void SetSaved() { Swap.SetSaved(); }
+
 protected:
     void closeEvent(QCloseEvent* Event) override;
     void keyPressEvent(QKeyEvent* Event) override;

@@ -85,6 +85,12 @@ TEST_CASE_FIXTURE(FreshState, "each correction touches the rows it should, leave
         CHECK_FALSE(Swap.IsChanged());
         CHECK_FALSE(Swap.Undo());
     }
+    cSwap Swap;
+    Swap.What = "H1";
+    Swap.OffScale('S', 3);
+    gFile.Data.Grow().SampleID = "recorded since";
+    CHECK_FALSE(Swap.Undo());
+    CHECK(gFile.Data.UBound() == 7);
 }
 
 TEST_CASE_FIXTURE(FreshState, "a pattern that is too short fails the correction and changes nothing")

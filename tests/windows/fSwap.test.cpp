@@ -53,6 +53,10 @@ TEST_CASE_FIXTURE(ShellState, "a correction is typed in, undone, kept from being
     QTest::keyClick(&Find<QWidget>("fSwap"), Qt::Key_Escape);
     QTest::qWait(10);
     CHECK(Dialogs.Told.size() == 1);
+    Main.OpenFile(Folder.Path("other.txt"));
+    CHECK(gCurFile == Folder.Path("s.txt"));
+    CHECK(!Main.close());
+    CHECK(Dialogs.Told.size() == 3);
     Click("cmdSave");
     CHECK(std::filesystem::file_size(Folder.Path("s.bak")) == 6);
     CHECK(std::filesystem::file_size(gCurFile) > 1000);

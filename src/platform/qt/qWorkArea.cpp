@@ -3,6 +3,7 @@
 
 #include "platform/qt/qIcons.h"
 
+#include <QMdiSubWindow>
 #include <QPainter>
 
 qWorkArea::qWorkArea(QWidget* Parent) : QMdiArea(Parent)
@@ -10,6 +11,13 @@ qWorkArea::qWorkArea(QWidget* Parent) : QMdiArea(Parent)
     setBackground(QColor(222, 228, 234));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+}
+
+bool qWorkArea::CloseAsking()
+{
+    for (QMdiSubWindow* Frame : subWindowList())
+        if (Frame->isVisible() && Frame->widget()->property(AsksToClose).toBool() && !Frame->close()) return false;
+    return true;
 }
 
 void qWorkArea::paintEvent(QPaintEvent* Event)
