@@ -3,6 +3,7 @@
 
 #include "core/mHost.h"
 #include "core/mNumText.h"
+#include "platform/qt/qMnemonics.h"
 #include "platform/qt/qPlace.h"
 #include "platform/qt/qText.h"
 #include "platform/qt/qWorkArea.h"
@@ -46,6 +47,7 @@ fSwap::fSwap() : lbOutput(new QLabel(this))
     Layout->addStretch();
     connect(new QShortcut(QKeySequence::Undo, this), &QShortcut::activated, this, [this] { Undo(); });
     connect(new QShortcut(QKeySequence::Save, this), &QShortcut::activated, this, [this] { Save(); });
+    TakeMnemonics(*this);
     setFocusProxy(txtWhat);
 }
 

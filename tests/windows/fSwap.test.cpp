@@ -41,7 +41,10 @@ TEST_CASE_FIXTURE(ShellState, "a correction is typed in, undone, kept from being
     REQUIRE(SaveWhole(gCurFile, "former"));
     Choose("mnuViewSwap");
     QTest::keyClicks(&Find<QLineEdit>("txtWhat"), "H1");
-    QTest::keyClicks(&Find<QLineEdit>("txtOffset"), "2");
+    Main.activateWindow();
+    REQUIRE(QTest::qWaitForWindowActive(&Main));
+    QTest::keyClick(&Find<QLineEdit>("txtWhat"), Qt::Key_N, Qt::AltModifier);
+    QTest::keyClicks(QApplication::focusWidget(), "2");
     const double Peak = gFile.Data[2].Values[13];
     Click("cmdScale");
     CHECK(gFile.Data[2].Values[13] == 2 * Peak);

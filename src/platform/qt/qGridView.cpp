@@ -149,7 +149,7 @@ int qGridView::NeededWidth(int Column) const
 // The place of a head that is broken into lines where it is wider than Width; none gives its longest word's.
 QSize qGridView::HeadRoom(const QString& Head, int Width) const
 {
-    const int Margin = 2 * fontMetrics().averageCharWidth();
+    const int Margin = 3 * fontMetrics().averageCharWidth();
     const QRect Place(0, 0, std::max(1, Width - Margin), 0);
     return horizontalHeader()->fontMetrics().boundingRect(Place, HeadText, Head).size() + QSize(Margin, Margin);
 }

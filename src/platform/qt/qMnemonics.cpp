@@ -1,9 +1,10 @@
-// A filter of the window's keys that looks for a button before menus see them.
+// A filter of the window's keys that looks for a control before menus see them.
 #include "platform/qt/qMnemonics.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLabel>
 
 namespace {
 // A key that is not left to the menus goes to the widget with the keyboard, where a text box would write it: so the
@@ -16,24 +17,35 @@ public:
     bool eventFilter(QObject* Object, QEvent* Event) override
     {
         if (Event->type() != QEvent::ShortcutOverride && Event->type() != QEvent::KeyPress) return false;
-        QAbstractButton* Button = ButtonOf(static_cast<const QKeyEvent&>(*Event));
+        QWidget* Control = ControlOf(static_cast<const QKeyEvent&>(*Event));
         if (Event->type() == QEvent::KeyPress && Object != parent()) Object->removeEventFilter(this);
-        if (!Button) return false;
+        if (!Control) return false;
         Event->accept();
         if (Event->type() == QEvent::KeyPress)
-            Button->click();
+            Use(*Control);
         else if (QWidget* Focus = QApplication::focusWidget())
             Focus->installEventFilter(this);
         return true;
     }
 
 private:
-    QAbstractButton* ButtonOf(const QKeyEvent& Key) const
+    QWidget* ControlOf(const QKeyEvent& Key) const
     {
         if (!(Key.modifiers() & Qt::AltModifier)) return nullptr;
+        const QKeySequence Pressed(Key.keyCombination());
         for (auto* Button : parent()->findChildren<QAbstractButton*>())
-            if (Button->isEnabled() && Button->shortcut() == QKeySequence(Key.keyCombination())) return Button;
+            if (Button->isEnabled() && Button->shortcut() == Pressed) return Button;
+        for (auto* Label : parent()->findChildren<QLabel*>())
+            if (Label->buddy() && QKeySequence::mnemonic(Label->text()) == Pressed) return Label->buddy();
         return nullptr;
+    }
+
+    static void Use(QWidget& Control)
+    {
+        if (auto* Button = qobject_cast<QAbstractButton*>(&Control))
+            Button->click();
+        else
+            Control.setFocus(Qt::ShortcutFocusReason);
     }
 };
 } // namespace

@@ -1,7 +1,7 @@
-// Alt with a letter inside a window of the work area: its own buttons come before the main window's menus.
+// Alt with a letter inside a window of the work area: its own controls come before the main window's menus.
 #pragma once
 
 class QWidget;
 
-/// Lets the buttons of Window take their Alt keys while the keyboard is in it, although a menu has the same letter.
+/// Lets the buttons and labels of Window take their Alt keys while the keyboard is in it, although a menu has the same letter.
 void TakeMnemonics(QWidget& Window);
