@@ -3,5 +3,6 @@
 
 class QWidget;
 
-/// Lets the buttons and labels of Window take their Alt keys while the keyboard is in it, although a menu has the same letter.
+/// Lets the buttons and labelled boxes of Window take their Alt keys while the keyboard is in it, although a menu has
+/// the same letter.
 void TakeMnemonics(QWidget& Window);
