@@ -1,0 +1,133 @@
+// Rows of the stroke table along the strip.
+#include "views/cDataNav.h"
+
+#include "core/mError.h"
+#include "core/mNumText.h"
+#include "files/mQVN.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace {
+constexpr int32_t White = 0xFFFFFF;
+constexpr int32_t Ink = 0x403020;
+constexpr int32_t GridColour = 0xE8E2DC;
+constexpr int32_t SelColour = 0xFFEBD2;
+constexpr int32_t RateColour = 0x2020C0;
+constexpr int32_t SpeedColour = 0xC07000;
+constexpr int Letters = 11;
+constexpr double SideRoom = 40;
+constexpr double MaxRate = 60;
+constexpr int RateStep = 20;
+
+int32_t Unit(double X)
+{
+    return static_cast<int32_t>(RoundHalfEven(X));
+}
+
+double MaxSpeed()
+{
+    double Highest = 0;
+    for (const ScanRow& Row : gScanRows)
+        Highest = std::max(Highest, Row.Speed);
+    return std::ceil(Highest);
+}
+} // namespace
+
+double cDataNav::RowToX(int Row) const
+{
+    const double Width = Surface.Size().X - 2 * SideRoom;
+    return SideRoom + SafeDiv(Width * (Row - 1), std::max(gScanRows.UBound() - 1, 1));
+}
+
+int cDataNav::RowAt(double X) const
+{
+    const int Rows = gScanRows.UBound();
+    if (Rows < 1) return 0;
+    const double Width = std::max(Surface.Size().X - 2 * SideRoom, 1.0);
+    return std::clamp(1 + static_cast<int>(RoundHalfEven((X - SideRoom) / Width * (Rows - 1))), 1, Rows);
+}
+
+void cDataNav::Select(double X1, double X2)
+{
+    FirstRow = RowAt(std::min(X1, X2));
+    LastRow = RowAt(std::max(X1, X2));
+}
+
+void cDataNav::SelectAll()
+{
+    FirstRow = std::min(1, gScanRows.UBound());
+    LastRow = gScanRows.UBound();
+}
+
+void cDataNav::Clip()
+{
+    FirstRow = std::clamp(FirstRow, 0, gScanRows.UBound());
+    LastRow = std::clamp(LastRow, 0, gScanRows.UBound());
+}
+
+void cDataNav::DrawScale()
+{
+    const SurfacePoint Size = Surface.Size();
+    Surface.SetFont(Letters);
+    for (int Rate = 0; Rate <= MaxRate; Rate += RateStep) {
+        const double Y = (Size.Y - 1) * (1 - Rate / MaxRate);
+        Surface.SetPen(GridColour);
+        Surface.Line(SideRoom, Unit(Y), Size.X - SideRoom, Unit(Y));
+        Surface.SetPen(RateColour);
+        Surface.Text(SideRoom - 4, std::clamp(Y - Letters / 2.0, 0.0, Size.Y - Letters - 4.0), FormatNum(Rate, "0"),
+                     eAlign::Right);
+    }
+    Surface.SetFont(Letters, true);
+    Surface.SetPen(RateColour);
+    Surface.Text(SideRoom + 6, 2, "Rate (1/min)");
+    if (MaxSpeed() <= 0) return;
+    Surface.SetPen(SpeedColour);
+    Surface.Text(Size.X - SideRoom - 6, 2, "Speed", eAlign::Right);
+    Surface.SetFont(Letters);
+    Surface.Text(Size.X - SideRoom + 4, 2, FormatNum(MaxSpeed(), "0") + " m/s");
+}
+
+void cDataNav::Draw()
+{
+    const SurfacePoint Size = Surface.Size();
+    Surface.Clear(White);
+    if (HasSelection()) {
+        Surface.SetFill(SelColour);
+        Surface.SetPen(SelColour);
+        Surface.Box(Unit(RowToX(FirstRow)), 0, Unit(RowToX(LastRow)), Size.Y);
+        Surface.SetFill(NoFill);
+    }
+    DrawScale();
+    const double Fastest = MaxSpeed();
+    std::vector<SurfacePoint> Rates, Speeds;
+    for (int Row = 1; Row <= gScanRows.UBound(); ++Row) {
+        const double Rate = std::min(gScanRows[Row].Rate / MaxRate, 1.0);
+        Rates.push_back({Unit(RowToX(Row)), Unit((Size.Y - 1) * (1 - Rate))});
+        if (Fastest > 0)
+            Speeds.push_back(
+                {Unit(RowToX(Row)), Unit((Size.Y - 1) * (1 - std::max(gScanRows[Row].Speed, 0.0) / Fastest))});
+    }
+    Surface.SetPen(SpeedColour);
+    Surface.Polyline(Speeds);
+    Surface.SetPen(RateColour);
+    Surface.Polyline(Rates);
+    Surface.SetPen(Ink);
+    Surface.Line(SideRoom, Size.Y - 1, Size.X - SideRoom, Size.Y - 1);
+}
+
+std::string cDataNav::Caption() const
+{
+    int Count = 0;
+    double Rates = 0, Speeds = 0;
+    if (!HasSelection() || !SumScan(FirstRow, LastRow, Count, Rates, Speeds))
+        return FormatNum(gScanRows.UBound(), "0") + " strokes. Drag over the strip to select some of them.";
+    const ScanRow& First = gScanRows[FirstRow];
+    const ScanRow& Last = gScanRows[LastRow];
+    const double Seconds = Last.Time - First.Time;
+    return "Duration=" + FormatNum(std::trunc(Seconds / 60), "0") + "m " + FormatNum(std::fmod(Seconds, 60), "0.0") +
+           "s   Strokes=" + FormatNum(Count, "0") + "   Rate=" + FormatNum(SafeDiv(Rates, Count), "0.0") +
+           "   Speed=" + FormatNum(SafeDiv(Speeds, Count), "0.00") +
+           "   Distance=" + FormatNum(Last.Dist - First.Dist, "0.0");
+}

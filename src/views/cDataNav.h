@@ -1,0 +1,42 @@
+// The strip over a scanned recording: rate and speed of every stroke, and the strokes that are selected.
+#pragma once
+
+#include "platform/iSurface.h"
+
+#include <string>
+
+class cDataNav
+{
+public:
+    explicit cDataNav(iSurface& InitSurface) : Surface(InitSurface) {}
+
+    // The selected rows of gScanRows, 0 and 0 for none.
+    int FirstRow = 0;
+    int LastRow = 0;
+
+    bool HasSelection() const { return FirstRow >= 1 && FirstRow < LastRow; }
+
+    /// Row of gScanRows at a place, 1 at its left end; 0 without rows.
+    int RowAt(double X) const;
+
+    /// Selects the rows between two places.
+    void Select(double X1, double X2);
+
+    /// Selects all rows.
+    void SelectAll();
+
+    /// Puts a selection that lies beyond the table back into it.
+    void Clip();
+
+    /// Draws everything.
+    void Draw();
+
+    /// Duration, strokes, rate, speed and distance of the selected rows; what the strip shows when there are none.
+    std::string Caption() const;
+
+private:
+    double RowToX(int Row) const;
+    void DrawScale();
+
+    iSurface& Surface;
+};

@@ -1,0 +1,55 @@
+// Numbers of a selection by the stroke statistics.
+#include "views/mSelNumbers.h"
+
+#include "core/mError.h"
+#include "core/mGlobData.h"
+#include "core/mNumText.h"
+#include "processing/mProcess.h"
+#include "views/cDataView.h"
+
+const std::array<const char*, 13> SelLabels = {"",          "",         "",      "Time (s)", "Strokes",         "Rate",
+                                               "Variation", "Dist (m)", "Speed", "Proc.",    "Proc.Strokes(%)", "",
+                                               "FilterSD"};
+
+std::optional<SelTexts> SelectionNumbers(int32_t Start, int32_t Stop)
+{
+    if (!CycleStats(Start, Stop)) return {};
+    SelTexts Texts;
+    const double Duration = gRaw(0, Stop) - gRaw(0, Start);
+    Texts[1] = FormatNum(gRaw(0, Start), "0.0");
+    Texts[2] = FormatNum(gRaw(0, Stop), "0.0");
+    Texts[3] = FormatNum(Duration, "0.0");
+    Texts[4] = FormatNum(gStrokeCnt, "0");
+    Texts[5] = FormatNum(gRate, "0.0");
+    Texts[6] = FormatNum(SafeDiv(gCycleSD, gMeanCycleT), "0.0%");
+    if (const auto Dist = SelectionDist(Start, Stop)) {
+        Texts[7] = FormatNum(*Dist, "0.0");
+        Texts[8] = FormatNum(SafeDiv(*Dist, Duration), "0.00");
+    }
+    int32_t Count = 0;
+    double Mean = 0, SD = 0;
+    CycleStatsInRange(Start, Stop, Count, Mean, SD);
+    Texts[9] = FormatNum(Count, "0");
+    Texts[10] = FormatNum(SafeDiv(Count, gStrokeCnt), "0.0%");
+    Texts[11] = FormatNum(SafeDiv(60, Mean), "0.0");
+    Texts[12] = FormatNum(SafeDiv(SD, Mean), "0.0%");
+    return Texts;
+}
+
+bool FindAllStrokes(int32_t& Start, int32_t& Stop)
+{
+    const int32_t Last = gRaw.UBound() - 1;
+    int32_t Cur = 0;
+    double Time = 0;
+    if (!DetectCycle(Cur, Last, Time)) return false;
+    Start = Stop = Cur;
+    while (DetectCycle(Cur, Last, Time))
+        if (Cur <= Last) Stop = Cur;
+    return true;
+}
+
+std::optional<double> SelectionDist(int32_t Start, int32_t Stop)
+{
+    if (gDist.empty()) return {};
+    return At(gDist, Stop) - At(gDist, Start);
+}

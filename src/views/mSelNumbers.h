@@ -1,0 +1,23 @@
+// The numbers of a selection: times, strokes, rate, distance, and what the stroke filter leaves.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+/// Texts of the boxes 1 to 12; element 0 stays empty.
+using SelTexts = std::array<std::string, 13>;
+
+/// Labels of the boxes, empty where a box has none of its own.
+extern const std::array<const char*, 13> SelLabels;
+
+/// The numbers of samples Start to Stop. Nothing when there is no whole stroke: then the texts shown keep standing.
+/// Throws RunError without a key channel.
+std::optional<SelTexts> SelectionNumbers(int32_t Start, int32_t Stop);
+
+/// The stretch from the first to the last stroke boundary of the store. False without one: Start and Stop stay.
+bool FindAllStrokes(int32_t& Start, int32_t& Stop);
+
+/// Metres between two samples by gDist, nothing without it.
+std::optional<double> SelectionDist(int32_t Start, int32_t Stop);

@@ -1,0 +1,100 @@
+// Loading of the data view.
+#include "views/mViewLoad.h"
+
+#include "core/mGlobData.h"
+#include "core/mHost.h"
+#include "core/mNumText.h"
+#include "files/mBinIO.h"
+#include "files/mOldBin.h"
+#include "files/mQVN.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <numeric>
+
+double gScanStart;
+double gScanStop;
+
+namespace {
+constexpr int StrokesAround = 3; // so that the detector finds the first and the last boundary
+
+FrameMap MapFrom(int32_t Start)
+{
+    FrameMap Map{Start, std::vector<int32_t>(static_cast<std::size_t>(gRaw.UBound() + 1))};
+    std::iota(Map.Frames.begin(), Map.Frames.end(), 0);
+    return Map;
+}
+
+bool ReadWholeRaw(const std::string& Path, ViewData& Data)
+{
+    int32_t Start = 0, Stop = 0;
+    if (!ReadRawFile(Path, Start, Stop)) return false;
+    if (gRaw.UBound() >= SampleStore::MaxIndex)
+        UpdateStatus("The recording is longer than a view holds: its first " +
+                     FormatNum(SampleStore::MaxIndex + 1, "0") + " samples are shown. Scan it to reach the rest.");
+    Data.Map = MapFrom(Start);
+    return true;
+}
+
+bool LoadKind(const std::string& Path, int16_t Mode, ViewData& Data)
+{
+    switch (Mode) {
+    case ViewRaw:
+    case ViewLogger:
+        return ReadWholeRaw(Path, Data);
+    case ViewPrimary:
+        return ReadOldFile(Path);
+    case ViewScanned:
+        if (!ScanRawFile(Path)) return false;
+        gRaw.Create(gFile.ChanCnt, -1);
+        return true;
+    default:
+        return true;
+    }
+}
+
+std::string CaptionOf(const ViewData& Data)
+{
+    switch (Data.Mode) {
+    case ViewRaw:
+        return "Raw Data in " + Data.FileName;
+    case ViewPrimary:
+        return "Primary Data in " + Data.FileName;
+    case ViewTypical:
+        return "Typical Patterns";
+    default:
+        return "Skarvelin Data in " + Data.FileName;
+    }
+}
+} // namespace
+
+bool LoadView(const std::string& FileName, int16_t Mode, ViewData& Data)
+{
+    ViewData New;
+    New.Mode = Mode;
+    New.FileName = std::filesystem::path(FileName).filename().string();
+    New.Caption = CaptionOf(New);
+    if (!LoadKind(FileName, Mode, New)) return false;
+    if (Mode != ViewPrimary && Mode != ViewTypical) gRawFN = FileName;
+    if (Mode == ViewRaw || Mode == ViewPrimary)
+        New.DescIdx = FindDesc(gFile, New.FileName, Mode == ViewRaw ? DescKey::RawFN : DescKey::PrimFN);
+    if (New.DescIdx >= 1 && gFile.SampleCnt >= 1) {
+        New.DistText = FormatNum(gFile.Desc[New.DescIdx].DistReal, "0.0");
+        New.TimeText = FormatNum(gFile.Desc[New.DescIdx].TimeReal, "0.0");
+    }
+    Data = std::move(New);
+    return true;
+}
+
+bool GetRawData(int FirstRow, int LastRow, ViewData& Data)
+{
+    const int From = std::max(FirstRow - StrokesAround, 0);
+    const int To = std::min(LastRow + StrokesAround, gScanRows.UBound());
+    int32_t Start = gScanRows[From].Pos, Stop = gScanRows[To].Pos;
+    if (!ReadRawFile(gRawFN, Start, Stop)) return false;
+    const double Zero = gScanRows[1].Time;
+    gScanStart = gScanRows[FirstRow].Time - Zero;
+    gScanStop = gScanRows[LastRow].Time - Zero;
+    Data.Map = MapFrom(Start);
+    return true;
+}

@@ -1,0 +1,48 @@
+// What the data view shows: loading of each kind of data, and where each sample came from.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+/// Kinds of data.
+enum eViewMode : int16_t
+{
+    ViewRaw = 0,      // a raw file read whole
+    ViewPrimary = 1,  // an old binary sample file
+    ViewTypical = 2,  // the typical pattern in memory: nothing to load
+    ViewLogger = 61,  // a raw file read whole under the name gRawFN
+    ViewScanned = 62, // a raw file scanned for strokes
+};
+
+/// Where the samples of gRaw are in the recording gRawFN, for saving their frames.
+struct FrameMap
+{
+    int32_t Start = 1;           // position from which frames are counted
+    std::vector<int32_t> Frames; // number of each sample's frame, none where samples are no frames of a recording
+};
+
+/// What was loaded.
+struct ViewData
+{
+    int16_t Mode = ViewRaw;
+    std::string FileName; // without folder
+    std::string Caption;
+    int DescIdx = -1;     // row of gFile.Desc of the file, below 1 when there is none
+    std::string DistText; // distance and time of the sample, empty where there are none
+    std::string TimeText;
+    FrameMap Map;
+
+    bool HasStrokeTable() const { return Mode == ViewScanned; }
+};
+
+/// Loads FileName as that kind of data into gRaw or gScanRows. False when that fails or is cancelled (told): Data,
+/// gRaw and gScanRows are as they were.
+bool LoadView(const std::string& FileName, int16_t Mode, ViewData& Data);
+
+/// Loads the frames between two rows of gScanRows, with three strokes on either side, into gRaw. Times of the rows, in
+/// seconds from the first, go to gScanStart and gScanStop. False when that fails (told).
+bool GetRawData(int FirstRow, int LastRow, ViewData& Data);
+
+extern double gScanStart; // s, stretch of the recording taken last
+extern double gScanStop;

@@ -1,0 +1,117 @@
+// Runs over stretches of the sample store.
+#include "views/mViewProc.h"
+
+#include "core/mError.h"
+#include "core/mGlobData.h"
+#include "core/mHost.h"
+#include "core/mNumText.h"
+#include "core/mSettings.h"
+#include "files/mTextIO.h"
+#include "processing/mNorm.h"
+#include "processing/mProcess.h"
+#include "processing/mSample.h"
+
+#include <algorithm>
+
+namespace {
+std::vector<double> gSplitsArr; // s, durations of the splits from element 1 on
+
+bool WriteSession()
+{
+    return BackupFile(gCurFile) && WriteDataFile(gCurFile, gFile, SectionFilter::Any);
+}
+
+bool RunAndSave(const ViewData& Data, int32_t Start, int32_t Stop)
+{
+    if (!ProcessCycles(Start, Stop, 1)) return false;
+    if (gProcRuns == 2 && !ProcessCycles(Start, Stop, 2)) return false;
+    if (gProcRuns != 1 && gProcRuns != 2) {
+        MsgBox("The number of processing runs is neither 1 nor 2: no sample is stored.", TitleInformation);
+        return false;
+    }
+    SaveNormSample(gProcRuns, "Sample ");
+    gFile.Desc[gFile.Desc.UBound()].RawFN = Data.FileName;
+    return true;
+}
+} // namespace
+
+bool ProcSel(const ViewData& Data, const ProcStretch& Stretch)
+{
+    constexpr double SecondsInMinute = 60;
+    const bool IsMade = RunAndSave(Data, Stretch.Start, Stretch.Stop);
+    if (gFile.Desc.UBound() < 1) return false;
+    DescRow& Row = gFile.Desc[gFile.Desc.UBound()];
+    Row.Start = gScanStart / SecondsInMinute;
+    Row.Finish = gScanStop / SecondsInMinute;
+    Row.TimeReal = Stretch.Time;
+    Row.DistReal = gErgoMode == 0 && Stretch.Rowed ? *Stretch.Rowed : Stretch.Dist;
+    const bool IsWritten = WriteSession();
+    if (!IsMade && IsWritten)
+        MsgBox("No sample was made, but start, finish, distance and time were written into sample " + Row.SampleID +
+                   ", the last one. The session as it was before is in its .bak file.",
+               TitleWarning);
+    UpdateProgress(0);
+    return IsMade && IsWritten;
+}
+
+void LoadSplits()
+{
+    for (const char* Key : {"gSplitPar", "gVChan", "VQ0", "VQ1", "gSplitsCnt"})
+        LoadSetting(Key);
+    gSplitsArr.assign(static_cast<std::size_t>(std::max<int16_t>(gSplitsCnt, 0)) + 1, 0);
+    for (std::size_t k = 1; k < gSplitsArr.size(); ++k)
+        gSplitsArr[k] =
+            Val(gHost.Settings->GetSetting("AutoSplit", "gSplitsArr" + FormatNum(static_cast<double>(k), "00"))
+                    .value_or("0"));
+}
+
+std::vector<int32_t> FillSplits()
+{
+    std::vector<int32_t> Bounds(gSplitsArr.size(), 0);
+    if (gSplitPar != 1 || gSplitsArr.size() < 2) return Bounds;
+    double Limit = gSplitsArr[1];
+    std::size_t k = 1;
+    for (int32_t i = 0; i <= gRaw.UBound(); ++i) {
+        if (static_cast<double>(static_cast<float>(gRaw(0, i))) <= Limit) continue;
+        Bounds[k++] = i;
+        if (k == Bounds.size()) return Bounds;
+        Limit += gSplitsArr[k];
+    }
+    Bounds[k] = gRaw.UBound();
+    return Bounds;
+}
+
+bool ProcSplits(const ViewData& Data, const ProcStretch& Typed,
+                const std::function<std::optional<double>(int32_t, int32_t)>& Rowed)
+{
+    LoadSplits();
+    const std::vector<int32_t> Bounds = FillSplits();
+    if (Bounds.size() < 2) {
+        MsgBox("There are no splits: set their number and durations in the options.", TitleInformation);
+        return false;
+    }
+    for (std::size_t k = 1; k < Bounds.size(); ++k) {
+        ProcStretch Stretch = Typed;
+        Stretch.Start = Bounds[k - 1];
+        Stretch.Stop = Bounds[k];
+        Stretch.Rowed = Rowed(Stretch.Start, Stretch.Stop);
+        if (!ProcSel(Data, Stretch)) return false;
+    }
+    return true;
+}
+
+bool ProcStart(int32_t Start)
+{
+    const std::string Answer = InputBox("Number of strokes to process:", "Input Data", "8");
+    if (Answer.empty()) return false;
+    const auto Count = ToInt16(static_cast<int64_t>(std::clamp(RoundHalfEven(Val(Answer)), -1e6, 1e6)));
+    return ProcessStrokes(Start, Count) && WriteSession();
+}
+
+bool PlotProc(int32_t Start, int32_t Stop)
+{
+    if (!ProcessCycles(Start, Stop, 1)) return false;
+    if (gProcRuns == 2) return ProcessCycles(Start, Stop, 2);
+    CopyRun1();
+    return true;
+}
