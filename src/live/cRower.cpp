@@ -174,6 +174,8 @@ void cRower::CountCycle()
         gStrokeCnt = 0;
         gCycleTime = 0;
         gCycleSum = 0;
+        gRate = 0; // that of the run before is none of this one's
+        gRateAver = 0;
     } else {
         gStrokeCnt = ToInt16(gStrokeCnt + 1);
         gCycleTime = Time - LastCycleTime;

@@ -59,6 +59,7 @@ fData01real::fData01real(int16_t Source, const std::string& RawPath)
     Panel.Load(Source);
     Panel.InitMode(RawPath);
     Surface->OnResize = [this] { Panel.Resize(); };
+    SetLive(false);
     ShowLabels();
 }
 
@@ -106,10 +107,20 @@ void fData01real::DrawData()
     ShowLabels();
 }
 
+// What a recording gave is as good while it is held.
 void fData01real::SetLive(bool Live)
 {
+    const bool IsGood = Live || gFromFile || IsTableSource(Mode);
+    Surface->setEnabled(IsGood);
     for (QLabel* Label : lbData)
-        Label->setEnabled(Live);
+        Label->setEnabled(IsGood);
+}
+
+void fData01real::NewSession()
+{
+    InitTargets();
+    Panel.Load(Mode);
+    Panel.Resize();
 }
 
 void fData01real::DoAction(int Code)
@@ -188,9 +199,11 @@ void fData01real::Unload()
 
 void fData01real::closeEvent(QCloseEvent* Event)
 {
+    const bool WasLogging = gLogging;
+    if (WasLogging && !AskYesNo("A recording is running. Stop it and close the panel?", TitleWarning))
+        return Event->ignore();
     KeepPlace(*this, Section);
     Panel.Unload();
-    const bool WasLogging = gLogging;
     if (WasLogging) StopAll();
     qDataWindow::closeEvent(Event);
     if (WasLogging && Mode < 16 && OnRecorded) OnRecorded(gRawFN);
