@@ -48,6 +48,8 @@ void cRower::Load(int16_t Source)
     }
     gFirstCycle = true;
     HasKeys = false;
+    TimeText = RateText = FormatNum(0, "00.0");
+    StrokesText = FormatNum(0, "000");
     InitTargCurves();
 }
 

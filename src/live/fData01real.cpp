@@ -15,7 +15,7 @@
 
 namespace {
 constexpr const char* Section = "fData01real";
-constexpr double ValueShare = 0.10; // of the panel's height: legible from three metres on a small tablet
+constexpr double ValueShare = 0.115; // of the panel's height: figures legible from three metres on a small tablet
 constexpr double CaptionShare = 0.03;
 
 // A label of the row above the plots: its value's number in the object name, and its caption.
@@ -23,10 +23,11 @@ struct LabelShape
 {
     int Index;
     const char* Caption;
+    int Share; // of the width
 };
-constexpr LabelShape Labels[] = {{0, "Time (s)"}, {2, "Stroke rate"}, {3, "Strokes"}};
+constexpr LabelShape Labels[] = {{0, "Time (s)", 4}, {2, "Stroke rate", 3}, {3, "Strokes", 3}};
 
-constexpr double WidestValue = 11; // heights of a value in the panel's width: three beside each other
+constexpr double WidestValue = 9.5; // heights of a value in the panel's width: three beside each other
 
 // As high as the panel's height asks for, and no wider than its width allows.
 void SetPixels(QLabel& Label, QSize Room, double Share)
@@ -81,7 +82,7 @@ QWidget* fData01real::BuildLabels()
             Label->setMinimumWidth(1);
             Pair->addWidget(Label);
         }
-        Layout->addLayout(Pair, 1);
+        Layout->addLayout(Pair, Labels[i].Share);
     }
     return Strip;
 }
@@ -92,6 +93,9 @@ void fData01real::SizeLabels()
         SetPixels(*lbLabs[i], Body->size(), CaptionShare);
         SetPixels(*lbData[i], Body->size(), ValueShare);
     }
+    // At once: the plots would be drawn a second time when the labels take their place later.
+    lbData[0]->parentWidget()->layout()->activate();
+    Body->layout()->activate();
 }
 
 void fData01real::ShowLabels()
@@ -121,6 +125,7 @@ void fData01real::NewSession()
     InitTargets();
     Panel.Load(Mode);
     Panel.Resize();
+    ShowLabels();
 }
 
 void fData01real::DoAction(int Code)
