@@ -11,6 +11,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QScreen>
 #include <QVBoxLayout>
 
 namespace {
@@ -158,11 +159,14 @@ void fData01real::ToggleFullScreen()
         Body->show();
         setFocus();
     } else {
+        const QRect Place = screen()->geometry(); // where nobody manages windows it would keep its size
         Body->setParent(nullptr, Qt::Window);
+        Body->setGeometry(Place);
         Body->showFullScreen();
         Body->activateWindow();
         Body->setFocus();
     }
+    SizeLabels(); // labels come to another parent with its letters
 }
 
 bool fData01real::eventFilter(QObject* Watched, QEvent* Event)
