@@ -1,5 +1,6 @@
 // skarvelin-demo FOLDER [--size WIDTHxHEIGHT] [--picture FILE] COMMAND...: the desktop program with its ini file and
-// settings in FOLDER, and menu commands and buttons given by name, for demonstrations and for pictures of its windows.
+// settings in FOLDER, for demonstrations and for pictures of its windows. A command is the name of a menu entry or of a
+// button of the window in front, NAME=TEXT to type into a box, key:NAME to press a key, wait:MILLISECONDS.
 #include "acquisition/mComFast.h"
 #include "acquisition/mSampling.h"
 #include "app/qProgram.h"
@@ -10,6 +11,8 @@
 #include <QAction>
 #include <QApplication>
 #include <QHash>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QPainter>
 #include <QTimer>
 
@@ -64,11 +67,37 @@ void Press(QWidget& Window, const QString& Name)
     QApplication::exit(2);
 }
 
-// Saves a picture of the window and ends the program: as soon as enough frames have come, or, where nothing sends any,
-// when the windows have had time to open.
-void TakePicture(QWidget& Window, const QString& Path, QSize Size)
+void PressKey(QWidget* Target, int Key, const QString& Text = {})
 {
-    Window.setGeometry(QRect(QPoint(), Size));
+    QKeyEvent Event(QEvent::KeyPress, Key, Qt::NoModifier, Text);
+    if (Target) QApplication::sendEvent(Target, &Event);
+}
+
+// Types over what the box of that name holds.
+void Type(QWidget& Window, const QString& Name, const QString& Text)
+{
+    auto* Box = Window.findChild<QLineEdit*>(Name);
+    if (!Box) return Press(Window, Name);
+    Box->setFocus();
+    Box->selectAll();
+    for (const QChar Letter : Text)
+        PressKey(Box, 0, Letter);
+}
+
+void Obey(QWidget& Window, const QString& Word)
+{
+    if (Word.startsWith("key:"))
+        PressKey(QApplication::focusWidget(), QKeySequence(Word.mid(4))[0].key());
+    else if (Word.contains('='))
+        Type(Window, Word.section('=', 0, 0), Word.section('=', 1));
+    else
+        Press(Window, Word);
+}
+
+// Saves a picture of the window and ends the program, as soon as enough frames have come, or, where nothing sends any,
+// when the windows have had time to open.
+void TakePicture(QWidget& Window, const QString& Path)
+{
     auto* Look = new QTimer(&Window);
     QObject::connect(Look, &QTimer::timeout, &Window, [&Window, Path, Look, Waited = 0]() mutable {
         const bool IsStill = gLinkWatch.State() == cLinkWatch::eState::Closed && !gReplaying;
@@ -102,12 +131,19 @@ int main(int Count, char** Args)
         Size = {Sides.value(0).toInt(), Sides.value(1).toInt()};
         Words = Words.mid(2);
     }
+    QString Picture;
     if (Words.size() > 1 && Words[0] == "--picture") {
-        TakePicture(Program.Main(), Words[1], Size);
+        Picture = Words[1];
         Words = Words.mid(2);
+        Program.Main().setGeometry(QRect(QPoint(), Size));
     }
     int Delay = 0;
     for (const QString& Word : Words)
-        QTimer::singleShot(Delay += CommandMs, &Program.Main(), [&Program, Word] { Press(Program.Main(), Word); });
+        if (Word.startsWith("wait:"))
+            Delay += Word.mid(5).toInt();
+        else
+            QTimer::singleShot(Delay += CommandMs, &Program.Main(), [&Program, Word] { Obey(Program.Main(), Word); });
+    if (!Picture.isEmpty())
+        QTimer::singleShot(Delay, &Program.Main(), [&Program, Picture] { TakePicture(Program.Main(), Picture); });
     return QApplication::exec();
 }

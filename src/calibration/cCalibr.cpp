@@ -57,11 +57,21 @@ bool cCalibr::Flag(eCalFlag Index) const
     return FlagOf(Index) != 0;
 }
 
+eApprox cCalibr::Approx() const
+{
+    return static_cast<eApprox>(fApproxMode);
+}
+
 std::string cCalibr::State() const
 {
     const std::string Count = FormatNum(static_cast<double>(mPoints.size()), "0") + " points";
-    if (!IsLinkOpen()) return "The link is closed. " + Count + ". Enter starts the data, Escape leaves.";
-    if (!mTaking) return "The link is open. " + Count + ". Start Data begins, Escape stops.";
+    const cLinkWatch::eState Link = gLinkWatch.State();
+    if (Link == cLinkWatch::eState::Closed)
+        return "The link is closed; Do Calibration in the menu opens it. " + Count +
+               ". Enter starts the data, Escape leaves.";
+    if (Link != cLinkWatch::eState::Open)
+        return "The link is being made. " + Count + ". " + (mTaking ? "" : "Enter starts the data, ") + "Escape stops.";
+    if (!mTaking) return "The link is open. " + Count + ". Enter starts the data, Escape stops.";
     if (!mHasFrame || gLinkWatch.IsSilent()) return "No data are coming. " + Count + ". Escape stops.";
     const std::string Space = !gAutoCalibr ? "Enter and Space take a point"
                               : mAutoRun   ? "Each frame is a point: Space ends that"

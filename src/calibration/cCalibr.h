@@ -64,6 +64,7 @@ public:
     const std::string& Analys() const { return mAnalys; }
     std::string Caption() const;
     bool Flag(eCalFlag Index) const;
+    eApprox Approx() const;
 
     /// The link, the points, and what Enter, Space and Escape will do now.
     std::string State() const;

@@ -48,6 +48,7 @@ fDoReZero::fDoReZero(bool CalibratorMode)
 {
     Tag.clear();
     State->setObjectName("lbState");
+    State->setStyleSheet("font-weight: bold");
     auto* Layout = new QGridLayout(this);
     Layout->addWidget(BuildGroups(), 0, 0);
     Layout->addLayout(BuildRows(), 0, 1, 2, 1);

@@ -4,6 +4,7 @@
 #include "acquisition/mComFast.h"
 #include "acquisition/mSampling.h"
 #include "calibration/fCheckChans.h"
+#include "calibration/fDoCalibr.h"
 #include "calibration/fDoReZero.h"
 #include "calibration/fTrackChans.h"
 #include "core/frmMain.h"
@@ -130,6 +131,15 @@ void DumpChannels(frmMain& Main)
     if (Path.empty()) return;
     ShowIndicators(Main).SetDumpFN(Path);
     StartDump(Path);
+}
+
+void DoCalibration(frmMain& Main)
+{
+    if (OpenLink()) SendRun();
+    auto* Window = Main.findChild<QWidget*>("fDoCalibr");
+    if (!Window) Main.AddWindow(Window = new fDoCalibr);
+    Main.Tile(Qt::Vertical);
+    Main.Activate(*Window);
 }
 
 void ReZeroChannels(frmMain& Main)

@@ -8,6 +8,10 @@ void FileSave(frmMain& Main);
 void FileExit(frmMain& Main);
 void CheckChannels(frmMain& Main);
 void DumpChannels(frmMain& Main);
+
+/// The calibration workbench; one that is open keeps its points.
+void DoCalibration(frmMain& Main);
+
 void ReZeroChannels(frmMain& Main);
 void SetCalibrator(frmMain& Main);
 

@@ -11,7 +11,6 @@ constexpr const char* WithSession = "Comes with the session and athlete dialogs"
 constexpr const char* WithOptions = "Comes with the options";
 constexpr const char* WithSetUp = "Comes with the logger set-up";
 constexpr const char* WithGrid = "Comes with the record grid";
-constexpr const char* WithCalibration = "Comes with the calibration workbench";
 constexpr const char* WithPanels = "Comes with the live panels";
 constexpr const char* WithViews = "Comes with the data view";
 constexpr const char* WithPlay = "Comes with the play view";
@@ -46,7 +45,7 @@ constexpr MenuItem Items[] = {
     {"mnuSetUp", "mnuSetTargets", "&Targets", nullptr, EditTargets, nullptr},
 
     {"mnuCalibrate", "mnuCalibrCheck", "&Check Channels", "F5", CheckChannels, nullptr},
-    {"mnuCalibrate", "mnuCalibrDo", "&Do Calibration", nullptr, nullptr, WithCalibration},
+    {"mnuCalibrate", "mnuCalibrDo", "&Do Calibration", nullptr, DoCalibration, nullptr},
     {"mnuCalibrate", "mnuCalibrReZero", "Re&Zero Channels...", nullptr, ReZeroChannels, nullptr},
     {"mnuCalibrate", "mnuCalibrZeroCal", "Set Calib&Rator...", nullptr, SetCalibrator, nullptr},
     {"mnuCalibrate", "mnuCalibrAnthro", "Anthropometry", nullptr, nullptr, WithVideo},

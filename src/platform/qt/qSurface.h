@@ -1,5 +1,4 @@
-// A widget with a picture that stays: drawing goes to the picture, changed parts to the screen once a refresh, under a
-// veil while the widget is disabled.
+// A widget with a picture that stays: drawing goes to the picture, changed parts to the screen once a refresh.
 #pragma once
 
 #include "platform/iSurface.h"

@@ -15,8 +15,14 @@ qWorkArea::qWorkArea(QWidget* Parent) : QMdiArea(Parent)
 
 bool qWorkArea::CloseAsking()
 {
-    for (QMdiSubWindow* Frame : subWindowList())
-        if (Frame->isVisible() && Frame->widget()->property(AsksToClose).toBool() && !Frame->close()) return false;
+    for (QMdiSubWindow* Frame : subWindowList()) {
+        QWidget* Window = Frame->widget();
+        if (!Frame->isVisible() || !Window->property(AsksToClose).toBool()) continue;
+        Window->setProperty(IsClosedFor, true);
+        const bool IsClosed = Frame->close();
+        Window->setProperty(IsClosedFor, false);
+        if (!IsClosed) return false;
+    }
     return true;
 }
 

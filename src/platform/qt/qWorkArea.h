@@ -6,6 +6,9 @@
 /// Property of a window that may hold what is not saved, and asks before it closes.
 inline constexpr const char* AsksToClose = "AsksToClose";
 
+/// Property of such a window while it is closed for what happens elsewhere, not by its own close button.
+inline constexpr const char* IsClosedFor = "IsClosedFor";
+
 class qWorkArea : public QMdiArea
 {
 public:

@@ -1,0 +1,213 @@
+// What the buttons and keys of the calibration workbench do.
+#include "calibration/fDoCalibr.h"
+
+#include "acquisition/mComFast.h"
+#include "core/mGlobData.h"
+#include "core/mHost.h"
+#include "platform/qt/qText.h"
+#include "platform/qt/qWorkArea.h"
+
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QToolTip>
+
+namespace {
+bool IsLinkClosed()
+{
+    return gLinkWatch.State() == cLinkWatch::eState::Closed;
+}
+
+// A text that is as it was keeps the cursor where it is; one that is too long shows its beginning.
+void Show(QLineEdit& Box, const std::string& Text)
+{
+    if (Plain(Box.text()) == Text) return;
+    Box.setText(Shown(Text));
+    if (!Box.hasFocus()) Box.setCursorPosition(0);
+}
+} // namespace
+
+void fDoCalibr::ShowTexts()
+{
+    for (std::size_t i = 0; i < Boxes.size(); ++i)
+        Show(*Boxes[i], Calibr.Box(static_cast<eCalBox>(i)));
+    Show(*txtSensID, Calibr.SensID());
+    Show(*txtArrMin, Calibr.ArrMin());
+    Show(*txtArrMax, Calibr.ArrMax());
+    if (Plain(txtAnalys->toPlainText()) != Plain(Shown(Calibr.Analys()).remove('\r')))
+        txtAnalys->setPlainText(Shown(Calibr.Analys()));
+    if (Plain(State->text()) != Calibr.State()) State->setText(Shown(Calibr.State()));
+    if (Plain(windowTitle()) != Calibr.Caption()) setWindowTitle(Shown(Calibr.Caption()));
+    Buttons[cmdUndo]->setEnabled(Calibr.CanUndo());
+}
+
+void fDoCalibr::DrawAnew()
+{
+    Graph.Draw();
+    ShowTexts();
+}
+
+void fDoCalibr::DrawData()
+{
+    TakePoint(Calibr.DrawData());
+}
+
+bool fDoCalibr::TakePoint(bool IsPoint)
+{
+    if (IsPoint) Graph.AddPoint();
+    ShowTexts();
+    return IsPoint;
+}
+
+void fDoCalibr::SetLive(bool Live)
+{
+    Boxes[BoxLog]->setEnabled(Live);
+    ShowTexts();
+}
+
+void fDoCalibr::Obey(int Command)
+{
+    Guard("Calibration", [&] { return Work(Command); });
+    if (Command != cmdPut) DrawAnew();
+}
+
+bool fDoCalibr::Work(int Command)
+{
+    switch (Command) {
+    case cmdStart:
+        return StartData();
+    case cmdStop:
+        return StopData();
+    case cmdPut:
+        return TakePoint(Calibr.PutDataPoint());
+    case cmdSave:
+        return SaveData();
+    case cmdStore:
+        return Calibr.SaveRawCalData({});
+    case cmdLoad:
+        return Calibr.LoadRawCalData({});
+    case cmdAnalyse:
+        return Calibr.AnalyseArr();
+    case cmdSetAuto:
+        return Calibr.SetAutoCal();
+    case cmdSaveTable:
+        return Calibr.CreateRefTable3();
+    case cmdLimits:
+        return Calibr.FindLimits();
+    case cmdDelete:
+        Calibr.DelAllPoints();
+        return true;
+    case cmdUndo:
+        Calibr.UndoPoints();
+        return true;
+    default:
+        Unload();
+        return true;
+    }
+}
+
+bool fDoCalibr::StartData()
+{
+    Tag.clear();
+    if (Calibr.StartData()) Tag = DataTag;
+    return !Tag.empty();
+}
+
+bool fDoCalibr::StopData()
+{
+    Tag.clear();
+    Calibr.StopData();
+    Calibr.SetCalGr();
+    return true;
+}
+
+bool fDoCalibr::SaveData()
+{
+    const bool IsSaved = Calibr.Save();
+    if (IsSaved) UpdateStatus("The calibration and its points are saved: " + gCurDir);
+    return IsSaved;
+}
+
+void fDoCalibr::Leave()
+{
+    if (Calibr.CheckModified()) Unload();
+}
+
+// The sensor's identifier is the one text that has letters and blanks.
+bool fDoCalibr::IsTyping() const
+{
+    return txtSensID->hasFocus();
+}
+
+bool fDoCalibr::TakeLetter(int Key)
+{
+    switch (Key) {
+    case Qt::Key_A:
+        Obey(cmdStart);
+        return true;
+    case Qt::Key_O:
+        Obey(cmdStop);
+        return true;
+    case Qt::Key_S:
+        Guard("Calibration", [&] { return Calibr.SaveData(); });
+        ShowTexts();
+        return true;
+    case Qt::Key_D:
+        Obey(cmdDelete);
+        return true;
+    case Qt::Key_Space:
+        TakePoint(Calibr.Space());
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool fDoCalibr::TakeKey(const QKeyEvent& Event)
+{
+    if (Event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return false;
+    switch (Event.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        Obey(Calibr.IsTaking() && !IsLinkClosed() ? cmdPut : cmdStart);
+        return true;
+    case Qt::Key_Escape:
+        if (IsLinkClosed())
+            Leave();
+        else
+            Obey(cmdStop);
+        return true;
+    default:
+        return !IsTyping() && TakeLetter(Event.key());
+    }
+}
+
+// Keys are commands wherever the keyboard is; a space would press the button it is on, a letter would be typed.
+bool fDoCalibr::eventFilter(QObject* Watched, QEvent* Event)
+{
+    if (Event->type() == QEvent::KeyPress && TakeKey(static_cast<QKeyEvent&>(*Event))) return true;
+    const bool IsSpace = (Event->type() == QEvent::KeyPress || Event->type() == QEvent::KeyRelease) &&
+                         static_cast<QKeyEvent*>(Event)->key() == Qt::Key_Space;
+    if (IsSpace && qobject_cast<QPushButton*>(Watched)) return true;
+    if (Event->type() == QEvent::MouseMove) {
+        const auto* Move = static_cast<QMouseEvent*>(Event);
+        QToolTip::showText(Move->globalPosition().toPoint(),
+                           Shown(Graph.TextAt(Move->position().x(), Move->position().y())), CalGr);
+    }
+    return qDataWindow::eventFilter(Watched, Event);
+}
+
+void fDoCalibr::keyPressEvent(QKeyEvent* Event)
+{
+    if (!TakeKey(*Event)) qDataWindow::keyPressEvent(Event);
+}
+
+// Its own close button closes it without a question.
+void fDoCalibr::closeEvent(QCloseEvent* Event)
+{
+    if (property(IsClosedFor).toBool() && !Calibr.CheckModified()) return Event->ignore();
+    Calibr.KeepSettings();
+    qDataWindow::closeEvent(Event);
+}

@@ -1,0 +1,90 @@
+// The window "Calibration Process": one channel against known physical values, typed in or measured by a calibrator.
+#pragma once
+
+#include "calibration/cCalGraph.h"
+#include "platform/qt/qDataWindow.h"
+#include "platform/qt/qSurface.h"
+
+#include <QTimer>
+
+#include <array>
+
+class QButtonGroup;
+class QCheckBox;
+class QGridLayout;
+class QLabel;
+class QLayout;
+class QLineEdit;
+class QPlainTextEdit;
+class QPushButton;
+
+class fDoCalibr : public qDataWindow
+{
+public:
+    fDoCalibr();
+
+    void DrawData() override;
+    void SetLive(bool Live) override;
+
+    /// Shows texts, state of the link and caption as they stand now.
+    void ShowTexts();
+
+protected:
+    bool eventFilter(QObject* Watched, QEvent* Event) override;
+    void keyPressEvent(QKeyEvent* Event) override;
+    void closeEvent(QCloseEvent* Event) override;
+
+private:
+    // The last command has no number: it takes back what the one before it, or a file, did to the points.
+    enum eCommand
+    {
+        cmdStart,
+        cmdStop,
+        cmdPut,
+        cmdSave,
+        cmdExit,
+        cmdStore,
+        cmdLoad,
+        cmdAnalyse,
+        cmdSetAuto,
+        cmdSaveTable,
+        cmdLimits,
+        cmdDelete,
+        cmdUndo,
+        CommandCnt
+    };
+
+    QLayout* BuildBoxes();
+    QLayout* BuildRanges();
+    QLayout* BuildChoices();
+    QWidget* BuildApply();
+    QLayout* BuildButtons();
+    void AddBox(QGridLayout& Grid, int Index, int Row, int Column);
+    QLineEdit* AddText(const char* Name, const QString& Text, const char* Tip);
+
+    void Obey(int Command);
+    bool Work(int Command);
+    bool StartData();
+    bool StopData();
+    bool TakePoint(bool IsPoint);
+    bool SaveData();
+    void DrawAnew();
+    bool IsTyping() const;
+    bool TakeKey(const QKeyEvent& Event);
+    bool TakeLetter(int Key);
+    void Leave();
+
+    cCalibr Calibr;
+    qSurface* CalGr;
+    cCalGraph Graph;
+    QLabel* State;
+    std::array<QLineEdit*, CalBoxCnt> Boxes{};
+    std::array<QCheckBox*, 4> Flags{};
+    std::array<QPushButton*, CommandCnt> Buttons{};
+    QButtonGroup* Apply;
+    QLineEdit* txtSensID = nullptr;
+    QLineEdit* txtArrMin = nullptr;
+    QLineEdit* txtArrMax = nullptr;
+    QPlainTextEdit* txtAnalys = nullptr;
+    QTimer Look; // at the link, which may be gone without a frame
+};
