@@ -114,6 +114,7 @@ void cCalGraph::DrawAxisNumbers()
     constexpr double Widest = 50;
     const CalRange& Axes = Calibr.Axes();
     const int Every = (Right - Left) / GridParts < Widest ? 2 : 1;
+    const int EveryUp = (Bottom - Top) / GridParts < NumberFont + 3 ? 2 : 1;
     Surface.SetFont(NumberFont);
     for (int k = 1; k < GridParts; ++k) {
         const double X = Mapped(k, 0, GridParts, Left, Right);
@@ -121,7 +122,8 @@ void cCalGraph::DrawAxisNumbers()
         const std::string Logical = FormatNum(Mapped(k, 0, GridParts, Axes.MinL, Axes.MaxL), "0");
         const std::string Physical = FormatSig(Mapped(k, 0, GridParts, Axes.MinP, Axes.MaxP), Places);
         if (k % Every == 0) Surface.Text(X, Bottom + 3, IsXLogical ? Logical : Physical, eAlign::Centre);
-        Surface.Text(Left - 5, Y - NumberFont * 0.6, IsXLogical ? Physical : Logical, eAlign::Right);
+        if (k % EveryUp == 0)
+            Surface.Text(Left - 5, Y - NumberFont * 0.6, IsXLogical ? Physical : Logical, eAlign::Right);
     }
 }
 
@@ -130,9 +132,23 @@ void cCalGraph::DrawCaptions()
     const char* const Along = IsXLogical ? "Logical" : "Physical";
     const char* const Up = IsXLogical ? "Physical" : "Logical";
     Surface.SetFont(CaptionFont, true);
-    Surface.Text(Left + 6, Top + 3, Up);
-    Surface.Text(Right - 6, Bottom - CaptionFont - 6, Along, eAlign::Right);
-    if (Calibr.Chan() >= 1) Surface.Text(Right - 6, Top + 3, "Channel " + ChanLabel(Calibr.Chan()), eAlign::Right);
+    DrawCaption(Left + 6, Top + 3, Up, eAlign::Left);
+    DrawCaption(Right - 6, Bottom - CaptionFont - 6, Along, eAlign::Right);
+    if (Calibr.Chan() >= 1)
+        DrawCaption(Left + 6, Top + 6 + CaptionFont, "Channel " + ChanLabel(Calibr.Chan()), eAlign::Left);
+}
+
+// On white, where no line of the grid runs through it.
+void cCalGraph::DrawCaption(double X, double Y, const std::string& Text, eAlign Align)
+{
+    constexpr double LetterWidth = 0.72 * CaptionFont;
+    const double Width = LetterWidth * static_cast<double>(Text.size());
+    Surface.SetPen(White);
+    Surface.SetFill(White);
+    Surface.Box(Align == eAlign::Left ? X - 2 : X - Width, Y, Align == eAlign::Left ? X + Width : X + 2,
+                Y + CaptionFont + 2);
+    Surface.SetPen(GridColour);
+    Surface.Text(X, Y, Text, Align);
 }
 
 void cCalGraph::DrawPoints(std::span<const CalPoint> Points, int32_t Colour)

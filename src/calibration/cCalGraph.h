@@ -36,6 +36,7 @@ private:
     void DrawGrid();
     void DrawAxisNumbers();
     void DrawCaptions();
+    void DrawCaption(double X, double Y, const std::string& Text, eAlign Align);
     void DrawPoints(std::span<const CalPoint> Points, int32_t Colour);
     void DrawBranch(const CalBranch& Branch, int32_t Colour);
     void DrawCurve(const CalBranch& Branch, int32_t Colour);

@@ -36,8 +36,8 @@ void fDoCalibr::ShowTexts()
     Show(*txtSensID, Calibr.SensID());
     Show(*txtArrMin, Calibr.ArrMin());
     Show(*txtArrMax, Calibr.ArrMax());
-    if (Plain(txtAnalys->toPlainText()) != Plain(Shown(Calibr.Analys()).remove('\r')))
-        txtAnalys->setPlainText(Shown(Calibr.Analys()));
+    if (const QString Text = Shown(Calibr.Analys()).remove('\r').trimmed(); txtAnalys->toPlainText() != Text)
+        txtAnalys->setPlainText(Text);
     if (Plain(State->text()) != Calibr.State()) State->setText(Shown(Calibr.State()));
     if (Plain(windowTitle()) != Calibr.Caption()) setWindowTitle(Shown(Calibr.Caption()));
     Buttons[cmdUndo]->setEnabled(Calibr.CanUndo());

@@ -61,6 +61,7 @@ QLabel* Caption(const QString& Text, QWidget* Buddy)
 {
     auto* Label = new QLabel(Text, Buddy->parentWidget());
     Label->setBuddy(Buddy);
+    Label->setMinimumWidth(Label->sizeHint().width());
     return Label;
 }
 } // namespace
@@ -102,7 +103,7 @@ QLineEdit* fDoCalibr::AddText(const char* Name, const QString& Text, const char*
     Box->setObjectName(Name);
     Box->setToolTip(Tip);
     Box->setAlignment(Qt::AlignRight);
-    Box->setMinimumWidth(fontMetrics().horizontalAdvance("-00.000000000"));
+    Box->setMinimumWidth(fontMetrics().horizontalAdvance("-00000.00"));
     Box->installEventFilter(this);
     return Box;
 }
@@ -113,6 +114,7 @@ void fDoCalibr::AddBox(QGridLayout& Grid, int Index, int Row, int Column)
     QLineEdit* Box = AddText(qPrintable(QString("TBoxArr_%1").arg(Index)), {}, Shape.Tip);
     QLabel* Label = Caption(Shape.Caption, Box);
     Label->setObjectName(QString("LabArr1_%1").arg(Index));
+    if (Column == 0) Box->setMinimumWidth(fontMetrics().horizontalAdvance("-00.000000000"));
     Box->setReadOnly(!Shape.IsTyped);
     if (!Shape.IsTyped) Box->setFocusPolicy(Qt::NoFocus);
     const auto Number = static_cast<eCalBox>(Index);
@@ -222,8 +224,11 @@ QLayout* fDoCalibr::BuildRanges()
     txtAnalys->setMinimumHeight(QFontMetrics(Small).lineSpacing() * Lines + 10);
     txtAnalys->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
     txtAnalys->installEventFilter(this);
-    Grid->addWidget(txtAnalys, 3, 0, 1, 3);
+    for (QLineEdit* Box : {txtArrMin, txtArrMax, LinMin, LinMax})
+        Box->setMaximumWidth(fontMetrics().horizontalAdvance("-00000000.000000"));
+    Grid->addWidget(txtAnalys, 3, 0, 1, 4);
     Grid->setRowStretch(3, 1);
+    Grid->setColumnStretch(3, 1);
     return Grid;
 }
 
