@@ -141,7 +141,7 @@ void cCalGraph::DrawCaptions()
 // On white, where no line of the grid runs through it.
 void cCalGraph::DrawCaption(double X, double Y, const std::string& Text, eAlign Align)
 {
-    constexpr double LetterWidth = 0.72 * CaptionFont;
+    constexpr double LetterWidth = 0.66 * CaptionFont;
     const double Width = LetterWidth * static_cast<double>(Text.size());
     Surface.SetPen(White);
     Surface.SetFill(White);

@@ -221,7 +221,7 @@ QLayout* fDoCalibr::BuildRanges()
     Small.setPointSizeF(Small.pointSizeF() * 0.9);
     txtAnalys->setFont(Small);
     constexpr int Lines = 9; // of the longest analysis
-    txtAnalys->setMinimumHeight(QFontMetrics(Small).lineSpacing() * Lines + 10);
+    txtAnalys->setMinimumHeight(QFontMetrics(Small).lineSpacing() * Lines + 16);
     txtAnalys->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
     txtAnalys->installEventFilter(this);
     for (QLineEdit* Box : {txtArrMin, txtArrMax, LinMin, LinMax})
