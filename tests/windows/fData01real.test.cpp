@@ -68,7 +68,7 @@ TEST_CASE_FIXTURE(Panel, "targets that were edited show at the next opening, beh
                           "Targets\r\nID\tG\tS\tC\tB\tA\t0\t1\t2\t3\t4\t5\t6\r\n" + Row + Row + "End\r\n"));
         Choose("mnuSampleRower");
         Window().parentWidget()->resize(640, 480);
-        QTest::qWait(5);
+        QTest::qWait(60);
         const QImage Seen = Plots().Grab();
         QTest::keyClick(&Window(), Qt::Key_Escape);
         QTest::qWait(5);
