@@ -18,6 +18,7 @@ bool IsSameFile(const std::string& First, const std::string& Second)
 }
 } // namespace
 
+// NOLINTNEXTLINE(readability-function-size): one table
 std::span<const Command> AllCommands()
 {
     static const Option From{"--from", ArgKind::Whole, "I"};

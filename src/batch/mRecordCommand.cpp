@@ -15,7 +15,6 @@
 #include <filesystem>
 #include <optional>
 #include <poll.h>
-#include <sys/signalfd.h>
 #include <unistd.h>
 
 namespace {
@@ -38,19 +37,6 @@ std::optional<Place> ReadPlace(const std::string& Text)
     const auto [Last, Error] = std::from_chars(Text.data() + Colon + 1, End, Found.Port);
     if (Error != std::errc{} || Last != End || Found.Port == 0) return {};
     return Found;
-}
-
-// The signals that end a recording, as a descriptor of the loop.
-int EndSignals()
-{
-    sigset_t Ends;
-    sigemptyset(&Ends);
-    sigaddset(&Ends, SIGINT);
-    sigaddset(&Ends, SIGTERM);
-    sigprocmask(SIG_BLOCK, &Ends, nullptr);
-    // Whoever read the messages may go; the recording stays.
-    std::signal(SIGPIPE, SIG_IGN);
-    return signalfd(-1, &Ends, SFD_CLOEXEC);
 }
 
 class Recorder
@@ -83,8 +69,10 @@ private:
 };
 
 Recorder::Recorder(std::string Out, double Time)
-    : OutPath(std::move(Out)), Seconds(Time), WasThere(std::filesystem::exists(OutPath)), Signals(EndSignals())
+    : OutPath(std::move(Out)), Seconds(Time), WasThere(std::filesystem::exists(OutPath)), Signals(WatchEndSignals())
 {
+    // Whoever read the messages may go; the recording stays.
+    std::signal(SIGPIPE, SIG_IGN);
     gHost.Clock = &Loop;
     gHost.SerialPort = &Port;
     gHost.Socket = &Socket;

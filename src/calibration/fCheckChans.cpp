@@ -5,16 +5,9 @@
 #include "files/mDump.h"
 
 #include <QKeyEvent>
-#include <QVBoxLayout>
 
-fCheckChans::fCheckChans()
-    : qDataWindow("fCheckChans", "Channels Indicator"), Surface(new qSurface(this)), Chans(*Surface)
+fCheckChans::fCheckChans() : qDataWindow("fCheckChans", "Channels Indicator"), Surface(AddSurface()), Chans(*Surface)
 {
-    auto* Layout = new QVBoxLayout(this);
-    Layout->setContentsMargins(0, 0, 0, 0);
-    Layout->addWidget(Surface);
-    setFocusPolicy(Qt::StrongFocus);
-    resize(560, 480);
     Surface->OnResize = [this] { DrawAnew(); };
 }
 

@@ -3,7 +3,6 @@
 
 #include "calibration/cCheckChans.h"
 #include "platform/qt/qDataWindow.h"
-#include "platform/qt/qSurface.h"
 
 class fCheckChans : public qDataWindow
 {

@@ -6,16 +6,9 @@
 #include "core/frmMain.h"
 
 #include <QKeyEvent>
-#include <QVBoxLayout>
 
-fTrackChans::fTrackChans()
-    : qDataWindow("fTrackChans", "Channels Indicator"), Surface(new qSurface(this)), Chans(*Surface)
+fTrackChans::fTrackChans() : qDataWindow("fTrackChans", "Channels Indicator"), Surface(AddSurface()), Chans(*Surface)
 {
-    auto* Layout = new QVBoxLayout(this);
-    Layout->setContentsMargins(0, 0, 0, 0);
-    Layout->addWidget(Surface);
-    setFocusPolicy(Qt::StrongFocus);
-    resize(560, 480);
     Surface->OnResize = [this] { DrawAnew(); };
 }
 

@@ -3,7 +3,6 @@
 
 #include "calibration/cTrackChans.h"
 #include "platform/qt/qDataWindow.h"
-#include "platform/qt/qSurface.h"
 
 class fTrackChans : public qDataWindow
 {

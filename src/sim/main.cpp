@@ -9,26 +9,13 @@
 #include "sim/cStreamer.h"
 #include "sim/mRecord.h"
 
-#include <csignal>
 #include <iostream>
 #include <poll.h>
-#include <sys/signalfd.h>
 
 namespace {
 constexpr int Done = 0;
 constexpr int Failed = 1;
 constexpr int WrongUsage = 2;
-
-// A descriptor that can be read when Ctrl-C is pressed or the system ends the program.
-int WatchedSignals()
-{
-    sigset_t Ends;
-    sigemptyset(&Ends);
-    sigaddset(&Ends, SIGINT);
-    sigaddset(&Ends, SIGTERM);
-    sigprocmask(SIG_BLOCK, &Ends, nullptr);
-    return signalfd(-1, &Ends, SFD_CLOEXEC);
-}
 
 bool Record(const SimOptions& Options)
 {
@@ -56,7 +43,7 @@ bool Stream(const SimOptions& Options)
     LoggerSettings Used;
     std::string Reason = SettleLogger(Options, gFile, Used);
     sEventLoop Loop;
-    const int Signals = WatchedSignals();
+    const int Signals = WatchEndSignals();
     if (Reason.empty()) {
         cStreamer Streamer(Loop, Options, Used, gFile);
         if (!WriteRigTruth(Options, Streamer)) return false;

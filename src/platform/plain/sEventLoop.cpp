@@ -3,9 +3,11 @@
 
 #include <algorithm>
 #include <chrono>
+#include <csignal>
 #include <ctime>
 #include <limits>
 #include <poll.h>
+#include <sys/signalfd.h>
 #include <utility>
 #include <vector>
 
@@ -13,6 +15,16 @@ namespace {
 constexpr int64_t Never = std::numeric_limits<int64_t>::max();
 constexpr int64_t LongestWait = 60000; // ms
 } // namespace
+
+int WatchEndSignals()
+{
+    sigset_t Ends;
+    sigemptyset(&Ends);
+    sigaddset(&Ends, SIGINT);
+    sigaddset(&Ends, SIGTERM);
+    sigprocmask(SIG_BLOCK, &Ends, nullptr);
+    return signalfd(-1, &Ends, SFD_CLOEXEC);
+}
 
 int64_t sEventLoop::Milliseconds() const
 {

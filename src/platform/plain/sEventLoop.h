@@ -5,6 +5,10 @@
 
 #include <map>
 
+/// Keeps Ctrl-C and the system's wish to end the program from ending it, and gives a descriptor that can be read when
+/// either came.
+int WatchEndSignals();
+
 class sEventLoop : public iClock
 {
 public:

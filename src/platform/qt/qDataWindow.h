@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/mDataWindow.h"
+#include "platform/qt/qSurface.h"
 
 #include <QWidget>
 
@@ -15,5 +16,8 @@ public:
     void Unload() override;
 
 protected:
+    /// Fills the window with a surface, and lets it take keys.
+    qSurface* AddSurface();
+
     void closeEvent(QCloseEvent* Event) override;
 };
