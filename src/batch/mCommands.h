@@ -6,6 +6,8 @@
 
 #include <span>
 
+class cReport;
+
 /// A command. Run gives false when a failure was reported.
 struct Command
 {
@@ -21,6 +23,10 @@ struct Command
 
 /// The program's dialogs: a command gives the answers that its line tells.
 extern sDialogs gBatchDialogs;
+
+/// Writes a report to a file whose name tells its form. False when it fails (told). Null in a program without the
+/// toolkit's letters.
+extern bool (*gWriteReport)(const cReport& Report, const std::string& Path);
 
 /// All commands in the order of the help.
 std::span<const Command> AllCommands();
@@ -52,8 +58,9 @@ bool DoProcess(const Args& Line);
 bool DoDerive(const Args& Line);
 bool DoLive(const Args& Line);
 
-// Patterns.
+// Patterns and reports.
 bool DoPatterns(const Args& Line);
+bool DoReport(const Args& Line);
 
 // Calibration.
 bool DoCalibrate(const Args& Line);

@@ -4,6 +4,9 @@
 #include "core/mSettings.h"
 #include "platform/plain/sSettings.h"
 #include "platform/plain/sStatus.h"
+#ifdef SKARVELIN_DESKTOP
+#include "platform/qt/qReportFile.h"
+#endif
 
 #include <algorithm>
 #include <iostream>
@@ -116,5 +119,8 @@ int Run(const std::vector<std::string>& Words)
 int main(int Count, char** Words)
 {
     gHost = {&gBatchDialogs, &gBatchStatus, &gBatchSettings};
+#ifdef SKARVELIN_DESKTOP
+    gWriteReport = WriteReportOffscreen;
+#endif
     return Run({Words + 1, Words + Count});
 }

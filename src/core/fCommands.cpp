@@ -18,6 +18,8 @@
 #include "platform/qt/qIcons.h"
 #include "platform/qt/qPlace.h"
 #include "records/fTargets.h"
+#include "views/fData03report.h"
+#include "views/fSamples.h"
 #include "views/fSwap.h"
 
 #include <QMessageBox>
@@ -170,6 +172,13 @@ void AutoReZero(frmMain& Main)
         Window->Zeros().SaveData();
         Window->Unload();
     }
+}
+
+void ViewTypical(frmMain& Main)
+{
+    auto* Chooser = new dSamples(&Main);
+    Chooser->OnChosen = [](int16_t Sample) { OpenReport(ReportStored, Sample, 0, 0); };
+    Chooser->open();
 }
 
 void CorrectVars(frmMain& Main)

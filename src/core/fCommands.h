@@ -18,6 +18,9 @@ void SetCalibrator(frmMain& Main);
 /// Zeroes horizontal angles and handle forces by the counts of the next second, and saves the session.
 void AutoReZero(frmMain& Main);
 
+/// Asks for a stored sample and opens its report.
+void ViewTypical(frmMain& Main);
+
 void CorrectVars(frmMain& Main);
 void SampleRower(frmMain& Main);
 void EditTargets(frmMain& Main);

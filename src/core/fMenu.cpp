@@ -62,7 +62,7 @@ constexpr MenuItem Items[] = {
     {"mnuView", "mnuViewScanQVN", "Scan Skarvelin file", nullptr, nullptr, WithViews},
     {"mnuView", "mnuViewRaw", "&Raw...", nullptr, nullptr, WithViews},
     {"mnuView", "mnuViewPrim", "&Primary...", nullptr, nullptr, WithViews},
-    {"mnuView", "mnuViewTyp", "&Typical", nullptr, nullptr, WithGrid},
+    {"mnuView", "mnuViewTyp", "&Typical", nullptr, ViewTypical, nullptr},
     {"mnuView", "mnuViewSwap", "Correct Vars", nullptr, CorrectVars, nullptr},
 
     {"mnuPlay", "mnuPlayRawRower", "&Catch", nullptr, PlayRawRower, nullptr},

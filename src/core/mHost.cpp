@@ -42,10 +42,19 @@ void UpdateProgress(int Percent)
 
 bool Guard(const std::string& What, const std::function<bool()>& Work)
 {
+    std::vector<std::string> Told;
+    const bool Success = Guard(What, Told, Work);
+    for (const std::string& Failure : Told)
+        MsgBox(Failure + ". Nothing that was stored has been changed.", TitleError);
+    return Success;
+}
+
+bool Guard(const std::string& What, std::vector<std::string>& Told, const std::function<bool()>& Work)
+{
     try {
         return Work();
     } catch (const RunError& Failure) {
-        MsgBox(What + " failed: " + Failure.what() + ". Nothing that was stored has been changed.", TitleError);
+        Told.push_back(What + " failed: " + Failure.what());
         return false;
     }
 }

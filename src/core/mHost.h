@@ -10,6 +10,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 /// The platform services in use. Filled by the program's main function or by a test before anything else runs.
 struct Host
@@ -52,3 +53,6 @@ void UpdateProgress(int Percent);
 
 /// Runs Work and returns its result. A RunError is shown as one message, which names What failed, and gives false.
 bool Guard(const std::string& What, const std::function<bool()>& Work);
+
+/// The same, but the message is added to Told: for work of many parts, of which some may fail.
+bool Guard(const std::string& What, std::vector<std::string>& Told, const std::function<bool()>& Work);

@@ -182,6 +182,12 @@ double fMax(std::span<const double> Values)
     return ArrMinMax(Values, "MAX");
 }
 
+bool IsRowFunction(std::string_view Key)
+{
+    return Key.size() == 4 && (Key.starts_with("Min") || Key.starts_with("Max") || Key.starts_with("Del")) &&
+           (Key[3] == 'X' || Key[3] == 'Y');
+}
+
 double RowFunction(std::string_view Key, std::span<const double> Xs, std::span<const double> Ys)
 {
     if (Key == "MinX") return fMin(Xs);

@@ -83,5 +83,8 @@ std::vector<double> GetIntegral(std::span<const double> In, double Dt);
 double fMin(std::span<const double> Values);
 double fMax(std::span<const double> Values);
 
+/// Whether there is a function of that key.
+bool IsRowFunction(std::string_view Key);
+
 /// Value of a function of a row over its curve: MinX, MaxX, DelX, MinY, MaxY, DelY; 0 for another key.
 double RowFunction(std::string_view Key, std::span<const double> Xs, std::span<const double> Ys);

@@ -5,6 +5,7 @@
 #include "core/mGlobData.h"
 #include "core/mNumText.h"
 #include "core/mSettings.h"
+#include "views/mAxis.h"
 
 #include <algorithm>
 #include <cmath>
@@ -27,11 +28,7 @@ struct Axis
 // Limits widened to whole steps of 1, 2 or 5, about Wanted of them.
 Axis MakeAxis(double Low, double High, int Wanted, double From, double To)
 {
-    const double Raw = std::max(High - Low, 1e-6) / Wanted;
-    const double Ten = std::pow(10.0, std::floor(std::log10(Raw)));
-    double Step = 10 * Ten;
-    for (const double Factor : {5.0, 2.0, 1.0})
-        if (Factor * Ten >= Raw) Step = Factor * Ten;
+    const double Step = NiceStep(High - Low, Wanted);
     return {std::floor(Low / Step) * Step, std::ceil(High / Step) * Step, Step, From, To};
 }
 

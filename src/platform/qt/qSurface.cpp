@@ -5,11 +5,9 @@
 #include "platform/qt/qColour.h"
 #include "platform/qt/qText.h"
 
-#include <QFontMetricsF>
 #include <QPaintEvent>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstring>
 
@@ -26,12 +24,10 @@ QRectF Around(QPointF A, QPointF B)
 }
 } // namespace
 
-qSurface::qSurface(QWidget* Parent) : QWidget(Parent), Pen(Qt::black, 1), Fill(Qt::NoBrush), Letters(font())
+qSurface::qSurface(QWidget* Parent) : QWidget(Parent), Pencil(font())
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMinimumSize(160, 120);
-    Pen.setCapStyle(Qt::RoundCap);
-    Pen.setJoinStyle(Qt::MiterJoin);
     Refresh.setSingleShot(true);
     Refresh.setTimerType(Qt::PreciseTimer);
     QObject::connect(&Refresh, &QTimer::timeout, this, [this] {
@@ -70,9 +66,7 @@ QPainter& qSurface::Brush()
         Painter.begin(&Picture);
         // Through the middle of a unit, so that a line of width 1 covers that unit at every density.
         Painter.translate(0.5, 0.5);
-        Painter.setPen(Pen);
-        Painter.setBrush(Fill);
-        Painter.setFont(Letters);
+        Pencil.Take(Painter);
     }
     return Painter;
 }
@@ -80,7 +74,7 @@ QPainter& qSurface::Brush()
 // The line's width and half a pixel of rounding stand out on every side.
 void qSurface::Changed(const QRectF& Place)
 {
-    const int Margin = static_cast<int>(std::ceil(Pen.widthF())) + 1;
+    const int Margin = static_cast<int>(std::ceil(Pencil.PenWidth())) + 1;
     Dirty |= Place.toAlignedRect().adjusted(-Margin, -Margin, Margin, Margin) & rect();
     if (!Refresh.isActive()) Refresh.start(RefreshDelay());
 }
@@ -113,78 +107,57 @@ void qSurface::FitBackground()
 
 void qSurface::SetPen(int32_t Colour, int Width)
 {
-    Pen.setColor(ToQColor(Colour));
-    Pen.setWidth(std::max(Width, 1));
-    if (Painter.isActive()) Painter.setPen(Pen);
+    Pencil.SetPen(Painter, Colour, Width);
 }
 
 void qSurface::SetFill(int32_t Colour)
 {
-    Fill = Colour == NoFill ? QBrush(Qt::NoBrush) : QBrush(ToQColor(Colour));
-    if (Painter.isActive()) Painter.setBrush(Fill);
+    Pencil.SetFill(Painter, Colour);
 }
 
 void qSurface::SetFont(int Size, bool Bold)
 {
-    Letters.setPixelSize(std::max(Size, 1));
-    Letters.setBold(Bold);
-    if (Painter.isActive()) Painter.setFont(Letters);
+    Pencil.SetFont(Painter, Size, Bold);
 }
 
 void qSurface::Line(double X1, double Y1, double X2, double Y2)
 {
-    // Upright and level lines are sharp as they are; smoothing would blur them.
-    Brush().setRenderHint(QPainter::Antialiasing, X1 != X2 && Y1 != Y2);
-    Brush().drawLine(QPointF(X1, Y1), QPointF(X2, Y2));
-    Changed(Around({X1, Y1}, {X2, Y2}));
+    Changed(Pencil.Line(Brush(), X1, Y1, X2, Y2));
 }
 
 void qSurface::Polyline(std::span<const SurfacePoint> Points)
 {
-    static_assert(sizeof(QPoint) == sizeof(SurfacePoint));
-    if (Points.empty()) return;
-    QRect Place(Points[0].X, Points[0].Y, 1, 1);
-    std::array<QPoint, 256> Part;
-    for (std::size_t From = 0; From + 1 < Points.size(); From += Part.size() - 1) {
-        const std::size_t Count = std::min(Part.size(), Points.size() - From);
-        for (std::size_t i = 0; i < Count; ++i) {
-            Part[i] = {Points[From + i].X, Points[From + i].Y};
-            Place |= QRect(Part[i], QSize(1, 1));
-        }
-        Brush().setRenderHint(QPainter::Antialiasing, false);
-        Brush().drawPolyline(Part.data(), static_cast<int>(Count));
-    }
-    Changed(Place);
+    Changed(Pencil.Polyline(Brush(), Points));
+}
+
+void qSurface::Curve(std::span<const SurfacePlace> Places)
+{
+    Changed(Pencil.Curve(Brush(), Places));
 }
 
 void qSurface::Point(double X, double Y)
 {
-    Brush().drawPoint(QPointF(X, Y));
-    Changed(QRectF(X, Y, 1, 1));
+    Changed(Pencil.Point(Brush(), X, Y));
 }
 
 void qSurface::Circle(double X, double Y, double Radius)
 {
-    Brush().setRenderHint(QPainter::Antialiasing);
-    Brush().drawEllipse(QPointF(X, Y), Radius, Radius);
-    Brush().setRenderHint(QPainter::Antialiasing, false);
-    Changed(QRectF(X - Radius, Y - Radius, 2 * Radius, 2 * Radius));
+    Changed(Pencil.Circle(Brush(), X, Y, Radius));
 }
 
 void qSurface::Box(double X1, double Y1, double X2, double Y2)
 {
-    Brush().drawRect(Around({X1, Y1}, {X2, Y2}));
-    Changed(Around({X1, Y1}, {X2, Y2}));
+    Changed(Pencil.Box(Brush(), X1, Y1, X2, Y2));
 }
 
 void qSurface::Text(double X, double Y, const std::string& Text, eAlign Align)
 {
-    const QString Words = Shown(Text);
-    const QFontMetricsF Metrics(Letters, this);
-    const double Width = Metrics.horizontalAdvance(Words);
-    const double Left = Align == eAlign::Left ? X : Align == eAlign::Right ? X - Width : X - Width / 2;
-    Brush().drawText(QPointF(Left, Y + Metrics.ascent()), Words);
-    Changed(QRectF(Left, Y, Width, Metrics.height()));
+    Changed(Pencil.Text(Brush(), X, Y, Text, Align));
+}
+
+double qSurface::TextWidth(const std::string& Text, int Size, bool Bold) const
+{
+    return Pencil.TextWidth(Text, Size, Bold);
 }
 
 void qSurface::KeepGround()

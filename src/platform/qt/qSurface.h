@@ -1,10 +1,9 @@
 // A widget with a picture that stays: drawing goes to the picture, changed parts to the screen once a refresh.
 #pragma once
 
-#include "platform/iSurface.h"
+#include "platform/qt/qPencil.h"
 
 #include <QImage>
-#include <QPainter>
 #include <QTimer>
 #include <QWidget>
 
@@ -20,6 +19,7 @@ public:
     std::function<void()> OnResize;
 
     SurfacePoint Size() const override;
+    double Pixel() const override { return 1 / devicePixelRatioF(); }
     void Clear(int32_t Colour) override;
     void SetBackground(const std::string& Path) override;
     void SetPen(int32_t Colour, int Width) override;
@@ -27,10 +27,12 @@ public:
     void SetFont(int Size, bool Bold) override;
     void Line(double X1, double Y1, double X2, double Y2) override;
     void Polyline(std::span<const SurfacePoint> Points) override;
+    void Curve(std::span<const SurfacePlace> Places) override;
     void Point(double X, double Y) override;
     void Circle(double X, double Y, double Radius) override;
     void Box(double X1, double Y1, double X2, double Y2) override;
     void Text(double X, double Y, const std::string& Text, eAlign Align) override;
+    double TextWidth(const std::string& Text, int Size, bool Bold) const override;
     void KeepGround() override;
     void RestoreGround(double X1, double Y1, double X2, double Y2) override;
 
@@ -52,9 +54,7 @@ private:
     QImage Background; // as it was read, null when there is none
     QImage Backdrop;   // in the picture's size
     QPainter Painter;  // open on the picture while drawing calls follow each other
-    QPen Pen;
-    QBrush Fill;
-    QFont Letters;
+    qPencil Pencil;
     QRect Dirty; // of the picture, not yet on the screen
     QTimer Refresh;
 };

@@ -1,0 +1,250 @@
+// What stands around the curves of a report.
+#include "views/cReportPlots.h"
+
+#include "core/mNumText.h"
+#include "processing/mNorm.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+constexpr int32_t Ink = 0x302820;
+constexpr int32_t SoftInk = 0x75706B;
+constexpr int32_t GridInk = 0xECE8E4;
+constexpr int32_t FrameInk = 0xC8C0B8;
+constexpr int32_t White = 0xFFFFFF;
+constexpr int Letters = 11;
+constexpr int TitleLetters = 12;
+constexpr double TitleRoom = 20, LeftRoom = 42, BottomRoom = 17, RightRoom = 14;
+constexpr int LineHeight = 16;
+constexpr int MarkWidth = 12; // of the line ahead of a name in the legend
+
+// Rows that share a rectangle, and what of their scales has room beside it.
+struct Plot
+{
+    PlotRect Frame;
+    std::vector<const cData03report*> Rows;
+    bool TitleInside = false;
+    bool LeftInside = false;
+    bool BottomInside = false;
+
+    PlotRect TitleStrip() const { return {Frame.Left, Frame.Right, Frame.Top - TitleRoom, Frame.Top - 1}; }
+    PlotRect LeftStrip() const { return {Frame.Left - LeftRoom, Frame.Left - 1, Frame.Top, Frame.Bottom}; }
+    PlotRect BottomStrip() const { return {Frame.Left, Frame.Right, Frame.Bottom + 1, Frame.Bottom + BottomRoom}; }
+    const cData03report& First() const { return *Rows.front(); }
+};
+
+bool Meet(const PlotRect& A, const PlotRect& B)
+{
+    return A.Left < B.Right && B.Left < A.Right && A.Top < B.Bottom && B.Top < A.Bottom;
+}
+
+std::vector<Plot> Gather(const cReport& Report)
+{
+    std::vector<Plot> Plots;
+    for (const cData03report* Row : Report.Shown()) {
+        auto Found =
+            std::find_if(Plots.begin(), Plots.end(), [&](const Plot& Each) { return Each.Frame == Row->Rect(); });
+        if (Found == Plots.end()) Found = Plots.insert(Plots.end(), Plot{Row->Rect(), {}});
+        Found->Rows.push_back(Row);
+    }
+    for (Plot& Each : Plots)
+        for (const Plot& Other : Plots) {
+            if (&Other == &Each) continue;
+            Each.LeftInside |= Meet(Each.LeftStrip(), Other.Frame);
+            Each.BottomInside |= Meet(Each.BottomStrip(), Other.Frame);
+        }
+    for (Plot& Each : Plots)
+        for (const Plot& Other : Plots)
+            if (&Other != &Each)
+                Each.TitleInside |= Meet(Each.TitleStrip(), Other.Frame) ||
+                                    (!Other.BottomInside && Meet(Each.TitleStrip(), Other.BottomStrip()));
+    return Plots;
+}
+
+// A typical stroke's positions are shown in percent of the stroke.
+double ShownPer(const cData03report& Row)
+{
+    return Row.Row().Mode == 0 && !Row.IsPrimary() ? 100.0 / NormSteps : 1;
+}
+
+void DrawXScale(iSurface& Surface, const Plot& Each)
+{
+    const cData03report& Row = Each.First();
+    const int Wanted = static_cast<int>(std::clamp(Each.Frame.Width() / 60, 1.0, 8.0));
+    const double Per = ShownPer(Row);
+    const std::vector<double> Values = Ticks(Row.LeftValue() * Per, Row.RightValue() * Per, Wanted);
+    const double Step = NiceStep((Row.RightValue() - Row.LeftValue()) * Per, Wanted);
+    const double Y = Each.BottomInside ? Each.Frame.Bottom - Letters - 4 : Each.Frame.Bottom + 3;
+    for (const double Value : Values) {
+        const double X = Row.PlaceX(Value / Per);
+        Surface.SetPen(GridInk);
+        Surface.Line(X, Each.Frame.Top, X, Each.Frame.Bottom);
+        const bool IsAtCorner = Each.BottomInside && (X < Each.Frame.Left + 8 || X > Each.Frame.Right - 8);
+        Surface.SetPen(SoftInk);
+        if (!IsAtCorner) Surface.Text(X, Y, TickText(Value, Step), eAlign::Centre);
+    }
+}
+
+void DrawYScale(iSurface& Surface, const Plot& Each)
+{
+    const ViewRow& Row = Each.First().Row();
+    const int Wanted = static_cast<int>(std::clamp(Each.Frame.Height() / 26, 1.0, 8.0));
+    const double Step = NiceStep(std::abs(static_cast<double>(Row.MaxYPar) - static_cast<double>(Row.MinYPar)), Wanted);
+    for (const double Value : Ticks(Row.MinYPar, Row.MaxYPar, Wanted)) {
+        const double Y = Each.First().PlaceY(Value);
+        Surface.SetPen(GridInk);
+        Surface.Line(Each.Frame.Left, Y, Each.Frame.Right, Y);
+        Surface.SetPen(SoftInk);
+        if (!Each.LeftInside)
+            Surface.Text(Each.Frame.Left - 5, Y - Letters / 2.0 - 1, TickText(Value, Step), eAlign::Right);
+        else if (Y > Each.Frame.Top + 2 * LineHeight && Y < Each.Frame.Bottom - LineHeight)
+            Surface.Text(Each.Frame.Left + 4, Y - Letters - 3, TickText(Value, Step));
+    }
+}
+
+std::string WithSmallStart(std::string Words)
+{
+    if (!Words.empty() && Words[0] >= 'A' && Words[0] <= 'Z') Words[0] = static_cast<char>(Words[0] - 'A' + 'a');
+    return Words;
+}
+
+// What the curves show, and over what.
+std::pair<std::string, std::string> TitleOf(const Plot& Each)
+{
+    Quantity Y = Each.First().Y();
+    Quantity X = Each.First().X();
+    for (const cData03report* Row : Each.Rows) {
+        Y = Common(Y, Row->Y());
+        X = Common(X, Row->X());
+    }
+    std::string Over = WithSmallStart(AxisText(X));
+    if (Each.First().Row().Mode == 0) Over = Each.First().IsPrimary() ? "sample" : "part of the stroke, %";
+    std::string Name = AxisText(Y);
+    if (Name.empty() && Each.Rows.size() == 1) Name = Each.First().Row().ID;
+    return {Name, Over.empty() ? "" : (Name.empty() ? "over " : "  over ") + Over};
+}
+
+// What names of the form "Seat 1", "Seat 2" have in common.
+std::string CommonStart(const Plot& Each)
+{
+    const std::string& First = Each.First().Row().ID;
+    const std::string Start = First.substr(0, First.rfind(' ') + 1);
+    const bool AllHave = std::all_of(Each.Rows.begin(), Each.Rows.end(), [&](const cData03report* Row) {
+        return Row->Row().ID.size() > Start.size() && Row->Row().ID.starts_with(Start);
+    });
+    return Each.Rows.size() > 2 && AllHave ? Start : "";
+}
+
+bool SharesScale(const cData03report& A, const cData03report& B)
+{
+    const auto Limits = [](const ViewRow& Row) {
+        return std::array{Row.MinXPar, Row.MaxXPar, Row.MinYPar, Row.MaxYPar, static_cast<float>(Row.Mode)};
+    };
+    return Limits(A.Row()) == Limits(B.Row());
+}
+
+struct Entry
+{
+    std::string Text;
+    int32_t Colour; // NoFill for words without a mark
+    double Width;
+};
+
+std::vector<Entry> LegendOf(const iSurface& Surface, const Plot& Each)
+{
+    std::vector<Entry> Entries;
+    const std::string Start = CommonStart(Each);
+    const auto Width = [&](const std::string& Text) { return Surface.TextWidth(Text, Letters) + 8; };
+    if (!Start.empty()) Entries.push_back({Start, NoFill, Width(Start) - 4});
+    for (const cData03report* Row : Each.Rows) {
+        const ViewRow& View = Row->Row();
+        std::string Text = View.ID.substr(Start.size());
+        if (!SharesScale(*Row, Each.First()))
+            Text +=
+                " (" + FormatShortest(View.MinYPar) + " to " + FormatShortest(View.MaxYPar) + " " + Row->Y().Unit + ")";
+        Entries.push_back({Text, PaperInk(Row->Colour()), Width(Text) + MarkWidth + 3});
+    }
+    return Entries;
+}
+
+void DrawEntry(iSurface& Surface, const Entry& Each, double X, double Y)
+{
+    if (Each.Colour == NoFill) {
+        Surface.SetPen(SoftInk);
+        return Surface.Text(X, Y, Each.Text);
+    }
+    Surface.SetPen(Each.Colour, 3);
+    Surface.Line(X, Y + Letters / 2.0 + 1, X + MarkWidth, Y + Letters / 2.0 + 1);
+    Surface.SetPen(Ink);
+    Surface.Text(X + MarkWidth + 3, Y, Each.Text);
+}
+
+// Lines of entries, each as long as fits, from the right edge; the last line in the room may not hold them all.
+void DrawLegend(iSurface& Surface, const Plot& Each, const std::vector<Entry>& Entries, double Y)
+{
+    const double Room = Each.Frame.Width() - 16;
+    auto Next = Entries.begin();
+    while (Next != Entries.end() && Y < Each.Frame.Bottom - LineHeight) {
+        double Length = 0;
+        auto End = Next;
+        while (End != Entries.end() && (End == Next || Length + End->Width <= Room))
+            Length += (End++)->Width;
+        double X = Each.Frame.Right - 4 - Length;
+        for (; Next != End; ++Next) {
+            DrawEntry(Surface, *Next, X, Y);
+            X += Next->Width;
+        }
+        Y += LineHeight;
+    }
+}
+
+void DrawTitle(iSurface& Surface, const Plot& Each)
+{
+    const auto [Name, Over] = TitleOf(Each);
+    const double Top = Each.TitleInside ? Each.Frame.Top + 4 : Each.Frame.Top - TitleRoom + 3;
+    const double Left = Each.Frame.Left + (Each.TitleInside ? 5 : 0);
+    const double NameWidth = Surface.TextWidth(Name, TitleLetters, true);
+    const double OverWidth = Surface.TextWidth(Over, Letters);
+    Surface.SetFont(TitleLetters, true);
+    Surface.SetPen(Ink);
+    Surface.Text(Left, Top, Name);
+    Surface.SetFont(Letters);
+    Surface.SetPen(SoftInk);
+    if (NameWidth + OverWidth + 8 < Each.Frame.Width()) Surface.Text(Left + NameWidth, Top + 1, Over);
+    const std::vector<Entry> Entries = LegendOf(Surface, Each);
+    if (Each.Rows.size() == 1 && Entries[0].Text == Name) return;
+    double Length = 24;
+    for (const Entry& Part : Entries)
+        Length += Part.Width;
+    const bool FitsBehind = NameWidth + OverWidth + Length < Each.Frame.Width();
+    DrawLegend(Surface, Each, Entries,
+               FitsBehind ? Top + 1 : Each.Frame.Top + 5.0 + (Each.TitleInside ? LineHeight : 0));
+}
+
+void DrawGround(iSurface& Surface, const Plot& Each)
+{
+    const PlotRect& Frame = Each.Frame;
+    if (Frame.Width() < LineHeight || Frame.Height() < LineHeight) return;
+    Surface.SetFont(Letters);
+    Surface.SetPen(White);
+    Surface.SetFill(White);
+    Surface.Box(Frame.Left, Frame.Top, Frame.Right, Frame.Bottom);
+    DrawXScale(Surface, Each);
+    DrawYScale(Surface, Each);
+    Each.First().DrawScales(Surface);
+    Surface.SetFill(NoFill);
+    Surface.SetPen(FrameInk);
+    Surface.Box(Frame.Left, Frame.Top, Frame.Right, Frame.Bottom);
+    DrawTitle(Surface, Each);
+}
+} // namespace
+
+void DrawReportPlots(iSurface& Surface, cReport& Report, const PlotRect& Area)
+{
+    Report.SetDrawScale({Area.Left + LeftRoom, Area.Right - RightRoom, Area.Top + TitleRoom, Area.Bottom - BottomRoom},
+                        Surface.Pixel());
+    for (const Plot& Each : Gather(Report))
+        DrawGround(Surface, Each);
+    Report.DrawData(Surface);
+}
