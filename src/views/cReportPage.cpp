@@ -19,7 +19,7 @@ constexpr int32_t White = 0xFFFFFF;
 constexpr double Left = 44, Right = 956, Top = 40, Bottom = 1374;
 constexpr int Letters = 12;
 constexpr int LineHeight = 18;
-constexpr double KeyWidth = 61;
+constexpr double LeastKey = 61, MostKey = 90; // width of a column
 constexpr double BlockGap = 20;
 constexpr double MostTable = 400; // of the first page: the plots come first
 
@@ -68,8 +68,12 @@ cReportPage::cReportPage(cReport InitReport) : Report(std::move(InitReport)), Li
         if (Others.erase(Key)) Keys.emplace_back(Key);
     Keys.insert(Keys.end(), Others.begin(), Others.end());
     NameWidth = std::min(NameWidth, 260.0);
-    BlockWidth = NameWidth + KeyWidth * static_cast<double>(Keys.size());
-    Blocks = static_cast<std::size_t>(std::max(1.0, (Right - Left + BlockGap) / (BlockWidth + BlockGap)));
+    const auto Columns = static_cast<double>(std::max<std::size_t>(Keys.size(), 1));
+    Blocks = static_cast<std::size_t>(
+        std::max(1.0, (Right - Left + BlockGap) / (NameWidth + LeastKey * Columns + BlockGap)));
+    const double Room = (Right - Left + BlockGap) / static_cast<double>(Blocks) - BlockGap - NameWidth;
+    KeyWidth = std::min(Room / Columns, MostKey);
+    BlockWidth = NameWidth + KeyWidth * Columns;
 }
 
 double cReportPage::TableHeight(std::size_t Count) const

@@ -31,6 +31,7 @@ private:
     std::vector<ReportLine> Lines;
     std::vector<std::string> Keys; // the table's columns
     double NameWidth = 0;
+    double KeyWidth = 0;
     double BlockWidth = 0;
     std::size_t Blocks = 1; // side by side
 };

@@ -28,6 +28,8 @@ struct Plot
     bool LeftInside = false;
     bool BottomInside = false;
 
+    bool LegendElsewhere = false; // a plot before it explains the same names and colours
+
     PlotRect TitleStrip() const { return {Frame.Left, Frame.Right, Frame.Top - TitleRoom, Frame.Top - 1}; }
     PlotRect LeftStrip() const { return {Frame.Left - LeftRoom, Frame.Left - 1, Frame.Top, Frame.Bottom}; }
     PlotRect BottomStrip() const { return {Frame.Left, Frame.Right, Frame.Bottom + 1, Frame.Bottom + BottomRoom}; }
@@ -37,6 +39,36 @@ struct Plot
 bool Meet(const PlotRect& A, const PlotRect& B)
 {
     return A.Left < B.Right && B.Left < A.Right && A.Top < B.Bottom && B.Top < A.Bottom;
+}
+
+// What names of the form "Seat 1", "Seat 2" have in common.
+std::string CommonStart(const Plot& Each)
+{
+    const std::string& First = Each.First().Row().ID;
+    const std::string Start = First.substr(0, First.rfind(' ') + 1);
+    const bool AllHave = std::all_of(Each.Rows.begin(), Each.Rows.end(), [&](const cData03report* Row) {
+        return Row->Row().ID.size() > Start.size() && Row->Row().ID.starts_with(Start);
+    });
+    return Each.Rows.size() > 2 && AllHave ? Start : "";
+}
+
+bool SharesScale(const cData03report& A, const cData03report& B)
+{
+    const auto Limits = [](const ViewRow& Row) {
+        return std::array{Row.MinXPar, Row.MaxXPar, Row.MinYPar, Row.MaxYPar, static_cast<float>(Row.Mode)};
+    };
+    return Limits(A.Row()) == Limits(B.Row());
+}
+
+// What a legend explains: names without their common start, and colours.
+std::vector<std::pair<std::string, int32_t>> Explained(const Plot& Each)
+{
+    const std::size_t Start = CommonStart(Each).size();
+    std::vector<std::pair<std::string, int32_t>> Names;
+    for (const cData03report* Row : Each.Rows)
+        Names.emplace_back(SharesScale(*Row, Each.First()) ? Row->Row().ID.substr(Start) : Row->Row().ID,
+                           Row->Colour());
+    return Names;
 }
 
 std::vector<Plot> Gather(const cReport& Report)
@@ -59,6 +91,9 @@ std::vector<Plot> Gather(const cReport& Report)
             if (&Other != &Each)
                 Each.TitleInside |= Meet(Each.TitleStrip(), Other.Frame) ||
                                     (!Other.BottomInside && Meet(Each.TitleStrip(), Other.BottomStrip()));
+    for (auto Each = Plots.begin(); Each != Plots.end(); ++Each)
+        Each->LegendElsewhere =
+            std::any_of(Plots.begin(), Each, [&](const Plot& Other) { return Explained(Other) == Explained(*Each); });
     return Plots;
 }
 
@@ -123,25 +158,6 @@ std::pair<std::string, std::string> TitleOf(const Plot& Each)
     std::string Name = AxisText(Y);
     if (Name.empty() && Each.Rows.size() == 1) Name = Each.First().Row().ID;
     return {Name, Over.empty() ? "" : (Name.empty() ? "over " : "  over ") + Over};
-}
-
-// What names of the form "Seat 1", "Seat 2" have in common.
-std::string CommonStart(const Plot& Each)
-{
-    const std::string& First = Each.First().Row().ID;
-    const std::string Start = First.substr(0, First.rfind(' ') + 1);
-    const bool AllHave = std::all_of(Each.Rows.begin(), Each.Rows.end(), [&](const cData03report* Row) {
-        return Row->Row().ID.size() > Start.size() && Row->Row().ID.starts_with(Start);
-    });
-    return Each.Rows.size() > 2 && AllHave ? Start : "";
-}
-
-bool SharesScale(const cData03report& A, const cData03report& B)
-{
-    const auto Limits = [](const ViewRow& Row) {
-        return std::array{Row.MinXPar, Row.MaxXPar, Row.MinYPar, Row.MaxYPar, static_cast<float>(Row.Mode)};
-    };
-    return Limits(A.Row()) == Limits(B.Row());
 }
 
 struct Entry
@@ -218,6 +234,7 @@ void DrawTitle(iSurface& Surface, const Plot& Each)
     for (const Entry& Part : Entries)
         Length += Part.Width;
     const bool FitsBehind = NameWidth + OverWidth + Length < Each.Frame.Width();
+    if (!FitsBehind && Each.LegendElsewhere) return;
     DrawLegend(Surface, Each, Entries,
                FitsBehind ? Top + 1 : Each.Frame.Top + 5.0 + (Each.TitleInside ? LineHeight : 0));
 }

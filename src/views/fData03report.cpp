@@ -48,6 +48,10 @@ fData03report::fData03report() : picGraph(new qSurface(this)), picTable(new QScr
     Split->addWidget(BuildTable());
     Split->setStretchFactor(0, 1);
     Split->setSizes({3 * TableWidth, TableWidth});
+    auto* Head = new QLabel(this);
+    Head->setObjectName("lbHead");
+    Head->setTextFormat(Qt::PlainText);
+    Head->setStyleSheet("padding: 2px 10px;");
     auto* Notes = new QLabel(this);
     Notes->setObjectName("lbNotes");
     Notes->setWordWrap(true);
@@ -57,6 +61,7 @@ fData03report::fData03report() : picGraph(new qSurface(this)), picTable(new QScr
     Layout->setContentsMargins(0, 0, 0, 0);
     Layout->setSpacing(0);
     Layout->setMenuBar(BuildMenus());
+    Layout->addWidget(Head);
     Layout->addWidget(Split, 1);
     Layout->addWidget(Notes);
 }
@@ -111,6 +116,10 @@ void fData03report::InitData(int Kind, int16_t Sample, int32_t First, int32_t La
 {
     Report.InitData(Kind, Sample, First, Last);
     setWindowTitle("Report - " + Shown(Report.Title));
+    QStringList Facts;
+    for (const auto& [Label, Value] : Report.Facts)
+        Facts << Shown(Label + " " + Value);
+    findChild<QLabel*>("lbHead")->setText((Facts << Shown(Report.Comment)).join("     "));
     auto* Notes = findChild<QLabel*>("lbNotes");
     QStringList Lines;
     for (const std::string& Note : Report.Notes)
@@ -222,9 +231,10 @@ void OpenReport(int Kind, int16_t Sample, int32_t First, int32_t Last)
     Guard("The report", [&] {
         auto Window = std::make_unique<fData03report>();
         Window->InitData(Kind, Sample, First, Last);
-        fData03report& Shown = *Window;
-        dynamic_cast<frmMain&>(**Main).AddWindow(Window.release());
-        RestorePlace(Shown, Section, {980, 640});
+        fData03report& Opened = *Window;
+        auto& Shell = dynamic_cast<frmMain&>(**Main);
+        Shell.AddWindow(Window.release());
+        RestorePlace(Opened, Section, (Shell.AreaSize() * 0.94).boundedTo({1400, 900}));
         return true;
     });
 }

@@ -32,6 +32,7 @@ dSamples::dSamples(QWidget* Parent)
     Picture->setMinimumSize(320, 240);
     Picture->OnResize = [this] { DrawPicture(); };
     auto* Buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    Buttons->button(QDialogButtonBox::Ok)->setObjectName("cmdOk");
     Buttons->button(QDialogButtonBox::Ok)->setEnabled(gFile.Desc.UBound() > 0);
     auto* Samples = new QLabel("&Samples", this);
     Samples->setBuddy(lstTests);

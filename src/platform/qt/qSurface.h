@@ -19,7 +19,7 @@ public:
     std::function<void()> OnResize;
 
     SurfacePoint Size() const override;
-    double Pixel() const override { return 1 / devicePixelRatioF(); }
+    double Pixel() const override { return 0.25 / devicePixelRatioF(); } // smooth edges show quarters
     void Clear(int32_t Colour) override;
     void SetBackground(const std::string& Path) override;
     void SetPen(int32_t Colour, int Width) override;
