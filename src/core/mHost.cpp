@@ -40,6 +40,12 @@ void UpdateProgress(int Percent)
     gHost.Status->SetProgress(Percent);
 }
 
+bool GoOn(int Percent)
+{
+    UpdateProgress(Percent);
+    return !gHost.Status->IsCancelled();
+}
+
 bool Guard(const std::string& What, const std::function<bool()>& Work)
 {
     std::vector<std::string> Told;

@@ -51,6 +51,9 @@ void ShowReading(const std::string& Text);
 /// Moves the progress bar, 0 to 100.
 void UpdateProgress(int Percent);
 
+/// Tells how far long work has come. False when the user has given it up: the work ends and puts things back.
+bool GoOn(int Percent);
+
 /// Runs Work and returns its result. A RunError is shown as one message, which names What failed, and gives false.
 bool Guard(const std::string& What, const std::function<bool()>& Work);
 

@@ -20,6 +20,7 @@ double gDataFreq, StdFilter, VQ0, VQ1, fCutOff, gRSFval0, gRSFval1, gCFslope, gF
 bool gToolBar, gStatusBar;
 std::string gTCPaddress, gRowersDBFN;
 std::array<int32_t, 9> gRGB;
+std::array<double, 11> gSplitsArr;
 
 namespace {
 // White, red, sky blue, green, grey, magenta, cyan, brown, black.
@@ -88,6 +89,8 @@ std::vector<Setting> MakeSettings()
         {"fData01Coach", "mDisplayMode", &mDisplayMode, "0"},
         {"fData01Coach", "mScullMode", &mScullMode, "0"},
     };
+    for (std::size_t i = 0; i < gSplitsArr.size(); ++i)
+        Table.push_back({"AutoSplit", "gSplitsArr" + FormatNum(static_cast<double>(i), "00"), &gSplitsArr[i], "0"});
     for (std::size_t i = 0; i < gRGB.size(); ++i)
         Table.push_back({"RGBArr", "RGBArr" + FormatNum(static_cast<double>(i), "00"), &gRGB[i], Colours[i]});
     return Table;

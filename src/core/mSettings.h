@@ -36,7 +36,8 @@ extern int16_t gSplitPar;
 extern double VQ0; // speed = VQ0 + VQ1 x count
 extern double VQ1;
 extern int16_t gSplitsCnt;
-extern int16_t gVChan; // speed channel of a raw-file scan
+extern std::array<double, 11> gSplitsArr; // lengths of the splits from element 1 on; s when splits go by time
+extern int16_t gVChan;                    // speed channel of a raw-file scan
 extern int16_t gAutoCalibr;
 extern int16_t gAutoSwitchCal;
 extern int16_t fTorque;

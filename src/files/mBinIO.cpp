@@ -117,6 +117,20 @@ SampleStore ReadStretch(int32_t Start, int32_t Stop)
     }
     return Filler.Finish();
 }
+
+// The frames of gScanFile that begin before Stop, at least one. False when the user gives up.
+bool CopyFrames(int32_t Stop, WholeFile& Piece)
+{
+    const int32_t Start = gScanFile.Position();
+    PercentMeter Meter(int64_t{Stop} - Start);
+    do {
+        const auto Taken = gScanFile.Take();
+        if (!Taken || !Taken->IsWhole()) break;
+        Piece.Append({reinterpret_cast<const char*>(Taken->Bytes.data()), Taken->Bytes.size()});
+        if (Meter.IsReached(int64_t{gScanFile.Position()} - Start) && !GoOn(Meter.Percent())) return false;
+    } while (gScanFile.Position() < Stop);
+    return true;
+}
 } // namespace
 
 bool RawFile::Open(const std::string& Path, int32_t Start)
@@ -189,12 +203,13 @@ bool CutRawFile(const std::string& Dest, int32_t Start, int32_t Stop)
     if (!OpenScanFile(gRawFN, std::max(Start, 1))) return false;
     if (Stop < 1) Stop = gScanFile.Length();
     WholeFile Piece(Dest);
-    do {
-        const auto Taken = gScanFile.Take();
-        if (!Taken || !Taken->IsWhole()) break;
-        Piece.Append({reinterpret_cast<const char*>(Taken->Bytes.data()), Taken->Bytes.size()});
-    } while (gScanFile.Position() < Stop);
+    const bool IsCut = CopyFrames(Stop, Piece);
+    UpdateProgress(0);
     if (!CloseScanFile()) return false;
+    if (!IsCut) {
+        ShowReading("Cancelled");
+        return false;
+    }
     if (Piece.Commit()) return true;
     MsgBox("Can't write file: " + Dest + " (" + Piece.Failure() + ")", TitleError);
     return false;

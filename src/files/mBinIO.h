@@ -89,5 +89,6 @@ private:
 bool ReadRawFile(const std::string& Path, int32_t& Start, int32_t& Stop);
 
 /// Copies the frames of gRawFN that begin between two positions, with Start and Stop as in ReadRawFile, into Dest,
-/// which is written whole; bytes between frames are left out. False when it failed (told): Dest is as it was.
+/// which is written whole; bytes between frames are left out. False when it failed or the user gave up (told): Dest is
+/// as it was.
 bool CutRawFile(const std::string& Dest, int32_t Start, int32_t Stop);

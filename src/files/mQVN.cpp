@@ -9,6 +9,8 @@
 #include "files/mSafeSave.h"
 
 #include <cmath>
+#include <optional>
+#include <utility>
 
 RowArray<ScanRow> gScanRows;
 
@@ -111,8 +113,8 @@ std::string ProgressText(int Percent)
            FormatNum(std::fmod(Stamp, 60000) / 1000, "0") + "s";
 }
 
-// Gives the number of frames that were decoded.
-int32_t ScanFrames(StrokeScan& Scan)
+// Gives the number of frames that were decoded, nothing when the user gave up.
+std::optional<int32_t> ScanFrames(StrokeScan& Scan)
 {
     const int32_t Length = gScanFile.Length();
     int32_t Decoded = 0;
@@ -126,7 +128,10 @@ int32_t ScanFrames(StrokeScan& Scan)
         if (IsDecoded) ++Decoded;
         Scan.AddFrame(Before);
         const int32_t Position = gScanFile.Position();
-        if (Meter.IsReached(Position)) ShowReading(ProgressText(Meter.Percent()));
+        if (Meter.IsReached(Position)) {
+            ShowReading(ProgressText(Meter.Percent()));
+            if (!GoOn(Meter.Percent())) return {};
+        }
         if (gScanFile.AtEnd() || Position + gFrameMin >= Length) break;
     }
     return Decoded;
@@ -150,11 +155,18 @@ bool ScanRawFile(const std::string& Path)
     StrokeScan Scan;
     const double Step = Div(1, gDataFreq);
     if (!OpenScanFile(Path)) return false;
-    gFromFile = true;
-    gTimeStep = Step;
-    const int32_t Decoded = ScanFrames(Scan);
+    const double FormerStep = std::exchange(gTimeStep, Step);
+    const bool WasFromFile = std::exchange(gFromFile, true);
+    const auto Decoded = ScanFrames(Scan);
+    UpdateProgress(0);
     if (!CloseScanFile()) return false;
-    if (Decoded == 0) {
+    if (!Decoded) {
+        gTimeStep = FormerStep;
+        gFromFile = WasFromFile;
+        ShowReading("Cancelled");
+        return false;
+    }
+    if (*Decoded == 0) {
         MsgBox("There are no frames of a logger in the file: " + Path, TitleError);
         return false;
     }

@@ -20,7 +20,8 @@ struct ScanRow
 extern RowArray<ScanRow> gScanRows;
 
 /// Scans a raw file for strokes of the key channel and fills gScanRows. The scan ends with the first frame that fails.
-/// False when the file cannot be read or the session has no key channel (told): gScanRows is as it was.
+/// False when the file cannot be read, the session has no key channel or the user gives up (told): gScanRows is as it
+/// was.
 bool ScanRawFile(const std::string& Path);
 
 /// Writes gScanRows as a tab-separated table with times in minutes from the first stroke. False when that fails (told).

@@ -13,4 +13,7 @@ public:
 
     /// Shows how far long work has come, 0 to 100.
     virtual void SetProgress(int Percent) = 0;
+
+    /// Whether the user has asked since the last call that the long work going on be given up.
+    virtual bool IsCancelled() { return false; }
 };

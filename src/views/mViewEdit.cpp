@@ -75,6 +75,9 @@ bool TrimRows(int FirstRow, int LastRow, ViewUndo& Undo)
 
 bool AccToVel(int32_t Start, int32_t Stop, ViewUndo& Undo)
 {
+    Start = std::max(Start, 0);
+    Stop = std::min(Stop, gRaw.UBound());
+    if (Start > Stop) return false;
     if (gRaw.ChannelUBound() < VelChan) {
         MsgBox("The session has no channel 15 that could take the velocity.", TitleInformation);
         return false;
@@ -82,8 +85,8 @@ bool AccToVel(int32_t Start, int32_t Stop, ViewUndo& Undo)
     const auto Acc = gRaw.Channel(AccChan), Vel = gRaw.Channel(VelChan), Time = gRaw.Channel(0);
     auto Former = std::make_shared<std::vector<double>>(Vel.begin(), Vel.end());
     double Sum = 0;
-    const auto First = static_cast<std::size_t>(std::max(Start, 0));
-    for (std::size_t i = First; i <= static_cast<std::size_t>(std::min(Stop, gRaw.UBound())); ++i) {
+    const auto First = static_cast<std::size_t>(Start);
+    for (std::size_t i = First; i <= static_cast<std::size_t>(Stop); ++i) {
         if (i > First) Sum += (Acc[i - 1] + Acc[i]) / 2 * (Time[i] - Time[i - 1]);
         Vel[i] = Sum;
     }

@@ -27,5 +27,5 @@ bool DeleteSamples(int32_t Start, int32_t Stop, FrameMap& Map, ViewUndo& Undo);
 bool TrimRows(int FirstRow, int LastRow, ViewUndo& Undo);
 
 /// Integrates the boat's acceleration, channel 5, from Start to Stop by the trapezoid rule over the times and stores
-/// the running sum as its velocity, channel 15. False when there are no such channels (told).
+/// the running sum as its velocity, channel 15. False without such channels (told) or samples.
 bool AccToVel(int32_t Start, int32_t Stop, ViewUndo& Undo);

@@ -4,6 +4,7 @@
 #include "core/mGlobData.h"
 #include "core/mHost.h"
 #include "core/mNumText.h"
+#include "core/mSettings.h"
 #include "files/mBinIO.h"
 #include "files/mOldBin.h"
 #include "files/mQVN.h"
@@ -25,14 +26,30 @@ FrameMap MapFrom(int32_t Start)
     return Map;
 }
 
-bool ReadWholeRaw(const std::string& Path, ViewData& Data)
+bool ReadFrames(const std::string& Path, int32_t Start, int32_t Stop, const char* Advice, ViewData& Data)
 {
-    int32_t Start = 0, Stop = 0;
     if (!ReadRawFile(Path, Start, Stop)) return false;
     if (gRaw.UBound() >= SampleStore::MaxIndex)
-        UpdateStatus("The recording is longer than a view holds: its first " +
-                     FormatNum(SampleStore::MaxIndex + 1, "0") + " samples are shown. Scan it to reach the rest.");
+        UpdateStatus("The recording is longer than a view holds: the first " +
+                     FormatNum(SampleStore::MaxIndex + 1, "0") + " samples are shown. " + Advice);
     Data.Map = MapFrom(Start);
+    return true;
+}
+
+bool Scan(const std::string& Path)
+{
+    UpdateStatus("Looking for strokes. Esc ends the search.");
+    const bool IsDone = ScanRawFile(Path);
+    UpdateStatus(IsDone ? FormatNum(gScanRows.UBound(), "0") + " strokes found" : "");
+    if (IsDone) gRaw.Create(gFile.ChanCnt, -1);
+    return IsDone;
+}
+
+// The head of an old file tells its span of time, and no distance.
+bool ReadPrimary(const std::string& Path, ViewData& Data)
+{
+    if (!ReadOldFile(Path)) return false;
+    Data.TimeText = FormatNum(gRawStop - gRawStart, "0.0");
     return true;
 }
 
@@ -41,13 +58,11 @@ bool LoadKind(const std::string& Path, int16_t Mode, ViewData& Data)
     switch (Mode) {
     case ViewRaw:
     case ViewLogger:
-        return ReadWholeRaw(Path, Data);
+        return ReadFrames(Path, 0, 0, "Scan it to reach the rest.", Data);
     case ViewPrimary:
-        return ReadOldFile(Path);
+        return ReadPrimary(Path, Data);
     case ViewScanned:
-        if (!ScanRawFile(Path)) return false;
-        gRaw.Create(gFile.ChanCnt, -1);
-        return true;
+        return Scan(Path);
     default:
         return true;
     }
@@ -75,6 +90,7 @@ bool LoadView(const std::string& FileName, int16_t Mode, ViewData& Data)
     New.FileName = std::filesystem::path(FileName).filename().string();
     New.Caption = CaptionOf(New);
     if (!LoadKind(FileName, Mode, New)) return false;
+    LoadSetting("StdFilter");
     if (Mode != ViewPrimary && Mode != ViewTypical) gRawFN = FileName;
     if (Mode == ViewRaw || Mode == ViewPrimary)
         New.DescIdx = FindDesc(gFile, New.FileName, Mode == ViewRaw ? DescKey::RawFN : DescKey::PrimFN);
@@ -88,13 +104,15 @@ bool LoadView(const std::string& FileName, int16_t Mode, ViewData& Data)
 
 bool GetRawData(int FirstRow, int LastRow, ViewData& Data)
 {
+    if (FirstRow < 1 || FirstRow > LastRow || LastRow > gScanRows.UBound()) {
+        MsgBox("Select the strokes whose data are wanted first.", TitleInformation);
+        return false;
+    }
     const int From = std::max(FirstRow - StrokesAround, 0);
     const int To = std::min(LastRow + StrokesAround, gScanRows.UBound());
-    int32_t Start = gScanRows[From].Pos, Stop = gScanRows[To].Pos;
-    if (!ReadRawFile(gRawFN, Start, Stop)) return false;
+    if (!ReadFrames(gRawFN, gScanRows[From].Pos, gScanRows[To].Pos, "Select fewer strokes.", Data)) return false;
     const double Zero = gScanRows[1].Time;
     gScanStart = gScanRows[FirstRow].Time - Zero;
     gScanStop = gScanRows[LastRow].Time - Zero;
-    Data.Map = MapFrom(Start);
     return true;
 }

@@ -36,12 +36,12 @@ struct ViewData
     bool HasStrokeTable() const { return Mode == ViewScanned; }
 };
 
-/// Loads FileName as that kind of data into gRaw or gScanRows. False when that fails or is cancelled (told): Data,
-/// gRaw and gScanRows are as they were.
+/// Loads FileName as that kind of data into gRaw or gScanRows, and the setting StdFilter. False when that fails or is
+/// cancelled (told): Data, gRaw and gScanRows are as they were.
 bool LoadView(const std::string& FileName, int16_t Mode, ViewData& Data);
 
 /// Loads the frames between two rows of gScanRows, with three strokes on either side, into gRaw. Times of the rows, in
-/// seconds from the first, go to gScanStart and gScanStop. False when that fails (told).
+/// seconds from the first, go to gScanStart and gScanStop. False when that fails (told): all is as it was.
 bool GetRawData(int FirstRow, int LastRow, ViewData& Data);
 
 extern double gScanStart; // s, stretch of the recording taken last

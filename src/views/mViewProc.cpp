@@ -14,11 +14,14 @@
 #include <algorithm>
 
 namespace {
-std::vector<double> gSplitsArr; // s, durations of the splits from element 1 on
-
 bool WriteSession()
 {
     return BackupFile(gCurFile) && WriteDataFile(gCurFile, gFile, SectionFilter::Any);
+}
+
+float SplitLength(std::size_t k)
+{
+    return k < gSplitsArr.size() ? static_cast<float>(gSplitsArr[k]) : 0;
 }
 
 bool RunAndSave(const ViewData& Data, int32_t Start, int32_t Stop)
@@ -30,7 +33,8 @@ bool RunAndSave(const ViewData& Data, int32_t Start, int32_t Stop)
         return false;
     }
     SaveNormSample(gProcRuns, "Sample ");
-    gFile.Desc[gFile.Desc.UBound()].RawFN = Data.FileName;
+    DescRow& Sample = gFile.Desc[gFile.Desc.UBound()];
+    (Data.Mode == ViewPrimary ? Sample.PrimFN : Sample.RawFN) = Data.FileName;
     return true;
 }
 } // namespace
@@ -54,50 +58,42 @@ bool ProcSel(const ViewData& Data, const ProcStretch& Stretch)
     return IsMade && IsWritten;
 }
 
-void LoadSplits()
-{
-    for (const char* Key : {"gSplitPar", "gVChan", "VQ0", "VQ1", "gSplitsCnt"})
-        LoadSetting(Key);
-    gSplitsArr.assign(static_cast<std::size_t>(std::max<int16_t>(gSplitsCnt, 0)) + 1, 0);
-    for (std::size_t k = 1; k < gSplitsArr.size(); ++k)
-        gSplitsArr[k] =
-            Val(gHost.Settings->GetSetting("AutoSplit", "gSplitsArr" + FormatNum(static_cast<double>(k), "00"))
-                    .value_or("0"));
-}
-
+// Times and limits in single precision on both sides: a sample that lies on a limit is not above it.
 std::vector<int32_t> FillSplits()
 {
-    std::vector<int32_t> Bounds(gSplitsArr.size(), 0);
-    if (gSplitPar != 1 || gSplitsArr.size() < 2) return Bounds;
-    double Limit = gSplitsArr[1];
+    std::vector<int32_t> Bounds(static_cast<std::size_t>(std::max<int16_t>(gSplitsCnt, 0)) + 1, 0);
+    if (gSplitPar != 1 || gSplitsCnt < 1) return Bounds;
+    float Limit = SplitLength(1);
     std::size_t k = 1;
     for (int32_t i = 0; i <= gRaw.UBound(); ++i) {
-        if (static_cast<double>(static_cast<float>(gRaw(0, i))) <= Limit) continue;
+        if (static_cast<float>(gRaw(0, i)) <= Limit) continue;
         Bounds[k++] = i;
         if (k == Bounds.size()) return Bounds;
-        Limit += gSplitsArr[k];
+        Limit += SplitLength(k);
     }
-    Bounds[k] = gRaw.UBound();
+    Bounds[k] = std::max(gRaw.UBound(), 0);
     return Bounds;
 }
 
 bool ProcSplits(const ViewData& Data, const ProcStretch& Typed,
                 const std::function<std::optional<double>(int32_t, int32_t)>& Rowed)
 {
-    LoadSplits();
+    for (const Setting& Item : AllSettings())
+        if (Item.Section == "AutoSplit") LoadSetting(Item.Key);
     const std::vector<int32_t> Bounds = FillSplits();
     if (Bounds.size() < 2) {
         MsgBox("There are no splits: set their number and durations in the options.", TitleInformation);
         return false;
     }
+    bool IsMade = true;
     for (std::size_t k = 1; k < Bounds.size(); ++k) {
         ProcStretch Stretch = Typed;
         Stretch.Start = Bounds[k - 1];
         Stretch.Stop = Bounds[k];
         Stretch.Rowed = Rowed(Stretch.Start, Stretch.Stop);
-        if (!ProcSel(Data, Stretch)) return false;
+        IsMade = ProcSel(Data, Stretch) && IsMade;
     }
-    return true;
+    return IsMade;
 }
 
 bool ProcStart(int32_t Start)
@@ -105,7 +101,10 @@ bool ProcStart(int32_t Start)
     const std::string Answer = InputBox("Number of strokes to process:", "Input Data", "8");
     if (Answer.empty()) return false;
     const auto Count = ToInt16(static_cast<int64_t>(std::clamp(RoundHalfEven(Val(Answer)), -1e6, 1e6)));
-    return ProcessStrokes(Start, Count) && WriteSession();
+    const int Before = gFile.Desc.UBound();
+    ProcessStrokes(Start, Count);
+    UpdateProgress(0);
+    return gFile.Desc.UBound() > Before && WriteSession();
 }
 
 bool PlotProc(int32_t Start, int32_t Stop)

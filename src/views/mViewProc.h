@@ -24,19 +24,17 @@ struct ProcStretch
 /// was made or the file could not be written.
 bool ProcSel(const ViewData& Data, const ProcStretch& Stretch);
 
-/// Reads the settings of the splits.
-void LoadSplits();
-
 /// Sample indices at which the splits begin and end, from 0 on: splits by time, one after the other, with gSplitPar 1;
 /// zeros otherwise.
 std::vector<int32_t> FillSplits();
 
-/// ProcSel on each split; Rowed gives the distance of a stretch. False at the first that fails.
+/// ProcSel on each split by the settings of the splits, also behind one that fails; Rowed gives the distance of a
+/// stretch. False when one has failed or there are none (told).
 bool ProcSplits(const ViewData& Data, const ProcStretch& Typed,
                 const std::function<std::optional<double>(int32_t, int32_t)>& Rowed);
 
 /// Makes a sample of each stroke from Start on, as many as are asked for, and writes the session data file. False when
-/// cancelled or failed (told).
+/// cancelled, when nothing was made, or when the file could not be written (told).
 bool ProcStart(int32_t Start);
 
 /// Averages the strokes of the stretch into the typical pattern in memory. False when that fails (told).

@@ -76,6 +76,10 @@ bool SaveFrames(int32_t Start, int32_t Stop, const FrameMap& Map)
 
 bool SaveRows(int FirstRow, int LastRow)
 {
+    if (FirstRow < 1 || FirstRow >= LastRow || LastRow > gScanRows.UBound()) {
+        MsgBox("Select the strokes to be saved first.", TitleInformation);
+        return false;
+    }
     const std::string Path = AskTarget("qvn", gCurDir);
     if (Path.empty()) return false;
     if (!CutRawFile(Path, gScanRows[FirstRow].Pos, gScanRows[LastRow].Pos)) return false;

@@ -124,7 +124,7 @@ TEST_CASE_FIXTURE(Outing, "progress shows the percent and the stamp as if it wer
     std::ofstream(Folder.Path("a.qvn"), std::ios::binary)
         << HexText("80 00 1C 00 00 40 31 4B 1D") + std::string(24, '\0'); // 7,942,725,632 ms
     CHECK(ScanRawFile(Folder.Path("a.qvn")));
-    CHECK(Status.Shown == Texts{"3: 100%  132m 23s"});
+    CHECK(Status.Shown == Texts{"3: 100%  132m 23s", "100%", "0%"});
 }
 
 TEST_CASE_FIXTURE(Outing, "what cannot be scanned is told and leaves the strokes as they were")

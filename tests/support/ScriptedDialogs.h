@@ -62,8 +62,19 @@ public:
     /// Every text as "2: Text", every progress as "50%".
     std::vector<std::string> Shown;
 
+    /// Percent from which long work is given up.
+    int CancelAt = 101;
+
     void SetPanel(int Panel, const std::string& Text) override { Shown.push_back(std::to_string(Panel) + ": " + Text); }
-    void SetProgress(int Percent) override { Shown.push_back(std::to_string(Percent) + "%"); }
+    void SetProgress(int Percent) override
+    {
+        Last = Percent;
+        Shown.push_back(std::to_string(Percent) + "%");
+    }
+    bool IsCancelled() override { return Last >= CancelAt; }
+
+private:
+    int Last = 0;
 };
 
 /// Fixture of a case that needs a program around it.

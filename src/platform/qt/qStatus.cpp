@@ -3,12 +3,45 @@
 
 #include "platform/qt/qText.h"
 
+#include <QCoreApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QProgressBar>
 
 namespace {
 constexpr int PaintEvery = 50; // ms
-}
+
+// Lets nothing begin while long work goes on, and sees Esc. A timer that is held back here fires again later.
+class WorkGate : public QObject
+{
+public:
+    bool IsEscaped = false;
+
+    bool eventFilter(QObject*, QEvent* Event) override
+    {
+        switch (Event->type()) {
+        case QEvent::ShortcutOverride:
+        case QEvent::KeyPress:
+            if (static_cast<const QKeyEvent*>(Event)->key() == Qt::Key_Escape) IsEscaped = true;
+            return true;
+        case QEvent::KeyRelease:
+        case QEvent::Shortcut:
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::ContextMenu:
+        case QEvent::Wheel:
+        case QEvent::TouchBegin:
+        case QEvent::Drop:
+        case QEvent::Close:
+        case QEvent::Timer:
+            return true;
+        default:
+            return false;
+        }
+    }
+};
+} // namespace
 
 qStatus::qStatus()
 {
@@ -59,4 +92,12 @@ void qStatus::SetProgress(int Percent)
     Progress->setVisible(Percent > 0 && Percent < 100);
     Progress->setValue(Percent);
     if (Progress->isVisible()) Progress->repaint();
+}
+
+bool qStatus::IsCancelled()
+{
+    WorkGate Gate;
+    QCoreApplication::instance()->installEventFilter(&Gate);
+    QCoreApplication::processEvents(QEventLoop::ExcludeSocketNotifiers);
+    return Gate.IsEscaped;
 }

@@ -31,6 +31,10 @@ public:
     void SetPanel(int Panel, const std::string& Text) override;
     void SetProgress(int Percent) override;
 
+    /// Whether Esc was pressed. Windows are painted meanwhile; other keys and the mouse do nothing while long work goes
+    /// on, and timers and links wait for its end.
+    bool IsCancelled() override;
+
 private:
     void Show();
 

@@ -1,0 +1,190 @@
+// Loading, cutting, saving and processing of what the data view shows, on recordings in files.
+#include "views/mViewEdit.h"
+#include "views/mViewLoad.h"
+#include "views/mViewProc.h"
+#include "views/mViewSave.h"
+
+#include "files/mQVN.h"
+#include "support/Case.h"
+#include "support/Hex.h"
+
+#include <fstream>
+#include <optional>
+
+namespace {
+constexpr int FrameSize = 33;
+constexpr int Frames = 600;
+
+std::string Word(int X)
+{
+    return {static_cast<char>(X % 128), static_cast<char>(X / 128 % 128)};
+}
+
+// A short frame each 40 ms; channel 2 rises from 0 to 99 once in four seconds.
+std::string FrameAt(int i)
+{
+    return HexText("80 00 1C 00") + Word(40 * (i + 1)) + Word(40 * (i + 1) / 16384) + std::string(8, '\0') + Word(i) +
+           Word(i % 100) + Word(0) + std::string(11, '\0');
+}
+
+std::string FramesFrom(int First, int Count)
+{
+    std::string Bytes;
+    for (int i = First; i < First + Count; ++i)
+        Bytes += FrameAt(i);
+    return Bytes;
+}
+
+// A session with one sample and a recording of six strokes in its folder.
+struct Outing : FreshState
+{
+    std::string Raw = Folder.Path("a.qvn");
+    ViewData Data;
+    ViewUndo Undo;
+
+    Outing()
+    {
+        gFile = DataFile{};
+        gFile.Model = 67;
+        gFile.ChanCnt = 3;
+        gFile.Calibr.Resize(3);
+        for (int Chan = 1; Chan <= 3; ++Chan) {
+            gFile.Calibr[Chan].Chan = static_cast<int16_t>(Chan);
+            gFile.Calibr[Chan].Q1 = 1;
+        }
+        gFile.Calibr[2].ParamID = gFile.KeyChanID = "A1";
+        gFile.KeyThres = 49.5F;
+        gKeyMode = 1;
+        ResolveChannels();
+        gFile.SampleCnt = 2;
+        DescRow& Row = gFile.Desc.Grow();
+        Row.SampleID = "S01";
+        Row.RawFN = "a.qvn";
+        Row.DistReal = 500;
+        Row.TimeReal = 99.5;
+        SetCurFile(Folder.Path("session.txt"));
+        std::ofstream(Raw, std::ios::binary) << "xy" << FramesFrom(0, Frames) << "z";
+    }
+
+    void Set(const std::string& Key, const std::string& Value)
+    {
+        Settings.SaveSetting(FindSetting(Key)->Section, Key, Value);
+    }
+
+    // Channel 1, which counts the frames, with dots for runs.
+    static std::string Numbers()
+    {
+        std::string Text;
+        for (int i = 0; i <= gRaw.UBound(); ++i)
+            if (i == 0 || i == gRaw.UBound() || gRaw(1, i) != gRaw(1, i - 1) + 1 || gRaw(1, i) + 1 != gRaw(1, i + 1))
+                Text += FormatNum(gRaw(1, i), "0") + " ";
+        return Text;
+    }
+};
+} // namespace
+
+TEST_CASE_FIXTURE(Outing, "a recording comes with the distance and time of its sample")
+{
+    REQUIRE(LoadView(Raw, ViewRaw, Data));
+    CHECK(Data.Caption == "Raw Data in a.qvn");
+    CHECK((Data.DescIdx == 1 && Data.DistText == "500.0" && Data.TimeText == "99.5"));
+    CHECK_FALSE(LoadView(Folder.Path("none.qvn"), ViewRaw, Data));
+    CHECK(Dialogs.Told == Texts{"Error: Can't open file: " + Folder.Path("none.qvn")});
+    CHECK((Numbers() == "0 599 " && gRawFN == Raw && Data.FileName == "a.qvn"));
+}
+
+TEST_CASE_FIXTURE(Outing, "what was deleted comes back, and a save leaves out its frames")
+{
+    REQUIRE(LoadView(Raw, ViewRaw, Data));
+    const std::string Piece = Folder.Path("piece.qvn");
+    const std::tuple<int32_t, int32_t, const char*> Cuts[] = {
+        {100, 150, "0 99 150 598 "}, {-5, 10, "10 598 "}, {550, 9999, "0 549 "}, {0, 599, ""}};
+    for (const auto& [Start, Stop, Left] : Cuts) {
+        CAPTURE(Start);
+        CHECK(DeleteSamples(Start, Stop, Data.Map, Undo));
+        CHECK(Numbers() == Left);
+        CHECK(Data.Map.Frames.size() == static_cast<std::size_t>(gRaw.UBound() + 1));
+        CHECK(Undo.Run());
+        CHECK((Numbers() == "0 599 " && Data.Map.Frames.size() == Frames));
+    }
+    CHECK_FALSE(Undo.Run());
+    CHECK_FALSE(DeleteSamples(7, 7, Data.Map, Undo));
+    CHECK(DeleteSamples(100, 150, Data.Map, Undo));
+    Dialogs.Files = {Piece, Raw};
+    CHECK(SaveFrames(98, 101, Data.Map));
+    CHECK(ReadWhole(Piece) == FramesFrom(98, 2) + FramesFrom(150, 2));
+    CHECK_FALSE(SaveFrames(98, 101, Data.Map)); // a piece in the place of its own recording
+    CHECK(ReadWhole(Raw)->size() == 3 + Frames * FrameSize);
+}
+
+TEST_CASE_FIXTURE(Outing, "strokes of a scanned recording are read with three on either side, cut and trimmed")
+{
+    REQUIRE(LoadView(Raw, ViewScanned, Data));
+    REQUIRE(gScanRows.UBound() == 6); // in the frames 50, 150, ...
+    CHECK(GetRawData(5, 6, Data));
+    CHECK(Numbers() == "150 549 ");
+    CHECK((gScanStart == 16 && gScanStop == 20));
+    CHECK(GetRawData(2, 3, Data));
+    CHECK(Numbers() == "0 549 ");
+    CHECK_FALSE(GetRawData(3, 7, Data));
+    Dialogs.Files = {Folder.Path("piece.qvn")};
+    CHECK(SaveRows(2, 4));
+    CHECK(ReadWhole(Folder.Path("piece.qvn")) == FramesFrom(150, 200));
+    CHECK((gScanStart == 4 && gScanStop == 12));
+    CHECK(TrimRows(2, 5, Undo));
+    CHECK((gScanRows.UBound() == 2 && gScanRows[1].Time == 251 * gTimeStep));
+    CHECK(Undo.Run());
+    CHECK(gScanRows.UBound() == 6);
+}
+
+TEST_CASE_FIXTURE(Outing, "a scan or a cut that is given up leaves everything as it was")
+{
+    REQUIRE(LoadView(Raw, ViewScanned, Data));
+    std::ofstream(Raw, std::ios::binary) << FramesFrom(0, 300);
+    Status.CancelAt = 60;
+    CHECK_FALSE(LoadView(Raw, ViewScanned, Data));
+    CHECK((gScanRows.UBound() == 6 && Status.Shown.back() == "2: "));
+    Dialogs.Files = {Folder.Path("piece.qvn")};
+    CHECK_FALSE(SaveRows(1, 3));
+    CHECK_FALSE(std::filesystem::exists(Folder.Path("piece.qvn")));
+}
+
+TEST_CASE_FIXTURE(Outing, "a failed run writes the four fields of the last sample and says so")
+{
+    REQUIRE(LoadView(Raw, ViewRaw, Data));
+    gScanStart = 60;
+    gScanStop = 90;
+    CHECK_FALSE(ProcSel(Data, {10, 60, 1000, 200, {}}));
+    const DescRow& Row = gFile.Desc[1];
+    CHECK((Row.Start == 1 && Row.Finish == 1.5 && Row.DistReal == 1000 && Row.TimeReal == 200));
+    CHECK(Dialogs.Told.at(0) == "Warning!: Could not find any cycle!");
+    CHECK(Dialogs.Told.at(1).find("were written into sample S01") != std::string::npos);
+    CHECK(ReadWhole(gCurFile)->find("S01") != std::string::npos);
+    CHECK(ProcSel(Data, {10, 500, 1000, 200, 800}));
+    CHECK((gFile.Desc.UBound() == 2 && gFile.Desc[2].RawFN == "a.qvn" && gFile.Desc[2].DistReal == 800));
+    gErgoMode = 1;
+    CHECK(ProcSel(Data, {10, 500, 1000, 200, 800}));
+    CHECK(gFile.Desc[3].DistReal == 1000);
+}
+
+TEST_CASE_FIXTURE(Outing, "splits follow one another by their durations, and one without strokes stops no other")
+{
+    REQUIRE(LoadView(Raw, ViewRaw, Data));
+    const std::tuple<const char*, const char*, std::vector<int32_t>> Tables[] = {
+        {"1", "2", {0, 221, 446}}, {"1", "3", {0, 221, 446, 599}}, {"0", "2", {0, 0, 0}}, {"1", "0", {0}}};
+    Set("gSplitsArr01", "8.8"); // sample 220 lies on it
+    Set("gSplitsArr02", "9");
+    Set("gSplitsArr03", "60");
+    for (const auto& [Par, Count, Bounds] : Tables) {
+        Set("gSplitPar", Par);
+        Set("gSplitsCnt", Count);
+        LoadSettings();
+        CHECK(FillSplits() == Bounds);
+    }
+    Set("gSplitPar", "1");
+    Set("gSplitsCnt", "3");
+    Set("gSplitsArr01", "1");
+    Set("gSplitsArr02", "12");
+    CHECK_FALSE(ProcSplits(Data, {}, [](int32_t, int32_t) { return std::nullopt; }));
+    CHECK(gFile.Desc.UBound() == 3); // the two splits behind the first
+}
