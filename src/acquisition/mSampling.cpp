@@ -217,7 +217,7 @@ void StartReplay(const std::string& Path)
 
 void SetReplayInterval(int Milliseconds)
 {
-    Timer1Interval = Milliseconds;
+    Timer1Interval = std::max(Milliseconds, 1); // a session may have no sampling period
     if (Timer1 != 0) StartTimer1();
 }
 
