@@ -2,15 +2,22 @@
 #include "core/mSampleStore.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <new>
 #include <sys/mman.h>
 #include <utility>
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
 
 namespace {
 // Doubles between the ends of neighbouring channels. A frame is written across all channels, and strides of a power
 // of two would send all those writes to the same few cache lines.
 constexpr std::size_t Pad = 8 * 9;
+
+// Doubles of a cache line: channels begin with one, so that runs of whole lines can be written without reading them.
+constexpr std::size_t Line = 8;
 
 constexpr std::size_t LargePage = std::size_t{2} << 20;
 
@@ -77,12 +84,28 @@ void SampleStore::Extend(int Count)
 void SampleStore::Reserve(int SampleCount)
 {
     if (static_cast<std::size_t>(SampleCount) <= Stride) return;
-    const std::size_t NewStride = static_cast<std::size_t>(SampleCount) + Pad;
+    const std::size_t NewStride = (static_cast<std::size_t>(SampleCount) / Line + 1) * Line + Pad;
     Block Moved = Allocate(NewStride * static_cast<std::size_t>(Channels));
     for (int Chan = 0; Chan < Channels; ++Chan)
         std::ranges::copy(Channel(Chan), Moved.get() + static_cast<std::size_t>(Chan) * NewStride);
     Values = std::move(Moved);
     Stride = NewStride;
+}
+
+// Past the caches where the processor can: a recording is larger than they are, and a line that is written whole need
+// not be read first, which saves a tenth of the reading of a recording.
+void SampleStore::Put(int Chan, int First, std::span<const double> Run)
+{
+    if (Run.empty()) return;
+    CheckIndex(First + static_cast<int>(Run.size()) - 1, static_cast<std::size_t>(Samples));
+    double* To = Channel(Chan).data() + First;
+    std::size_t Done = 0;
+#ifdef __SSE2__
+    if (reinterpret_cast<std::uintptr_t>(To) % sizeof(__m128d) == 0)
+        for (; Done + 2 <= Run.size(); Done += 2)
+            _mm_stream_pd(To + Done, _mm_loadu_pd(Run.data() + Done));
+#endif
+    std::ranges::copy(Run.subspan(Done), To + Done);
 }
 
 std::span<double> SampleStore::Channel(int Chan)

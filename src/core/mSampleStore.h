@@ -33,6 +33,9 @@ public:
     /// Adds samples of no particular value, for a caller that writes all of them at once.
     void Extend(int Count);
 
+    /// Writes Run over the samples of a channel from First on. Throws RunError outside the store.
+    void Put(int Chan, int First, std::span<const double> Run);
+
     /// Index of the last channel, -1 for a store never created.
     int ChannelUBound() const { return Channels - 1; }
 

@@ -82,7 +82,7 @@ void StoreFiller::Flush()
     for (std::size_t Chan = 0; Chan < Width; ++Chan) {
         const auto Values = std::span(Tile).subspan(Chan * Stride, Waiting);
         if (Chan > 0) CalcPhysVals(static_cast<int>(Chan), Values, State.Prev[Chan]);
-        std::ranges::copy(Values, Store.Channel(static_cast<int>(Chan)).begin() + First);
+        Store.Put(static_cast<int>(Chan), First, Values);
     }
     Waiting = 0;
 }

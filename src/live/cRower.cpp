@@ -48,6 +48,8 @@ void cRower::Load(int16_t Source)
     }
     gFirstCycle = true;
     HasKeys = false;
+    TimeText = RateText = FormatNum(0, "00.0");
+    StrokesText = FormatNum(0, "000");
     InitTargCurves();
 }
 
@@ -174,6 +176,8 @@ void cRower::CountCycle()
         gStrokeCnt = 0;
         gCycleTime = 0;
         gCycleSum = 0;
+        gRate = 0; // that of the run before is none of this one's
+        gRateAver = 0;
     } else {
         gStrokeCnt = ToInt16(gStrokeCnt + 1);
         gCycleTime = Time - LastCycleTime;

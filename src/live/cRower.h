@@ -53,9 +53,9 @@ public:
     std::span<const cData01real> Views() const { return Plots; }
 
     // The labels.
-    std::string TimeText = "00.0";
-    std::string RateText = "00.0";
-    std::string StrokesText = "000";
+    std::string TimeText;
+    std::string RateText;
+    std::string StrokesText;
 
 private:
     static void LoadFactorSettings();

@@ -11,11 +11,12 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QScreen>
 #include <QVBoxLayout>
 
 namespace {
 constexpr const char* Section = "fData01real";
-constexpr double ValueShare = 0.10; // of the panel's height: legible from three metres on a small tablet
+constexpr double ValueShare = 0.115; // of the panel's height: figures legible from three metres on a small tablet
 constexpr double CaptionShare = 0.03;
 
 // A label of the row above the plots: its value's number in the object name, and its caption.
@@ -23,10 +24,11 @@ struct LabelShape
 {
     int Index;
     const char* Caption;
+    int Share; // of the width
 };
-constexpr LabelShape Labels[] = {{0, "Time (s)"}, {2, "Stroke rate"}, {3, "Strokes"}};
+constexpr LabelShape Labels[] = {{0, "Time (s)", 4}, {2, "Stroke rate", 3}, {3, "Strokes", 3}};
 
-constexpr double WidestValue = 11; // heights of a value in the panel's width: three beside each other
+constexpr double WidestValue = 9.5; // heights of a value in the panel's width: three beside each other
 
 // As high as the panel's height asks for, and no wider than its width allows.
 void SetPixels(QLabel& Label, QSize Room, double Share)
@@ -59,6 +61,7 @@ fData01real::fData01real(int16_t Source, const std::string& RawPath)
     Panel.Load(Source);
     Panel.InitMode(RawPath);
     Surface->OnResize = [this] { Panel.Resize(); };
+    SetLive(false);
     ShowLabels();
 }
 
@@ -80,7 +83,7 @@ QWidget* fData01real::BuildLabels()
             Label->setMinimumWidth(1);
             Pair->addWidget(Label);
         }
-        Layout->addLayout(Pair, 1);
+        Layout->addLayout(Pair, Labels[i].Share);
     }
     return Strip;
 }
@@ -91,6 +94,9 @@ void fData01real::SizeLabels()
         SetPixels(*lbLabs[i], Body->size(), CaptionShare);
         SetPixels(*lbData[i], Body->size(), ValueShare);
     }
+    // At once: the plots would be drawn a second time when the labels take their place later.
+    lbData[0]->parentWidget()->layout()->activate();
+    Body->layout()->activate();
 }
 
 void fData01real::ShowLabels()
@@ -106,10 +112,21 @@ void fData01real::DrawData()
     ShowLabels();
 }
 
+// What a recording gave is as good while it is held.
 void fData01real::SetLive(bool Live)
 {
+    const bool IsGood = Live || gFromFile || IsTableSource(Mode);
+    Surface->setEnabled(IsGood);
     for (QLabel* Label : lbData)
-        Label->setEnabled(Live);
+        Label->setEnabled(IsGood);
+}
+
+void fData01real::NewSession()
+{
+    InitTargets();
+    Panel.Load(Mode);
+    Panel.Resize();
+    ShowLabels();
 }
 
 void fData01real::DoAction(int Code)
@@ -142,11 +159,14 @@ void fData01real::ToggleFullScreen()
         Body->show();
         setFocus();
     } else {
+        const QRect Place = screen()->geometry(); // where nobody manages windows it would keep its size
         Body->setParent(nullptr, Qt::Window);
+        Body->setGeometry(Place);
         Body->showFullScreen();
         Body->activateWindow();
         Body->setFocus();
     }
+    SizeLabels(); // labels come to another parent with its letters
 }
 
 bool fData01real::eventFilter(QObject* Watched, QEvent* Event)
@@ -188,9 +208,11 @@ void fData01real::Unload()
 
 void fData01real::closeEvent(QCloseEvent* Event)
 {
+    const bool WasLogging = gLogging;
+    if (WasLogging && !AskYesNo("A recording is running. Stop it and close the panel?", TitleWarning))
+        return Event->ignore();
     KeepPlace(*this, Section);
     Panel.Unload();
-    const bool WasLogging = gLogging;
     if (WasLogging) StopAll();
     qDataWindow::closeEvent(Event);
     if (WasLogging && Mode < 16 && OnRecorded) OnRecorded(gRawFN);

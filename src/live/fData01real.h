@@ -28,6 +28,7 @@ public:
     void DoAction(int Code) override;
     void SetLive(bool Live) override;
     void Unload() override;
+    void NewSession() override;
 
 protected:
     bool eventFilter(QObject* Watched, QEvent* Event) override;

@@ -193,9 +193,9 @@ TEST_CASE("live writes the stroke numbers of every stroke that the recording hol
     const std::string Text = Folder.Bytes("live.tsv");
     CHECK(Text.starts_with("Frame\tTime\tStroke\tCycle\tRate\tRateAver\tRow\tID\tKey\tValue\n"));
     // The first start arms the clock; twelve rowed strokes follow it, each with a score on the model.
-    CHECK(Text.find("\t0\t0\t0\t0\t1\tRight\tMod\t0\n") != std::string::npos);
+    CHECK(Text.find("\t0\t0\t0\t0\t4\tStyle\tMod\t0\n") != std::string::npos);
     std::size_t Scores = 0;
-    for (auto At = Text.find("Right\tAt\t"); At != std::string::npos; At = Text.find("Right\tAt\t", At + 1))
+    for (auto At = Text.find("Style\tAt\t"); At != std::string::npos; At = Text.find("Style\tAt\t", At + 1))
         ++Scores;
     CHECK(Scores == 12);
 }

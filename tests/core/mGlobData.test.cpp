@@ -63,6 +63,14 @@ TEST_CASE("the sample store keeps what it holds when it grows and shrinks")
     CHECK(Store(2, 500) == 20500);
     CHECK(Store(2, 501) == 0);
     CHECK(Store.Channel(3)[499] == 30499);
+    const std::vector<double> Run = {1, 2, 3, 4, 5};
+    for (const int First : {0, 7, 596}) {
+        Store.Put(1, First, Run);
+        for (int i = 0; i < 5; ++i)
+            CHECK(Store(1, First + i) == i + 1);
+    }
+    CHECK(Store(1, 5) == 10005);
+    CHECK_THROWS_AS(Store.Put(1, 597, Run), RunError);
     CHECK_THROWS_AS(Store(4, 0), RunError);
     CHECK_THROWS_AS(Store(0, 601), RunError);
     CHECK_THROWS_AS(Store(-1, 0), RunError);

@@ -13,6 +13,18 @@
 #include <QAction>
 #include <QTest>
 
+/// A frame of a slave with eight channels: sync, head, time in ms, seven bytes that nobody reads, channels, end.
+inline QByteArray MakeFrame(int Time, int Count)
+{
+    QByteArray Bytes("\x80\x00\x1c\x00", 4);
+    for (int i = 0; i < 5; ++i, Time /= 128)
+        Bytes.append(static_cast<char>(Time % 128));
+    Bytes.append(7, '\0');
+    for (int i = 0; i < 8; ++i)
+        Bytes.append(static_cast<char>(Count % 128)).append(static_cast<char>(Count / 128));
+    return Bytes.append('\0');
+}
+
 struct ShellState : FreshState
 {
     qClock Clock;

@@ -1,11 +1,13 @@
 // The rower's panel as a window: labels, keys, targets, full screen, and what becomes of a running recording.
 #include "live/fData01real.h"
 #include "ShellState.h"
+#include "acquisition/mFrame.h"
 #include "core/mGlobData.h"
 #include "core/mIni.h"
 #include "files/mRawLog.h"
 #include "files/mSafeSave.h"
 #include "files/mTextIO.h"
+#include "support/SurfaceLog.h"
 
 #include <QLabel>
 
@@ -38,6 +40,22 @@ struct Panel : ShellState
     }
 
     int Frame = 0;
+};
+
+/// Notes what the labels show at each stroke.
+struct Watcher : cDataWindow
+{
+    explicit Watcher(Panel& InitOn) : cDataWindow(DataTag), On(InitOn) {}
+    void DrawData() override
+    {
+        const std::string Now = Plain(On.Label("lbData_2") + " " + On.Label("lbData_3"));
+        if (!gFirstCycle && (Strokes.empty() || Strokes.back() != Now)) Strokes.push_back(Now);
+    }
+    void SetLive(bool) override {}
+    void Unload() override {}
+
+    Panel& On;
+    Texts Strokes;
 };
 } // namespace
 
@@ -114,4 +132,58 @@ TEST_CASE_FIXTURE(Panel, "closing the panel ends a running recording and hands i
     CHECK(!gLogging);
     CHECK(Recorded == gRawFN);
     CHECK(!Recorded.empty());
+}
+
+TEST_CASE_FIXTURE(Panel, "another session goes on in the panel, and a running recording ends only when one agrees")
+{
+    Choose("mnuSampleRower");
+    Row(100);
+    CHECK(Label("lbData_3") != "000");
+    StartLog();
+    REQUIRE(SaveWhole(Folder.Path("eight.txt"), *ReadWhole(SOURCE_FOLDER "/demo/eight.txt")));
+    Main.OpenFile(Folder.Path("eight.txt"));
+    CHECK(gLogging);
+    CHECK(Label("lbData_3") == "000");
+    CHECK(gFile.View1.UBound() == 16);
+    Row(100);
+    CHECK(Label("lbData_3") == "002");
+    Dialogs.AnswerYes = false;
+    QTest::keyClick(&Window(), Qt::Key_Escape);
+    QTest::qWait(5);
+    CHECK(gLogging);
+    CHECK(Window().Tag == DataTag);
+}
+
+TEST_CASE_FIXTURE(Panel, "a replay shows the strokes that the panel without a window finds in the recording")
+{
+    gFile.Model = 67;
+    gFile.ChanCnt = 8;
+    gKeyChan = 1;
+    gFile.KeyThres = static_cast<float>(gFile.Calibr[1].Q0 + 64 * gFile.Calibr[1].Q1);
+    std::string Bytes;
+    for (int i = 0, Phase = 0; i < 300; ++i, Phase += 5 + i / 60) // ever faster
+        Bytes += MakeFrame(i * 40, 64 + static_cast<int>(60 * std::sin(Phase / 40.0))).toStdString();
+    const std::string Path = Folder.Path("piece.qvn");
+    REQUIRE(SaveWhole(Path, Bytes));
+
+    SurfaceLog Screen(1000, 600);
+    cRower Rower(Screen);
+    Rower.Load();
+    Rower.InitMode();
+    Texts Expected;
+    RawFile File;
+    REQUIRE(File.Open(Path));
+    CreateData();
+    while (const auto Taken = File.Take()) {
+        if (!DecodeFrame(FrameRoad::Replay, *Taken)) continue;
+        Rower.DrawData();
+        if (Rower.NewStroke()) Expected.push_back(Rower.RateText + " " + Rower.StrokesText);
+    }
+    REQUIRE(Expected.size() > 5);
+
+    Dialogs.Files = {Path};
+    Choose("mnuPlayRawRower");
+    Watcher Seen(*this);
+    REQUIRE(QTest::qWaitFor([] { return !gReplaying; }, 20000));
+    CHECK(Seen.Strokes == Expected);
 }

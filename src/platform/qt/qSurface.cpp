@@ -12,6 +12,8 @@
 #include <cstring>
 
 namespace {
+const QColor Veil(243, 245, 247, 150);
+
 // Milliseconds from a change to the screen.
 int RefreshDelay()
 {
@@ -199,6 +201,7 @@ void qSurface::paintEvent(QPaintEvent* Event)
     for (const QRect& Part : Event->region())
         Screen.drawImage(QRectF(Part), Picture,
                          QRectF(Part.left() * Ratio, Part.top() * Ratio, Part.width() * Ratio, Part.height() * Ratio));
+    if (!isEnabled()) Screen.fillRect(Event->rect(), Veil);
 }
 
 void qSurface::resizeEvent(QResizeEvent*)

@@ -1,4 +1,5 @@
-// A widget with a picture that stays: drawing goes to the picture, changed parts to the screen once a refresh.
+// A widget with a picture that stays: drawing goes to the picture, changed parts to the screen once a refresh, under a
+// veil while the widget is disabled.
 #pragma once
 
 #include "platform/qt/qPencil.h"

@@ -1,0 +1,74 @@
+// The sample path of the rower's panel asks for no memory.
+#include "core/mIni.h"
+#include "live/cRower.h"
+#include "platform/plain/sSurface.h"
+#include "support/Case.h"
+
+#include <cstdlib>
+#include <new>
+
+namespace {
+long Allocations = 0;
+}
+
+void* operator new(std::size_t Bytes)
+{
+    ++Allocations;
+    if (void* Place = std::malloc(Bytes)) return Place;
+    throw std::bad_alloc();
+}
+
+void operator delete(void* Place) noexcept
+{
+    std::free(Place);
+}
+
+void operator delete(void* Place, std::size_t) noexcept
+{
+    std::free(Place);
+}
+
+TEST_CASE_FIXTURE(FreshState, "a sample through twenty rows asks for no memory within a stroke")
+{
+    gFile = {};
+    gFile.ChanCnt = 20;
+    gFile.TimeStep = 0.01;
+    for (int i = 1; i <= 20; ++i) {
+        CalibrRow& Channel = gFile.Calibr.Grow();
+        Channel.Chan = static_cast<int16_t>(i);
+        Channel.ParamID = "C" + FormatNum(i, "0");
+        Channel.Mode = static_cast<int16_t>(i % 2);
+        Channel.Q1 = 1;
+        ViewRow& View = gFile.View1.Grow();
+        View.Mode = static_cast<int16_t>(i % 2);
+        View.Oper = static_cast<int16_t>(i % 9);
+        View.MaxXPar = View.MaxYPar = 3000;
+        View.Y1 = View.Y2 = 100;
+        View.Arguments = "C1," + Channel.ParamID + ",C2,C3,C4";
+        View.Functions = i % 4 == 0 ? "Mod,U1,U2,D3,At" : "MinX,MaxY,Catch";
+    }
+    gKeyChan = 1;
+    gFile.KeyThres = 500;
+    gKeyMode = 1;
+    gIsCurves = gIsValue = gIsScore = gIsInd = gIsGrid = true;
+    sSurface Screen(1280, 800);
+    cRower Panel(Screen);
+    Panel.Load();
+    Panel.Resize();
+    int Starts = 0;
+    long InStrokes = 0;
+    for (int i = 0; i < 500; ++i) {
+        gSampleTime = gData[0] = i * 0.01;
+        for (std::size_t Chan = 1; Chan <= 20; ++Chan)
+            gData[Chan] = (i * 10 + static_cast<int>(Chan)) % 1000;
+        const long Before = Allocations;
+        Panel.DrawData();
+        if (Panel.NewStroke())
+            ++Starts;
+        else
+            InStrokes += Allocations - Before;
+    }
+    CHECK(Starts == 5);
+    CHECK(Allocations > 0);
+    CHECK(InStrokes == 0);
+}
