@@ -5,6 +5,7 @@
 #include "core/mHost.h"
 #include "core/mNumText.h"
 #include "core/mSettings.h"
+#include "processing/mGlobFunc.h"
 #include "processing/mNorm.h"
 #include "processing/mOper.h"
 
@@ -92,8 +93,19 @@ void cReport::MakeObjects(std::vector<cData03report>& Objs, int ObjKind, int32_t
             Plot.InitViewID(Row, ObjKind, First, Last);
             return true;
         });
-        if (Success && Plot.Visible()) Objs.push_back(std::move(Plot));
+        if (!Success || !Plot.Visible()) continue;
+        CheckArguments(What, Plot.Row());
+        Objs.push_back(std::move(Plot));
     }
+}
+
+// An argument without a channel counts as 0. The name None says that this is meant.
+void cReport::CheckArguments(const std::string& What, const ViewRow& Row)
+{
+    const auto Names = SplitStr(Row.Arguments);
+    for (std::size_t Arg = Row.Mode == 1 ? 0 : 1; Arg < Names.size(); ++Arg)
+        if (!Names[Arg].empty() && Names[Arg] != "None" && FindChan(gFile.Calibr, Names[Arg]) < 1)
+            Notes.push_back(What + ": the session has no channel " + Names[Arg] + ", which counts as 0 here");
 }
 
 // Columns are the sample's rows in their order, whatever they are called: where the session's channels have another
@@ -170,8 +182,9 @@ std::vector<const cData03report*> cReport::Shown() const
 std::vector<ReportLine> cReport::PrintReport() const
 {
     std::vector<ReportLine> Lines;
+    const Quantity Position = {"", "pt"}; // a point of the pattern
     for (const cData03report& Plot : NormObjs)
         if (auto Values = Plot.GetFuncs(); !Values.empty())
-            Lines.push_back({Plot.Row().ID, Plot.X(), Plot.Y(), std::move(Values)});
+            Lines.push_back({Plot.Row().ID, Plot.Row().Mode == 0 ? Position : Plot.X(), Plot.Y(), std::move(Values)});
     return Lines;
 }

@@ -21,7 +21,7 @@ constexpr int Letters = 12;
 constexpr int LineHeight = 18;
 constexpr double LeastKey = 61, MostKey = 90; // width of a column
 constexpr double BlockGap = 20;
-constexpr double MostTable = 400; // of the first page: the plots come first
+constexpr double MostTable = 500; // of the first page: the plots come first
 
 // The text, cut at its end where it is too wide.
 std::string Fitting(const iSurface& Surface, const std::string& Text, int Size, double Width, bool Bold = false)

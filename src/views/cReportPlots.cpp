@@ -227,13 +227,14 @@ void DrawTitle(iSurface& Surface, const Plot& Each)
     Surface.Text(Left, Top, Name);
     Surface.SetFont(Letters);
     Surface.SetPen(SoftInk);
-    if (NameWidth + OverWidth + 8 < Each.Frame.Width()) Surface.Text(Left + NameWidth, Top + 1, Over);
+    const bool HasOver = NameWidth + OverWidth + 8 < Each.Frame.Width();
+    if (HasOver) Surface.Text(Left + NameWidth, Top + 1, Over);
     const std::vector<Entry> Entries = LegendOf(Surface, Each);
     if (Each.Rows.size() == 1 && Entries[0].Text == Name) return;
-    double Length = 24;
+    double Length = 24 + NameWidth + (HasOver ? OverWidth : 0);
     for (const Entry& Part : Entries)
         Length += Part.Width;
-    const bool FitsBehind = NameWidth + OverWidth + Length < Each.Frame.Width();
+    const bool FitsBehind = Length < Each.Frame.Width();
     if (!FitsBehind && Each.LegendElsewhere) return;
     DrawLegend(Surface, Each, Entries,
                FitsBehind ? Top + 1 : Each.Frame.Top + 5.0 + (Each.TitleInside ? LineHeight : 0));

@@ -99,7 +99,9 @@ TEST_CASE_FIXTURE(ReportState, "what a report cannot show is told on the page, a
 {
     Add("Bad", 0, 0, 50, 0, 50, "A1,H9,H1", "").Oper = 8;
     Add("None", 0, 0, 50, 0, 50, "", "MaxY");
+    gFile.View3[2].Arguments = "None,H1,H7";
     Texts Page = Lines(ReportStored);
+    CHECK(Count(Page, "Row 2 (Course): the session has no channel H7") == 1);
     CHECK(Count(Page, "Row 3 (Bad) failed: ") == 1);
     CHECK(Count(Page, "polyline") == 2);
     std::swap(gFile.Data[1], gFile.Data[2]);
