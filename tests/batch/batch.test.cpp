@@ -225,3 +225,25 @@ TEST_CASE("the patterns of a sample come as a table, as they stand in the sessio
     CHECK(Folder.Batch({"patterns", "single.txt", "S02", "none.csv"}).Exit == 1);
     CHECK(Folder.Bytes("none.csv") == "(none)");
 }
+
+#ifdef SKARVELIN_DESKTOP
+TEST_CASE("a sample's report is the same each time, in every form, and a sample that is not there leaves no file")
+{
+    const Bench Folder;
+    Folder.Record("a.qvn", "3");
+    REQUIRE(Folder.Batch({"process", "single.txt", "a.qvn"}).Exit == 0);
+    for (const char* Ending : {".pdf", ".svg", ".png"}) {
+        CAPTURE(Ending);
+        const std::string First = std::string("first") + Ending;
+        const std::string Second = std::string("second") + Ending;
+        CHECK(Folder.Batch({"report", "single.txt", "S01", First}).Exit == 0);
+        CHECK(Folder.Batch({"report", "single.txt", "S01", Second}).Exit == 0);
+        CHECK(Folder.Bytes(First).size() > 10000);
+        CHECK(Folder.Bytes(First) == Folder.Bytes(Second));
+    }
+    CHECK(Folder.Batch({"report", "single.txt", "S09", "none.pdf"}).Exit == 1);
+    CHECK(Folder.Batch({"report", "single.txt", "S01", "none.doc"}).Exit == 1);
+    CHECK_FALSE(std::filesystem::exists(Folder.Path("none.pdf")));
+    CHECK_FALSE(std::filesystem::exists(Folder.Path("none.doc")));
+}
+#endif
