@@ -151,7 +151,8 @@ bool fDoCalibr::TakeLetter(int Key)
         Obey(cmdStop);
         return true;
     case Qt::Key_S:
-        Guard("Calibration", [&] { return Calibr.SaveData(); });
+        if (Guard("Calibration", [&] { return Calibr.SaveData(); }))
+            UpdateStatus("The calibration is saved, its points are not: " + gCurFile);
         ShowTexts();
         return true;
     case Qt::Key_D:

@@ -4,6 +4,7 @@
 #include "acquisition/mComFast.h"
 #include "core/mHost.h"
 #include "core/mIni.h"
+#include "platform/qt/qMnemonics.h"
 #include "platform/qt/qPlace.h"
 #include "platform/qt/qText.h"
 
@@ -56,6 +57,7 @@ fDoReZero::fDoReZero(bool CalibratorMode)
     Layout->addWidget(State, 3, 0, 1, 2);
     Layout->setRowStretch(1, 1);
     Layout->setColumnStretch(1, 1);
+    TakeMnemonics(*this);
     setFocusPolicy(Qt::StrongFocus);
     ShowState(CalibratorMode ? "Start the data; leave the calibrator unloaded." : Resting);
     ShowRows();
