@@ -1,10 +1,12 @@
-// skarvelin-demo FOLDER [--size WIDTHxHEIGHT] [--picture FILE] COMMAND...: the desktop program with its ini file and
-// settings in FOLDER, for demonstrations and for pictures of its windows. A command is the name of a menu entry or of a
-// button of the window in front, NAME=TEXT to type into a box, key:NAME to press a key, wait:MILLISECONDS.
+// skarvelin-demo FOLDER [--file FILE]... [--size WIDTHxHEIGHT] [--picture FILE] COMMAND...: the desktop program with
+// its ini file and settings in FOLDER, for demonstrations and for pictures of its windows. A command is the name of a
+// menu entry or of a button of the window in front, NAME=TEXT to type into a box, key:NAME to press a key,
+// wait:MILLISECONDS. Each FILE answers a question for a file.
 #include "acquisition/mComFast.h"
 #include "acquisition/mSampling.h"
 #include "app/qProgram.h"
 #include "core/mGlobData.h"
+#include "core/mHost.h"
 #include "platform/qt/qText.h"
 
 #include <QAbstractButton>
@@ -18,6 +20,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <utility>
 
 namespace {
 constexpr int FramesForPicture = 300;     // more than a sweep of the traces
@@ -52,6 +55,19 @@ QImage Seen(QWidget& Window)
     }
     return Picture.toImage();
 }
+
+// The program's dialogs, with files that the command line gives and proposed answers taken as they are.
+class DemoDialogs : public qDialogs
+{
+public:
+    QStringList Files;
+
+    std::optional<std::string> ExecComDlg(const std::string& Title, const std::string& Ext, eFileMode Mode,
+                                          const std::string& Folder) override
+    {
+        return Files.isEmpty() ? qDialogs::ExecComDlg(Title, Ext, Mode, Folder) : Plain(Files.takeFirst());
+    }
+};
 
 // Runs the menu command of that name, or presses the button of that name in the window that is in front.
 void Press(QWidget& Window, const QString& Name)
@@ -102,7 +118,7 @@ void TakePicture(QWidget& Window, const QString& Path)
     QObject::connect(Look, &QTimer::timeout, &Window, [&Window, Path, Look, Waited = 0]() mutable {
         const bool IsStill = gLinkWatch.State() == cLinkWatch::eState::Closed && !gReplaying;
         Waited = IsStill ? Waited + LookMs : 0;
-        if (gFrameCnt < FramesForPicture && Waited < StillMs) return;
+        if (IsStill ? Waited < StillMs : gFrameCnt < FramesForPicture) return;
         Look->stop();
         QApplication::exit(InFewColours(Seen(Window)).save(Path, "PNG", 0) ? 0 : 1);
     });
@@ -119,12 +135,19 @@ int main(int Count, char** Args)
     QApplication Toolkit(Count, Args);
     QStringList Words = QApplication::arguments().mid(1);
     if (Words.isEmpty()) {
-        std::fputs("usage: skarvelin-demo FOLDER [--size WIDTHxHEIGHT] [--picture FILE] COMMAND...\n", stderr);
+        std::fputs("usage: skarvelin-demo FOLDER [--file FILE]... [--size WIDTHxHEIGHT] [--picture FILE] COMMAND...\n",
+                   stderr);
         return 2;
     }
     const std::string Folder = Plain(Words.takeFirst()) + "/";
     qProgram Program(Folder + "settings.ini");
     Program.Start(Folder);
+    DemoDialogs Dialogs;
+    iDialogs* const Former = std::exchange(gHost.Dialogs, &Dialogs);
+    while (Words.size() > 1 && Words[0] == "--file") {
+        Dialogs.Files << Words[1];
+        Words = Words.mid(2);
+    }
     QSize Size(1280, 800);
     if (Words.size() > 1 && Words[0] == "--size") {
         const QStringList Sides = Words[1].split('x');
@@ -145,5 +168,7 @@ int main(int Count, char** Args)
             QTimer::singleShot(Delay += CommandMs, &Program.Main(), [&Program, Word] { Obey(Program.Main(), Word); });
     if (!Picture.isEmpty())
         QTimer::singleShot(Delay, &Program.Main(), [&Program, Picture] { TakePicture(Program.Main(), Picture); });
-    return QApplication::exec();
+    const int Exit = QApplication::exec();
+    gHost.Dialogs = Former;
+    return Exit;
 }

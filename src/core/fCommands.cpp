@@ -18,6 +18,7 @@
 #include "platform/qt/qIcons.h"
 #include "platform/qt/qPlace.h"
 #include "records/fTargets.h"
+#include "views/fData02view.h"
 #include "views/fData03report.h"
 #include "views/fSamples.h"
 #include "views/fSwap.h"
@@ -27,6 +28,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <memory>
 
 namespace {
 template <class Window>
@@ -65,6 +67,7 @@ fData01real& ShowRower(frmMain& Main)
     const auto Count = LoadedWindows().size();
     auto& Panel = ShowOne<fData01real>(Main);
     if (LoadedWindows().size() > Count) RestorePlace(Panel, "fData01real", Main.AreaSize());
+    Panel.OnRecorded = [&Main](const std::string& Path) { OpenDataView(Main, Path, DataRaw); };
     Main.Activate(Panel);
     return Panel;
 }
@@ -72,6 +75,12 @@ fData01real& ShowRower(frmMain& Main)
 void TellPlaying(const std::string& Path)
 {
     UpdateStatus("Playing Sample from file " + std::filesystem::path(Path).filename().string());
+}
+
+void AskAndView(frmMain& Main, const char* Title, const char* Ext, int16_t Mode)
+{
+    const std::string Path = ExecComDlg(Title, Ext, eFileMode::In, gCurDir);
+    if (!Path.empty()) OpenDataView(Main, Path, Mode);
 }
 
 // A recording that is played wants a window to be seen in.
@@ -179,6 +188,43 @@ void ViewTypical(frmMain& Main)
     auto* Chooser = new dSamples(&Main);
     Chooser->OnChosen = [](int16_t Sample) { OpenReport(ReportStored, Sample, 0, 0); };
     Chooser->open();
+}
+
+// One view at a time, since it shows the one sample store; the former one may ask to stay.
+void OpenDataView(frmMain& Main, const std::string& FileName, int16_t Mode)
+{
+    if (auto* Open = Main.findChild<QWidget*>("fData02view")) {
+        QWidget* Frame = Open->parentWidget();
+        if (!Frame->close()) return;
+        Open->setObjectName({});
+    }
+    auto View = std::make_unique<fData02view>();
+    if (!View->InitData(FileName, Mode)) return;
+    View->OnPlot = [] { OpenReport(ReportTypical, 0, 0, 0); };
+    fData02view* Shown = View.release();
+    Main.AddWindow(Shown);
+    RestorePlace(*Shown, "fData02view", Main.AreaSize());
+    Main.Activate(*Shown);
+}
+
+void ViewRawFile(frmMain& Main)
+{
+    AskAndView(Main, "Raw Files to Load", "qvn", DataRaw);
+}
+
+void ViewPrimaryFile(frmMain& Main)
+{
+    AskAndView(Main, "Primary Files to Load", "1*", DataPrimary);
+}
+
+void ViewLoggerFile(frmMain& Main)
+{
+    AskAndView(Main, "Skarvelin Data Files", "qvn", DataLogger);
+}
+
+void ViewScannedFile(frmMain& Main)
+{
+    AskAndView(Main, "Skarvelin Data Files", "qvn", DataScanned);
 }
 
 void CorrectVars(frmMain& Main)

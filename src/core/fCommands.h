@@ -1,6 +1,9 @@
 // What the main window's commands do, each by handing on to the module or window that does the work.
 #pragma once
 
+#include <cstdint>
+#include <string>
+
 class frmMain;
 
 void FileOpen(frmMain& Main);
@@ -20,6 +23,14 @@ void AutoReZero(frmMain& Main);
 
 /// Asks for a stored sample and opens its report.
 void ViewTypical(frmMain& Main);
+
+void ViewRawFile(frmMain& Main);
+void ViewPrimaryFile(frmMain& Main);
+void ViewLoggerFile(frmMain& Main);
+void ViewScannedFile(frmMain& Main);
+
+/// Opens the data view on a file; Mode is the kind of data. Nothing is shown when it cannot be loaded (told).
+void OpenDataView(frmMain& Main, const std::string& FileName, int16_t Mode);
 
 void CorrectVars(frmMain& Main);
 void SampleRower(frmMain& Main);

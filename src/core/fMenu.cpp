@@ -12,7 +12,6 @@ constexpr const char* WithOptions = "Comes with the options";
 constexpr const char* WithSetUp = "Comes with the logger set-up";
 constexpr const char* WithGrid = "Comes with the record grid";
 constexpr const char* WithPanels = "Comes with the live panels";
-constexpr const char* WithViews = "Comes with the data view";
 constexpr const char* WithPlay = "Comes with the play view";
 constexpr const char* WithVideo = "Comes with the video windows";
 constexpr const char* NotUsed = "Not in use";
@@ -58,10 +57,10 @@ constexpr MenuItem Items[] = {
     {"mnuSample", "mnuSampleCoach", "C&oach's Panel", nullptr, nullptr, WithPanels},
     {"mnuSample", "mnuSampleTwoPanels", "&All Panels", nullptr, nullptr, WithPanels},
 
-    {"mnuView", "mnuViewQVN", "Read Skarvelin file", nullptr, nullptr, WithViews},
-    {"mnuView", "mnuViewScanQVN", "Scan Skarvelin file", nullptr, nullptr, WithViews},
-    {"mnuView", "mnuViewRaw", "&Raw...", nullptr, nullptr, WithViews},
-    {"mnuView", "mnuViewPrim", "&Primary...", nullptr, nullptr, WithViews},
+    {"mnuView", "mnuViewQVN", "Read Skarvelin file", nullptr, ViewLoggerFile, nullptr},
+    {"mnuView", "mnuViewScanQVN", "Scan Skarvelin file", nullptr, ViewScannedFile, nullptr},
+    {"mnuView", "mnuViewRaw", "&Raw...", nullptr, ViewRawFile, nullptr},
+    {"mnuView", "mnuViewPrim", "&Primary...", nullptr, ViewPrimaryFile, nullptr},
     {"mnuView", "mnuViewTyp", "&Typical", nullptr, ViewTypical, nullptr},
     {"mnuView", "mnuViewSwap", "Correct Vars", nullptr, CorrectVars, nullptr},
 

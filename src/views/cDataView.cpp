@@ -58,6 +58,62 @@ void cDataView::ScrollTo(double Sample)
     FirstSample = static_cast<int32_t>(std::clamp<double>(std::trunc(Sample), 0, std::max(LastSample(), 0)));
 }
 
+void cDataView::Scroll(int Value)
+{
+    ScrollTo(static_cast<double>(Value) / ScrollMax * LastSample());
+}
+
+int cDataView::ScrollValue() const
+{
+    return static_cast<int>(RoundHalfEven(SafeDiv(static_cast<double>(FirstSample) * ScrollMax, LastSample())));
+}
+
+int cDataView::ScrollPage()
+{
+    const double Page = ScrollMax * SafeDiv(static_cast<double>(gXScale) * Steps, LastSample());
+    return static_cast<int>(std::clamp(Page, 1.0, static_cast<double>(ScrollMax)));
+}
+
+void cDataView::ScrollToEnd()
+{
+    ScrollTo(LastSample() - static_cast<double>(gXScale) * Steps);
+}
+
+bool cDataView::Select(double X1, double X2)
+{
+    const auto Within = [](int32_t Sample) { return std::clamp(Sample, 0, std::max(LastSample(), 0)); };
+    const int32_t From = Within(RawXtoLog(std::min(X1, X2))), To = Within(RawXtoLog(std::max(X1, X2)));
+    if (From == To) return false;
+    SelStart = From;
+    SelStop = To;
+    return true;
+}
+
+bool cDataView::SetCursor(double X)
+{
+    const int32_t Sample = RawXtoLog(X);
+    if (Sample < 0 || Sample > LastSample()) return false;
+    Cursor = Sample;
+    return true;
+}
+
+std::string cDataView::PointerText(double X, double Y) const
+{
+    const int32_t Sample = RawXtoLog(X);
+    const ViewBand* Band = BandAt(Y);
+    if (!Band || X < MarginX || Sample < 0 || Sample > LastSample()) return {};
+    return BandText(*Band, Sample) + "  at " + FormatNum(gRaw(0, Sample), "0.00") + " s";
+}
+
+void cDataView::Clip()
+{
+    const int32_t Last = std::max(LastSample(), 0);
+    SelStart = std::clamp(SelStart, 0, Last);
+    SelStop = std::clamp(SelStop, 0, Last);
+    if (Cursor > Last) Cursor = -1;
+    FirstSample = std::clamp(FirstSample, 0, Last);
+}
+
 int32_t cDataView::RawXtoLog(double X) const
 {
     return static_cast<int32_t>(gXScale * std::trunc((X - MarginX) / StepX)) + FirstSample;

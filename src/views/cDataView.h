@@ -69,6 +69,27 @@ public:
     /// Puts Sample at the left edge, within the store.
     void ScrollTo(double Sample);
 
+    // The scroll bar runs from 0 to ScrollMax over the whole store.
+    static constexpr int ScrollMax = 10000;
+    void Scroll(int Value);
+    int ScrollValue() const;
+    static int ScrollPage();
+
+    /// Puts the end of the store at the right edge.
+    void ScrollToEnd();
+
+    /// Selects the samples between two places, within the store. False when they are one and the same.
+    bool Select(double X1, double X2);
+
+    /// Puts the cursor on the sample at a place. False when there is none.
+    bool SetCursor(double X);
+
+    /// Name and value of the band and time of the sample at a place, empty outside the plot.
+    std::string PointerText(double X, double Y) const;
+
+    /// Puts selection, cursor and left edge back into a store that has changed.
+    void Clip();
+
     /// Sample at a place, by the stretch that each of the points stands for.
     int32_t RawXtoLog(double X) const;
 

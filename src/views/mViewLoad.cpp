@@ -56,12 +56,12 @@ bool ReadPrimary(const std::string& Path, ViewData& Data)
 bool LoadKind(const std::string& Path, int16_t Mode, ViewData& Data)
 {
     switch (Mode) {
-    case ViewRaw:
-    case ViewLogger:
+    case DataRaw:
+    case DataLogger:
         return ReadFrames(Path, 0, 0, "Scan it to reach the rest.", Data);
-    case ViewPrimary:
+    case DataPrimary:
         return ReadPrimary(Path, Data);
-    case ViewScanned:
+    case DataScanned:
         return Scan(Path);
     default:
         return true;
@@ -71,11 +71,11 @@ bool LoadKind(const std::string& Path, int16_t Mode, ViewData& Data)
 std::string CaptionOf(const ViewData& Data)
 {
     switch (Data.Mode) {
-    case ViewRaw:
+    case DataRaw:
         return "Raw Data in " + Data.FileName;
-    case ViewPrimary:
+    case DataPrimary:
         return "Primary Data in " + Data.FileName;
-    case ViewTypical:
+    case DataTypical:
         return "Typical Patterns";
     default:
         return "Skarvelin Data in " + Data.FileName;
@@ -91,9 +91,9 @@ bool LoadView(const std::string& FileName, int16_t Mode, ViewData& Data)
     New.Caption = CaptionOf(New);
     if (!LoadKind(FileName, Mode, New)) return false;
     LoadSetting("StdFilter");
-    if (Mode != ViewPrimary && Mode != ViewTypical) gRawFN = FileName;
-    if (Mode == ViewRaw || Mode == ViewPrimary)
-        New.DescIdx = FindDesc(gFile, New.FileName, Mode == ViewRaw ? DescKey::RawFN : DescKey::PrimFN);
+    if (Mode != DataPrimary && Mode != DataTypical) gRawFN = FileName;
+    if (Mode == DataRaw || Mode == DataPrimary)
+        New.DescIdx = FindDesc(gFile, New.FileName, Mode == DataRaw ? DescKey::RawFN : DescKey::PrimFN);
     if (New.DescIdx >= 1 && gFile.SampleCnt >= 1) {
         New.DistText = FormatNum(gFile.Desc[New.DescIdx].DistReal, "0.0");
         New.TimeText = FormatNum(gFile.Desc[New.DescIdx].TimeReal, "0.0");

@@ -8,11 +8,11 @@
 /// Kinds of data.
 enum eViewMode : int16_t
 {
-    ViewRaw = 0,      // a raw file read whole
-    ViewPrimary = 1,  // an old binary sample file
-    ViewTypical = 2,  // the typical pattern in memory: nothing to load
-    ViewLogger = 61,  // a raw file read whole under the name gRawFN
-    ViewScanned = 62, // a raw file scanned for strokes
+    DataRaw = 0,      // a raw file read whole
+    DataPrimary = 1,  // an old binary sample file
+    DataTypical = 2,  // the typical pattern in memory: nothing to load
+    DataLogger = 61,  // a raw file read whole under the name gRawFN
+    DataScanned = 62, // a raw file scanned for strokes
 };
 
 /// Where the samples of gRaw are in the recording gRawFN, for saving their frames.
@@ -25,7 +25,7 @@ struct FrameMap
 /// What was loaded.
 struct ViewData
 {
-    int16_t Mode = ViewRaw;
+    int16_t Mode = DataRaw;
     std::string FileName; // without folder
     std::string Caption;
     int DescIdx = -1;     // row of gFile.Desc of the file, below 1 when there is none
@@ -33,7 +33,7 @@ struct ViewData
     std::string TimeText;
     FrameMap Map;
 
-    bool HasStrokeTable() const { return Mode == ViewScanned; }
+    bool HasStrokeTable() const { return Mode == DataScanned; }
 };
 
 /// Loads FileName as that kind of data into gRaw or gScanRows, and the setting StdFilter. False when that fails or is

@@ -34,7 +34,7 @@ bool RunAndSave(const ViewData& Data, int32_t Start, int32_t Stop)
     }
     SaveNormSample(gProcRuns, "Sample ");
     DescRow& Sample = gFile.Desc[gFile.Desc.UBound()];
-    (Data.Mode == ViewPrimary ? Sample.PrimFN : Sample.RawFN) = Data.FileName;
+    (Data.Mode == DataPrimary ? Sample.PrimFN : Sample.RawFN) = Data.FileName;
     return true;
 }
 } // namespace

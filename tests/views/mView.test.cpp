@@ -85,17 +85,17 @@ struct Outing : FreshState
 
 TEST_CASE_FIXTURE(Outing, "a recording comes with the distance and time of its sample")
 {
-    REQUIRE(LoadView(Raw, ViewRaw, Data));
+    REQUIRE(LoadView(Raw, DataRaw, Data));
     CHECK(Data.Caption == "Raw Data in a.qvn");
     CHECK((Data.DescIdx == 1 && Data.DistText == "500.0" && Data.TimeText == "99.5"));
-    CHECK_FALSE(LoadView(Folder.Path("none.qvn"), ViewRaw, Data));
+    CHECK_FALSE(LoadView(Folder.Path("none.qvn"), DataRaw, Data));
     CHECK(Dialogs.Told == Texts{"Error: Can't open file: " + Folder.Path("none.qvn")});
     CHECK((Numbers() == "0 599 " && gRawFN == Raw && Data.FileName == "a.qvn"));
 }
 
 TEST_CASE_FIXTURE(Outing, "what was deleted comes back, and a save leaves out its frames")
 {
-    REQUIRE(LoadView(Raw, ViewRaw, Data));
+    REQUIRE(LoadView(Raw, DataRaw, Data));
     const std::string Piece = Folder.Path("piece.qvn");
     const std::tuple<int32_t, int32_t, const char*> Cuts[] = {
         {100, 150, "0 99 150 598 "}, {-5, 10, "10 598 "}, {550, 9999, "0 549 "}, {0, 599, ""}};
@@ -119,7 +119,7 @@ TEST_CASE_FIXTURE(Outing, "what was deleted comes back, and a save leaves out it
 
 TEST_CASE_FIXTURE(Outing, "strokes of a scanned recording are read with three on either side, cut and trimmed")
 {
-    REQUIRE(LoadView(Raw, ViewScanned, Data));
+    REQUIRE(LoadView(Raw, DataScanned, Data));
     REQUIRE(gScanRows.UBound() == 6); // in the frames 50, 150, ...
     CHECK(GetRawData(5, 6, Data));
     CHECK(Numbers() == "150 549 ");
@@ -139,10 +139,10 @@ TEST_CASE_FIXTURE(Outing, "strokes of a scanned recording are read with three on
 
 TEST_CASE_FIXTURE(Outing, "a scan or a cut that is given up leaves everything as it was")
 {
-    REQUIRE(LoadView(Raw, ViewScanned, Data));
+    REQUIRE(LoadView(Raw, DataScanned, Data));
     std::ofstream(Raw, std::ios::binary) << FramesFrom(0, 300);
     Status.CancelAt = 60;
-    CHECK_FALSE(LoadView(Raw, ViewScanned, Data));
+    CHECK_FALSE(LoadView(Raw, DataScanned, Data));
     CHECK((gScanRows.UBound() == 6 && Status.Shown.back() == "2: "));
     Dialogs.Files = {Folder.Path("piece.qvn")};
     CHECK_FALSE(SaveRows(1, 3));
@@ -151,7 +151,7 @@ TEST_CASE_FIXTURE(Outing, "a scan or a cut that is given up leaves everything as
 
 TEST_CASE_FIXTURE(Outing, "a failed run writes the four fields of the last sample and says so")
 {
-    REQUIRE(LoadView(Raw, ViewRaw, Data));
+    REQUIRE(LoadView(Raw, DataRaw, Data));
     gScanStart = 60;
     gScanStop = 90;
     CHECK_FALSE(ProcSel(Data, {10, 60, 1000, 200, {}}));
@@ -169,7 +169,7 @@ TEST_CASE_FIXTURE(Outing, "a failed run writes the four fields of the last sampl
 
 TEST_CASE_FIXTURE(Outing, "splits follow one another by their durations, and one without strokes stops no other")
 {
-    REQUIRE(LoadView(Raw, ViewRaw, Data));
+    REQUIRE(LoadView(Raw, DataRaw, Data));
     const std::tuple<const char*, const char*, std::vector<int32_t>> Tables[] = {
         {"1", "2", {0, 221, 446}}, {"1", "3", {0, 221, 446, 599}}, {"0", "2", {0, 0, 0}}, {"1", "0", {0}}};
     Set("gSplitsArr01", "8.8"); // sample 220 lies on it

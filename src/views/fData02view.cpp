@@ -1,0 +1,384 @@
+// What the keys, the mouse and the commands of the data view do.
+#include "views/fData02view.h"
+
+#include "core/mError.h"
+#include "core/mGlobData.h"
+#include "core/mHost.h"
+#include "core/mNumText.h"
+#include "files/mQVN.h"
+#include "platform/qt/qPlace.h"
+#include "platform/qt/qText.h"
+#include "processing/mFilter.h"
+#include "processing/mStrokeLog.h"
+#include "views/mViewSave.h"
+
+#include <QCloseEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <QWheelEvent>
+
+namespace {
+constexpr double DragLeast = 4;   // drawing units: less is a click
+constexpr double ArrowStep = 0.1; // of the view's width
+constexpr int DistChan = 16;
+} // namespace
+
+bool fData02view::InitData(const std::string& FileName, int16_t Mode)
+{
+    const bool IsLoaded = Guard("Opening " + FileName, [&] { return LoadView(FileName, Mode, Data); });
+    if (!IsLoaded) return false;
+    View.DropExtraBands();
+    View.SelStart = View.SelStop = View.FirstSample = 0;
+    Nav.FirstRow = Nav.LastRow = 0;
+    LastChange.Clear();
+    IsChanged = IsEdited = false;
+    setWindowTitle(Shown(Data.Caption));
+    txtInps[0]->setText(Shown(Data.DistText));
+    txtInps[1]->setText(Shown(Data.TimeText));
+    for (QWidget* Control : std::initializer_list<QWidget*>{Strip, lbStrip, cmdTrim, cmdGetRawData, cmdSaveStrokes})
+        Control->setVisible(Data.HasStrokeTable());
+    Show();
+    ShowStrip();
+    return true;
+}
+
+// Each command ends with the plot as it has become, whatever it did.
+void fData02view::Run(const char* What, Command Action)
+{
+    const std::string Name = Plain(QString(What).remove('&'));
+    Guard(Name, [&] {
+        (this->*Action)();
+        return true;
+    });
+    UpdateProgress(0);
+    Show();
+    ShowStrip();
+    setFocus();
+}
+
+void fData02view::Show()
+{
+    View.Clip();
+    const QSignalBlocker Quiet(Bar);
+    Bar->setPageStep(cDataView::ScrollPage());
+    Bar->setValue(View.ScrollValue());
+    View.SetUpPoly();
+    View.Draw();
+}
+
+void fData02view::ShowStrip()
+{
+    if (!Data.HasStrokeTable()) return;
+    Nav.Clip();
+    Nav.Draw();
+    lbStrip->setText(Shown(Nav.Caption()));
+}
+
+bool fData02view::IsStrip() const
+{
+    return Data.HasStrokeTable() && cDataView::LastSample() < 1;
+}
+
+// Texts of a former selection keep standing, grey, when the new one holds no whole stroke.
+void fData02view::ShowNumbers()
+{
+    const auto Texts = SelectionNumbers(View.SelStart, View.SelStop);
+    for (std::size_t i = 1; i < txtSel.size(); ++i) {
+        if (Texts) txtSel[i]->setText(Shown((*Texts)[i]));
+        txtSel[i]->setEnabled(Texts.has_value());
+    }
+    if (!Texts) UpdateStatus("There is no whole stroke in the selection");
+}
+
+void fData02view::ShowCursor()
+{
+    const int32_t Sample = View.Cursor;
+    if (Sample < 0 || Sample > cDataView::LastSample()) return;
+    txtCur[0]->setText(Shown(FormatNum(gRaw(0, Sample), "0.0")));
+    if (gRaw.ChannelUBound() >= DistChan) lbCurDist->setText(Shown(FormatNum(gRaw(DistChan, Sample), "0.00")));
+    if (cDataView::HasDist()) txtCur[1]->setText(Shown(FormatNum(At(gDist, Sample), "0.0")));
+}
+
+void fData02view::Changed()
+{
+    IsChanged = true;
+    View.DropExtraBands();
+    View.SelStart = View.SelStop = 0;
+}
+
+ProcStretch fData02view::Stretch() const
+{
+    return {View.SelStart, View.SelStop, Val(Plain(txtInps[0]->text())), Val(Plain(txtInps[1]->text())),
+            SelectionDist(View.SelStart, View.SelStop)};
+}
+
+void fData02view::SaveData()
+{
+    gDistInp = Val(Plain(txtInps[0]->text()));
+    gTimeInp = Val(Plain(txtInps[1]->text()));
+    const bool IsSaved = IsStrip() && Nav.HasSelection() ? SaveRows(Nav.FirstRow, Nav.LastRow)
+                                                         : SaveFrames(View.SelStart, View.SelStop, Data.Map);
+    if (IsSaved) UpdateStatus("Saved.");
+}
+
+void fData02view::Export()
+{
+    if (!View.HasSelection()) {
+        if (!AskYesNo("The selection is not set. Do you want to export the whole sample?", TitleWarning)) return;
+        View.SelStart = 0;
+        View.SelStop = cDataView::LastSample();
+    }
+    if (ExportSamples(Data, View.SelStart, View.SelStop)) UpdateStatus("Exported.");
+}
+
+void fData02view::ZoomOut()
+{
+    cDataView::ZoomOut();
+}
+
+void fData02view::ZoomIn()
+{
+    cDataView::ZoomIn();
+}
+
+void fData02view::ShowDist()
+{
+    View.ShowDist();
+}
+
+void fData02view::ShowRate()
+{
+    View.ShowRate();
+}
+
+void fData02view::Filter()
+{
+    ZeroTime();
+    if (SpikeFilter()) IsChanged = true;
+    LastChange.Clear();
+}
+
+void fData02view::Delete()
+{
+    if (!DeleteSamples(View.SelStart, View.SelStop, Data.Map, LastChange)) return;
+    Changed();
+    UpdateStatus("The selection is deleted in memory; Ctrl+Z brings it back.");
+}
+
+void fData02view::Undo()
+{
+    if (LastChange.Run())
+        View.DropExtraBands();
+    else
+        UpdateStatus("There is nothing to take back.");
+}
+
+void fData02view::SetStartSel()
+{
+    if (IsStrip())
+        Nav.FirstRow = NavCursor;
+    else if (View.Cursor >= 0)
+        View.SelStart = View.Cursor;
+}
+
+void fData02view::SetStopSel()
+{
+    if (IsStrip()) {
+        Nav.LastRow = NavCursor;
+        return;
+    }
+    if (View.Cursor < 0) return;
+    View.SelStop = View.Cursor;
+    if (View.SelStop < View.SelStart) std::swap(View.SelStart, View.SelStop);
+    ShowNumbers();
+}
+
+void fData02view::SelAllStrokes()
+{
+    if (IsStrip()) return Nav.SelectAll();
+    if (FindAllStrokes(View.SelStart, View.SelStop))
+        ShowNumbers();
+    else
+        UpdateStatus("There is no stroke in this recording");
+}
+
+void fData02view::ProcStrokes()
+{
+    int32_t Stop = View.SelStop;
+    if (ExportStrokes(View.SelStart, Stop)) UpdateStatus("The strokes are in " + StrokeLogFN);
+}
+
+void fData02view::ProcAll()
+{
+    View.SelStart = 0;
+    View.SelStop = cDataView::LastSample();
+    ProcSelection();
+}
+
+void fData02view::ProcSelection()
+{
+    if (ProcSel(Data, Stretch())) UpdateStatus("Sample " + gFile.Desc[gFile.Desc.UBound()].SampleID + " is stored.");
+}
+
+void fData02view::ProcessSplits()
+{
+    ProcSplits(Data, Stretch(), SelectionDist);
+}
+
+void fData02view::ProcessStart()
+{
+    if (ProcStart(View.SelStart)) UpdateStatus("The strokes are stored as samples.");
+}
+
+void fData02view::Plot()
+{
+    if (PlotProc(View.SelStart, View.SelStop) && OnPlot) OnPlot();
+}
+
+void fData02view::Trim()
+{
+    if (!Nav.HasSelection()) return UpdateStatus("Select strokes on the strip first.");
+    if (!TrimRows(Nav.FirstRow, Nav.LastRow, LastChange)) return UpdateStatus("No stroke lies between those selected.");
+    Nav.FirstRow = 0;
+    Nav.LastRow = gScanRows.UBound();
+}
+
+void fData02view::GetData()
+{
+    if (!Nav.HasSelection()) return UpdateStatus("Select strokes on the strip first.");
+    if (!GetRawData(Nav.FirstRow, Nav.LastRow, Data)) return;
+    Changed();
+    LastChange.Clear();
+    IsChanged = false;
+    View.FirstSample = 0;
+}
+
+void fData02view::SaveStrokeTable()
+{
+    SaveStrokes();
+}
+
+void fData02view::AccVel()
+{
+    if (View.HasSelection() && AccToVel(View.SelStart, View.SelStop, LastChange)) IsChanged = true;
+}
+
+bool fData02view::eventFilter(QObject* Watched, QEvent* Event)
+{
+    const bool IsDone = Watched == Surface ? MouseOnPlot(Event) : Watched == Strip && MouseOnStrip(Event);
+    return IsDone || QWidget::eventFilter(Watched, Event);
+}
+
+// Dragging selects, a click sets the cursor, the wheel zooms at the pointer.
+bool fData02view::MouseOnPlot(QEvent* Event)
+{
+    const auto* Mouse = dynamic_cast<QMouseEvent*>(Event);
+    switch (Event->type()) {
+    case QEvent::MouseButtonPress:
+        DragFrom = Mouse->position().x();
+        setFocus();
+        return true;
+    case QEvent::MouseMove:
+        lbPointer->setText(Shown(View.PointerText(Mouse->position().x(), Mouse->position().y())));
+        if ((Mouse->buttons() & Qt::LeftButton) && std::abs(Mouse->position().x() - DragFrom) >= DragLeast &&
+            View.Select(DragFrom, Mouse->position().x()))
+            View.Draw();
+        return true;
+    case QEvent::MouseButtonRelease:
+        Guard("Selection", [&] {
+            if (std::abs(Mouse->position().x() - DragFrom) >= DragLeast) {
+                if (View.Select(DragFrom, Mouse->position().x())) ShowNumbers();
+            } else if (View.SetCursor(Mouse->position().x())) {
+                ShowCursor();
+            }
+            return true;
+        });
+        Show();
+        return true;
+    case QEvent::Wheel: {
+        const auto* Wheel = static_cast<QWheelEvent*>(Event);
+        if (View.ZoomAt(Wheel->position().x(), Wheel->angleDelta().y() > 0)) Show();
+        return true;
+    }
+    default:
+        return false;
+    }
+}
+
+bool fData02view::MouseOnStrip(QEvent* Event)
+{
+    const auto* Mouse = dynamic_cast<QMouseEvent*>(Event);
+    switch (Event->type()) {
+    case QEvent::MouseButtonPress:
+        DragFrom = Mouse->position().x();
+        NavCursor = Nav.RowAt(DragFrom);
+        setFocus();
+        return true;
+    case QEvent::MouseMove:
+    case QEvent::MouseButtonRelease: {
+        const bool IsHeld = Event->type() == QEvent::MouseButtonRelease || (Mouse->buttons() & Qt::LeftButton);
+        if (!IsHeld || std::abs(Mouse->position().x() - DragFrom) < DragLeast) return true;
+        Nav.Select(DragFrom, Mouse->position().x());
+        ShowStrip();
+        return true;
+    }
+    default:
+        return false;
+    }
+}
+
+void fData02view::keyPressEvent(QKeyEvent* Event)
+{
+    const auto Move = [this](double Frac) {
+        View.MoveView(Frac);
+        Show();
+    };
+    if (Event->matches(QKeySequence::SelectAll)) return Run("Selection", &fData02view::SelAllStrokes);
+    switch (Event->key()) {
+    case Qt::Key_Left:
+        return Move(-ArrowStep);
+    case Qt::Key_Right:
+        return Move(ArrowStep);
+    case Qt::Key_PageUp:
+        return Move(-1);
+    case Qt::Key_PageDown:
+        return Move(1);
+    case Qt::Key_Home:
+        View.FirstSample = 0;
+        return Show();
+    case Qt::Key_End:
+        View.ScrollToEnd();
+        return Show();
+    case Qt::Key_O:
+        return Run("Zoom", &fData02view::ZoomOut);
+    case Qt::Key_I:
+        return Run("Zoom", &fData02view::ZoomIn);
+    case Qt::Key_X:
+        return Run("Export", &fData02view::Export);
+    case Qt::Key_Delete:
+        return Run("Delete", &fData02view::Delete);
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (IsEdited) Run("Save Data", &fData02view::SaveData);
+        [[fallthrough]];
+    case Qt::Key_Escape:
+        (parentWidget() ? parentWidget() : this)->close();
+        return;
+    default:
+        QWidget::keyPressEvent(Event);
+    }
+}
+
+void fData02view::closeEvent(QCloseEvent* Event)
+{
+    if (IsChanged && !AskYesNo("Samples were changed in this view, and no file has the changes. The recording is as it "
+                               "was. Close the view?",
+                               TitleWarning))
+        return Event->ignore();
+    KeepPlace(*this, "fData02view");
+    View.DropExtraBands();
+    QWidget::closeEvent(Event);
+}

@@ -1,0 +1,107 @@
+// The data view: a recording as stacked curves, a selection on it, its numbers, and all that is made of it.
+#pragma once
+
+#include "platform/qt/qSurface.h"
+#include "views/cDataNav.h"
+#include "views/cDataView.h"
+#include "views/mSelNumbers.h"
+#include "views/mViewEdit.h"
+#include "views/mViewLoad.h"
+#include "views/mViewProc.h"
+
+#include <QWidget>
+
+#include <array>
+#include <functional>
+#include <string>
+
+class QLabel;
+class QLayout;
+class QLineEdit;
+class QPushButton;
+class QScrollBar;
+
+class fData02view : public QWidget
+{
+public:
+    fData02view();
+
+    /// Loads FileName as that kind of data and shows it. False when that fails or is cancelled (told).
+    bool InitData(const std::string& FileName, int16_t Mode);
+
+    /// Called when the typical pattern in memory was made to be looked at.
+    std::function<void()> OnPlot;
+
+protected:
+    bool eventFilter(QObject* Watched, QEvent* Event) override;
+    void keyPressEvent(QKeyEvent* Event) override;
+    void closeEvent(QCloseEvent* Event) override;
+
+private:
+    using Command = void (fData02view::*)();
+
+    void BuildPlot();
+    QLayout* BuildCommands();
+    QLayout* BuildNumbers();
+    QLayout* BuildInputs();
+    QPushButton* AddButton(const QString& Name, const char* Caption, const char* Tip, Command Action);
+    QLineEdit* AddBox(const char* Name, bool IsReadOnly);
+
+    bool MouseOnPlot(QEvent* Event);
+    bool MouseOnStrip(QEvent* Event);
+
+    void Run(const char* What, Command Action);
+    void Show();
+    void ShowStrip();
+    void ShowNumbers();
+    void ShowCursor();
+    bool IsStrip() const;
+    void Changed();
+    ProcStretch Stretch() const;
+
+    void SaveData();
+    void Export();
+    void ZoomOut();
+    void ZoomIn();
+    void ShowDist();
+    void ShowRate();
+    void Filter();
+    void Delete();
+    void SetStartSel();
+    void SetStopSel();
+    void SelAllStrokes();
+    void ProcStrokes();
+    void ProcAll();
+    void ProcSelection();
+    void ProcessSplits();
+    void ProcessStart();
+    void Plot();
+    void Trim();
+    void GetData();
+    void SaveStrokeTable();
+    void AccVel();
+    void Undo();
+
+    qSurface* Surface;
+    qSurface* Strip;
+    QScrollBar* Bar;
+    QLabel* lbStrip;
+    QLabel* lbPointer;
+    QLabel* lbCurDist;
+    std::array<QLabel*, 13> txtSel{};
+    std::array<QLineEdit*, 2> txtInps{};
+    std::array<QLineEdit*, 2> txtCur{};
+    QLineEdit* txtFilter;
+    QPushButton* cmdTrim = nullptr;
+    QPushButton* cmdGetRawData = nullptr;
+    QPushButton* cmdSaveStrokes = nullptr;
+
+    cDataView View;
+    cDataNav Nav;
+    ViewData Data;
+    ViewUndo LastChange;
+    double DragFrom = 0; // where the mouse button went down
+    int NavCursor = 0;
+    bool IsEdited = false;  // distance or time was typed
+    bool IsChanged = false; // samples differ from those of the file
+};

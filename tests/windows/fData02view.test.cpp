@@ -1,0 +1,192 @@
+// The data view on a recording, by clicks, keys and mouse: selection and its numbers, deleting, processing, saving.
+#include "views/fData02view.h"
+#include "ShellState.h"
+#include "core/fCommands.h"
+#include "core/mSettings.h"
+#include "files/mQVN.h"
+#include "files/mSafeSave.h"
+#include "files/mTextIO.h"
+
+#include <QLabel>
+#include <QLineEdit>
+
+#include <cmath>
+
+namespace {
+// A recording of a slave of eight channels: 50 frames a second, channel 1 swings about once in two seconds, channel 2
+// is 500 times the sine of it.
+struct Recording : ShellState
+{
+    static constexpr int Frames = 1000;
+    std::string Bytes;
+
+    Recording()
+    {
+        for (int i = 0; i < Frames; ++i)
+            AddFrame(i);
+        Start();
+        Main.resize(1100, 800);
+        StdFilter = 3;
+        gFile.Model = 67;
+        gFile.ChanCnt = 4;
+        gFile.KeyChanID = "A1";
+        for (const char* Name : {"A1", "H1", "Vs", "Dist"}) {
+            CalibrRow& Row = gFile.Calibr.Grow();
+            Row.Chan = static_cast<int16_t>(gFile.Calibr.UBound());
+            Row.ParamID = Name;
+            Row.Q1 = Row.Chan == 3 ? 0.001 : 1;
+            Row.Q0 = Row.Chan == 1 ? -5000 : 0;
+            Row.Min = Row.Chan == 1 ? -5000 : 0;
+            Row.Max = 10000;
+            Row.Visible = 1;
+        }
+        SetCurFile(Folder.Path("s.txt"));
+        ResolveChannels();
+        REQUIRE(WriteDataFile(gCurFile, gFile, SectionFilter::Any));
+        REQUIRE(SaveWhole(Folder.Path("a.qvn"), Bytes));
+        Dialogs.Files = {Folder.Path("a.qvn")};
+    }
+
+    void AddWord(int Value)
+    {
+        Bytes += static_cast<char>(Value % 128);
+        Bytes += static_cast<char>(Value / 128);
+    }
+    void AddFrame(int i)
+    {
+        const std::size_t Start = Bytes.size();
+        Bytes.append("\x80\0\0\0", 4);
+        for (int Time = (i + 1) * 20, k = 0; k < 5; ++k, Time /= 128)
+            Bytes += static_cast<char>(Time % 128);
+        Bytes.append(7, '\0');
+        const double Phase = (i + 75.3 + 1.5 * std::sin(i / 160.0)) * 3.14159265358979 / 50;
+        const int Counts[4] = {5000 + static_cast<int>(std::lround(3000 * std::cos(Phase))),
+                               static_cast<int>(std::lround(500 * std::max(0.0, -std::sin(Phase)))), 5000, i};
+        for (const int Count : Counts)
+            AddWord(Count);
+        for (int k = 5; k <= 8; ++k)
+            AddWord(0);
+        Bytes += '\0';
+        const auto Length = static_cast<int>(Bytes.size() - Start) - 5;
+        Bytes[Start + 2] = static_cast<char>(Length % 128);
+        Bytes[Start + 3] = static_cast<char>(Length / 128);
+    }
+
+    std::string Number(int Index) { return Plain(Find<QLabel>(("txtSel_" + std::to_string(Index)).c_str()).text()); }
+    void Drag(double From, double To)
+    {
+        auto& Plot = Find<QWidget>("picData");
+        const auto Place = [&](double X) { return QPoint(static_cast<int>(Plot.width() * X), 60); };
+        QTest::mousePress(&Plot, Qt::LeftButton, {}, Place(From));
+        QTest::mouseMove(&Plot, Place(To));
+        QTest::mouseRelease(&Plot, Qt::LeftButton, {}, Place(To));
+    }
+};
+} // namespace
+
+TEST_CASE_FIXTURE(Recording, "strokes are selected, their numbers shown, and processed into a sample of the session")
+{
+    Choose("mnuViewRaw");
+    CHECK(Find<QWidget>("fData02view").windowTitle() == "Raw Data in a.qvn");
+    CHECK(gRaw.UBound() == Frames - 1);
+    QTest::keyClick(&Find<QWidget>("fData02view"), Qt::Key_A, Qt::ControlModifier);
+    CHECK(Number(4) == "8");
+    CHECK(std::stod(Number(5)) == doctest::Approx(30).epsilon(0.02));
+    CHECK(std::stod(Number(3)) == doctest::Approx(18).epsilon(0.02));
+    Click("CmdArr_4");
+    CHECK(Number(7) == "");
+    Click("cmdSelAll");
+    CHECK(std::stod(Number(7)) == doctest::Approx(5 * std::stod(Number(3))).epsilon(0.01));
+    CHECK(Number(8) == "5.00");
+    Click("CmdArr_12");
+    REQUIRE(gFile.Desc.UBound() == 1);
+    CHECK(gFile.Desc[1].StrokeCount == 8);
+    CHECK(gFile.Desc[1].RawFN == "a.qvn");
+    CHECK(gFile.Desc[1].DistReal == doctest::Approx(std::stod(Number(7))).epsilon(0.001));
+    CHECK(ReadWhole(Folder.Path("s.txt"))->find("a.qvn") != std::string::npos);
+    CHECK(ReadWhole(Folder.Path("s.bak")).has_value());
+}
+
+TEST_CASE_FIXTURE(Recording, "a dragged selection is deleted and brought back, and unsaved changes are asked for")
+{
+    Choose("mnuViewRaw");
+    Click("CmdArr_2");
+    CHECK(gXScale == 2);
+    Drag(0.2, 0.6);
+    const std::string Time = Number(3);
+    CHECK(std::stod(Time) == doctest::Approx(0.4 / 0.97 * 400 * 2 / 50).epsilon(0.01));
+    const double Value = gRaw(1, 700);
+    Click("CmdArr_7");
+    CHECK(gRaw.UBound() < 700);
+    Dialogs.AnswerYes = false;
+    QTest::keyClick(&Find<QWidget>("fData02view"), Qt::Key_Escape);
+    QTest::qWait(5);
+    CHECK(Dialogs.Told.back().find("no file has the changes") != std::string::npos);
+    QTest::keyClick(&Find<QWidget>("fData02view"), Qt::Key_Z, Qt::ControlModifier);
+    CHECK(gRaw.UBound() == Frames - 1);
+    CHECK(gRaw(1, 700) == Value);
+    CHECK(gRaw(0, Frames - 1) == doctest::Approx(0.02 * (Frames - 1)));
+}
+
+TEST_CASE_FIXTURE(Recording, "what is saved from a view with a gap is the frames that it shows, byte for byte")
+{
+    Choose("mnuViewRaw");
+    auto& View = dynamic_cast<fData02view&>(Find<QWidget>("fData02view"));
+    const std::size_t Size = Bytes.size() / Frames;
+    ViewUndo Undo;
+    Drag(0.2, 0.3);
+    Click("CmdArr_7");
+    const int Gone = Frames - 2 - gRaw.UBound();
+    Dialogs.Files = {Folder.Path("cut.qvn")};
+    Drag(0.03, 0.999);
+    Click("CmdArr_0");
+    const std::string Cut = *ReadWhole(Folder.Path("cut.qvn"));
+    CHECK(Cut.size() % Size == 0);
+    const std::size_t First = Bytes.find(Cut.substr(0, Size));
+    const auto Last = Bytes.find(Cut.substr(Cut.size() - Size));
+    REQUIRE((First != std::string::npos && Last != std::string::npos));
+    CHECK((Last - First) / Size + 1 == Cut.size() / Size + static_cast<std::size_t>(Gone));
+    Dialogs.Files = {Folder.Path("a.qvn")};
+    Click("CmdArr_0");
+    CHECK(Dialogs.Told.back().find("recording itself") != std::string::npos);
+    CHECK(*ReadWhole(Folder.Path("a.qvn")) == Bytes);
+    CHECK(View.isVisible());
+}
+
+TEST_CASE_FIXTURE(Recording,
+                  "a scanned recording shows its strokes, and a stretch of them is trimmed, brought back and read")
+{
+    Choose("mnuViewScanQVN");
+    CHECK(gScanRows.UBound() == 10);
+    CHECK(gRaw.UBound() == -1);
+    Click("cmdSelAll");
+    CHECK(Find<QLabel>("lbStrip").text().contains("Strokes=10   Rate="));
+    Click("cmdTrim");
+    CHECK(gScanRows.UBound() == 8);
+    QTest::keyClick(&Find<QWidget>("fData02view"), Qt::Key_Z, Qt::ControlModifier);
+    CHECK(gScanRows.UBound() == 10);
+    Click("cmdSelAll");
+    Click("cmdGetRawData");
+    CHECK(gRaw.UBound() > 900);
+    Click("cmdSaveStrokes");
+    CHECK(ReadWhole(Folder.Path("s.str"))->ends_with("End\r\n"));
+}
+
+TEST_CASE_FIXTURE(Recording, "a run that fails says what it wrote into the last sample, and splits follow one another")
+{
+    Choose("mnuViewRaw");
+    gFile.Desc.Grow().SampleID = "S01";
+    QTest::keyClicks(&Find<QLineEdit>("txtInps_0"), "500");
+    Drag(0.05, 0.1);
+    Click("CmdArr_12");
+    CHECK(Dialogs.Told.back().find("were written into sample S01") != std::string::npos);
+    CHECK(gFile.Desc[1].DistReal == 500);
+    for (const auto& [Key, Value] :
+         {std::pair{"gSplitPar", "1"}, {"gSplitsCnt", "2"}, {"gSplitsArr01", "7"}, {"gSplitsArr02", "8"}})
+        Settings.SaveSetting("AutoSplit", Key, Value);
+    Click("CmdArr_13");
+    REQUIRE(gFile.Desc.UBound() == 3);
+    CHECK(FillSplits()[1] == 351);
+    CHECK(FillSplits()[2] == 751);
+    CHECK(gFile.Desc[2].TestTime == doctest::Approx(6).epsilon(0.02));
+}
