@@ -1,10 +1,12 @@
 // Loading, cutting, saving and processing of what the data view shows, on recordings in files.
+#include "views/cDataNav.h"
 #include "views/mViewEdit.h"
 #include "views/mViewLoad.h"
 #include "views/mViewProc.h"
 #include "views/mViewSave.h"
 
 #include "files/mQVN.h"
+#include "platform/plain/sSurface.h"
 #include "support/Case.h"
 #include "support/Hex.h"
 
@@ -127,6 +129,11 @@ TEST_CASE_FIXTURE(Outing, "strokes of a scanned recording are read with three on
     CHECK(GetRawData(2, 3, Data));
     CHECK(Numbers() == "0 549 ");
     CHECK_FALSE(GetRawData(3, 7, Data));
+    sSurface Surface(1000, 100);
+    cDataNav Strip(Surface);
+    Strip.Select(2000, 230); // from right to left, and from beyond the end
+    CHECK((Strip.FirstRow == 2 && Strip.LastRow == 6));
+    CHECK(Strip.Caption() == "Duration=0m 16.0s   Strokes=5   Rate=15.0   Speed=0.00   Distance=0.0");
     Dialogs.Files = {Folder.Path("piece.qvn")};
     CHECK(SaveRows(2, 4));
     CHECK(ReadWhole(Folder.Path("piece.qvn")) == FramesFrom(150, 200));
@@ -187,4 +194,22 @@ TEST_CASE_FIXTURE(Outing, "splits follow one another by their durations, and one
     Set("gSplitsArr02", "12");
     CHECK_FALSE(ProcSplits(Data, {}, [](int32_t, int32_t) { return std::nullopt; }));
     CHECK(gFile.Desc.UBound() == 3); // the two splits behind the first
+}
+
+TEST_CASE_FIXTURE(FreshState, "the velocity is the acceleration's running integral over the selection alone")
+{
+    ViewUndo Undo;
+    gRaw.Create(15, -1);
+    CHECK_FALSE(AccToVel(0, 0, Undo));
+    gRaw.Create(15, 4);
+    for (int i = 0; i <= 4; ++i) {
+        gRaw(0, i) = 0.5 * i;
+        gRaw(5, i) = i * i;
+        gRaw(15, i) = 9;
+    }
+    CHECK(AccToVel(1, 99, Undo));
+    const std::vector<double> Velocity(gRaw.Channel(15).begin(), gRaw.Channel(15).end());
+    CHECK(Velocity == std::vector<double>{9, 0, 1.25, 4.5, 10.75});
+    CHECK(Undo.Run());
+    CHECK(gRaw(15, 2) == 9);
 }
