@@ -26,7 +26,7 @@ struct Recording : ShellState
             AddFrame(i);
         Start();
         Main.resize(1100, 800);
-        StdFilter = 3;
+        Settings.SaveSetting("Options", "StdFilter", "3");
         gFile.Model = 67;
         gFile.ChanCnt = 4;
         gFile.KeyChanID = "A1";
