@@ -12,6 +12,7 @@
 #include "processing/mStrokeLog.h"
 #include "views/mViewSave.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -56,7 +57,8 @@ void fData02view::Run(const char* What, Command Action)
     UpdateProgress(0);
     Show();
     ShowStrip();
-    setFocus();
+    // The keys go on working, unless the command brought another window to the front.
+    if (QWidget* Focus = QApplication::focusWidget(); !Focus || isAncestorOf(Focus)) setFocus();
 }
 
 void fData02view::Show()
