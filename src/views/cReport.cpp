@@ -75,11 +75,11 @@ void cReport::InitData(int Kind, int16_t Sample, int32_t First, int32_t Last)
         Kind |= ReportTypical;
     }
     MakeHead(Desc, Kind, First, Last);
-    if (gFile.View3.UBound() < 1) Notes.push_back("The session has no rows in its report view");
+    if (gFile.View3.UBound() < 1) Notes.emplace_back("The session has no rows in its report view");
     if (Kind & ReportPrimary) MakeObjects(PrimObjs, ReportPrimary, First, Last);
     if (!(Kind & ReportTypical)) return;
     if (gNormAver2.ChannelUBound() < 1)
-        Notes.push_back("There is no typical stroke to show");
+        Notes.emplace_back("There is no typical stroke to show");
     else
         MakeObjects(NormObjs, ReportTypical, 0, 0);
 }

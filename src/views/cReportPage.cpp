@@ -78,7 +78,7 @@ cReportPage::cReportPage(cReport InitReport) : Report(std::move(InitReport)), Li
 
 double cReportPage::TableHeight(std::size_t Count) const
 {
-    return Count == 0 ? 0 : LineHeight * static_cast<double>((Count + Blocks - 1) / Blocks + 1) + 14;
+    return Count == 0 ? 0 : LineHeight * static_cast<double>(Down(Count) + 1) + 14;
 }
 
 // Lines of the table on the first page.
@@ -201,7 +201,7 @@ void cReportPage::DrawBlock(iSurface& Surface, std::size_t From, std::size_t To,
 // Read down each block, then on to the next.
 void cReportPage::DrawTable(iSurface& Surface, std::size_t From, std::size_t To, double Y) const
 {
-    const std::size_t Count = (To - From + Blocks - 1) / Blocks;
+    const std::size_t Count = Down(To - From);
     for (std::size_t b = 0; b < Blocks && From + b * Count < To; ++b)
         DrawBlock(Surface, From + b * Count, std::min(To, From + (b + 1) * Count),
                   Left + static_cast<double>(b) * (BlockWidth + BlockGap), Y);

@@ -24,7 +24,8 @@ private:
     void DrawTable(iSurface& Surface, std::size_t From, std::size_t To, double Top) const;
     void DrawBlock(iSurface& Surface, std::size_t From, std::size_t To, double Left, double Top) const;
     double NoteTop() const;
-    double TableHeight(std::size_t Lines) const;
+    std::size_t Down(std::size_t Count) const { return (Count + Blocks - 1) / Blocks; } // lines of a block
+    double TableHeight(std::size_t Count) const;
     std::size_t FirstPart() const;
 
     cReport Report; // scaled to the page
