@@ -107,6 +107,26 @@ TEST_CASE_FIXTURE(Recording, "strokes are selected, their numbers shown, and pro
     CHECK(ReadWhole(Folder.Path("s.bak")).has_value());
 }
 
+TEST_CASE_FIXTURE(Recording, "the road to paper: strokes are selected, their typical stroke is shown and saved as PDF")
+{
+    ViewRow& Row = gFile.View3.Grow();
+    Row.ID = "Force";
+    Row.MaxYPar = 1000;
+    Row.Y1 = Row.Y2 = 100;
+    Row.Arguments = "A1,H1";
+    Row.Functions = "MaxY";
+    Choose("mnuViewRaw");
+    QTest::keyClick(&Find<QWidget>("fData02view"), Qt::Key_A, Qt::ControlModifier);
+    Click("cmdPlotProc");
+    const double Force = Val(Plain(Find<QLineEdit>("txtR1_0").text()));
+    CHECK(Force > 450);
+    CHECK(Force < 500); // the mean of strokes whose peaks do not meet
+    CHECK(Plain(Find<QLabel>("lbHead").text()).find("Strokes 6 ") != std::string::npos); // whole ones of the stretch
+    Dialogs.Files = {Folder.Path("page.pdf")};
+    QTest::keyClick(&Find<QWidget>("fData03report"), Qt::Key_S, Qt::ControlModifier);
+    CHECK(ReadWhole(Folder.Path("page.pdf")).value_or("").starts_with("%PDF"));
+}
+
 TEST_CASE_FIXTURE(Recording, "a dragged selection is deleted and brought back, and unsaved changes are asked for")
 {
     Choose("mnuViewRaw");
