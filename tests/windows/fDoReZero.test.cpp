@@ -1,10 +1,15 @@
 // The re-zero window, clicked and typed into while frames come.
 #include "ShellState.h"
+#include "core/fCommands.h"
 #include "core/mDataWindow.h"
 #include "core/mGlobData.h"
 
 #include <QLineEdit>
 #include <QRadioButton>
+#include <QTcpServer>
+#include <QTimer>
+
+#include <filesystem>
 
 TEST_CASE_FIXTURE(ShellState,
                   "a group is zeroed by clicks, a space presses nothing, and closing reminds of what is unsaved")
@@ -49,4 +54,33 @@ TEST_CASE_FIXTURE(ShellState,
     QTest::qWait(10);
     CHECK(Dialogs.Told.size() == Told + 1);
     CHECK(!Main.findChild<QWidget*>("fDoReZero"));
+}
+
+TEST_CASE_FIXTURE(ShellState, "angles and handle forces are zeroed by the counts of a second each, without a question")
+{
+    QTcpServer Logger;
+    REQUIRE(Logger.listen(QHostAddress::LocalHost));
+    Settings.SaveSetting("General", "gConnection", "1");
+    Start("Link Port=" + std::to_string(Logger.serverPort()) + "\n");
+    gFile.Model = 61;
+    for (const char* Name : {"A1", "H1", "S1"}) {
+        CalibrRow& Row = gFile.Calibr.Grow();
+        Row.Chan = static_cast<int16_t>(gFile.Calibr.UBound());
+        Row.ParamID = Name;
+        Row.Q1 = 0.5;
+    }
+    SetCurFile(Folder.Path("s.txt"));
+    QTimer Frames;
+    Frames.callOnTimeout([] {
+        gData = {0, 100, 200, 300};
+        DrawDataWindows();
+    });
+    Frames.start(20);
+    AutoReZero(Main);
+    CHECK(gFile.Calibr[1].Q0 == -50);
+    CHECK(gFile.Calibr[2].Q0 == -100);
+    CHECK(gFile.Calibr[2].Log0 == 200);
+    CHECK(gFile.Calibr[3].Q0 == 0);
+    CHECK(Dialogs.Told.empty());
+    CHECK(std::filesystem::exists(gCurFile));
 }
