@@ -4,6 +4,7 @@
 #include "core/mError.h"
 #include "core/mNumText.h"
 #include "files/mQVN.h"
+#include "views/mAxis.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,15 +16,22 @@ constexpr int32_t Ink = 0x403020;
 constexpr int32_t GridColour = 0xE8E2DC;
 constexpr int32_t SelColour = 0xFFEBD2;
 constexpr int32_t RateColour = 0x2020C0;
+constexpr int32_t CursorColour = 0x3030D0;
 constexpr int32_t SpeedColour = 0xC07000;
 constexpr int Letters = 11;
 constexpr double SideRoom = 40;
+constexpr double TickRoom = 110;
 constexpr double MaxRate = 60;
 constexpr int RateStep = 20;
 
 int32_t Unit(double X)
 {
     return static_cast<int32_t>(RoundHalfEven(X));
+}
+
+std::string Minutes(double Seconds)
+{
+    return FormatNum(std::trunc(Seconds / 60), "0") + "m " + FormatNum(std::fmod(Seconds, 60), "0.0") + "s";
 }
 
 double MaxSpeed()
@@ -65,6 +73,7 @@ void cDataNav::Clip()
 {
     FirstRow = std::clamp(FirstRow, 0, gScanRows.UBound());
     LastRow = std::clamp(LastRow, 0, gScanRows.UBound());
+    Cursor = std::clamp(Cursor, 0, gScanRows.UBound());
 }
 
 void cDataNav::DrawScale()
@@ -84,9 +93,9 @@ void cDataNav::DrawScale()
     Surface.Text(SideRoom + 6, 2, "Rate (1/min)");
     if (MaxSpeed() <= 0) return;
     Surface.SetPen(SpeedColour);
-    Surface.Text(Size.X - SideRoom - 6, 2, "Speed", eAlign::Right);
+    Surface.Text(Size.X - 2, 2, "Speed", eAlign::Right);
     Surface.SetFont(Letters);
-    Surface.Text(Size.X - SideRoom + 4, 2, FormatNum(MaxSpeed(), "0") + " m/s");
+    Surface.Text(Size.X - SideRoom + 4, Letters + 5, FormatNum(MaxSpeed(), "0") + " m/s");
 }
 
 void cDataNav::Draw()
@@ -115,19 +124,55 @@ void cDataNav::Draw()
     Surface.Polyline(Rates);
     Surface.SetPen(Ink);
     Surface.Line(SideRoom, Size.Y - 1, Size.X - SideRoom, Size.Y - 1);
+    DrawRows();
+    if (Cursor < 1) return;
+    Surface.SetPen(CursorColour);
+    Surface.Line(Unit(RowToX(Cursor)), 0, Unit(RowToX(Cursor)), Size.Y);
+}
+
+// Numbers and times of strokes along the lower edge.
+void cDataNav::DrawRows()
+{
+    const SurfacePoint Size = Surface.Size();
+    const int Rows = gScanRows.UBound();
+    Surface.SetPen(Ink);
+    Surface.SetFont(Letters);
+    for (const double Each : Ticks(0, Rows, std::max(2, static_cast<int>(Size.X / TickRoom)))) {
+        const int Row = static_cast<int>(RoundHalfEven(Each));
+        if (Row != Each || Row < 1 || RowToX(Row) > Size.X - SideRoom - TickRoom / 2) continue;
+        Surface.Line(Unit(RowToX(Row)), Size.Y - 5, Unit(RowToX(Row)), Size.Y - 1);
+        Surface.Text(RowToX(Row), Size.Y - Letters - 9,
+                     FormatNum(Row, "0") + " (" + Minutes(gScanRows[Row].Time - gScanRows[1].Time) + ")",
+                     eAlign::Centre);
+    }
+}
+
+std::string cDataNav::RowText(int Row)
+{
+    if (Row < 1 || Row > gScanRows.UBound()) return {};
+    const ScanRow& Stroke = gScanRows[Row];
+    return "Stroke " + FormatNum(Row, "0") + " at " + Minutes(Stroke.Time - gScanRows[1].Time) +
+           "   Rate=" + FormatNum(Stroke.Rate, "0.0") + "   Speed=" + FormatNum(Stroke.Speed, "0.00") +
+           "   Distance=" + FormatNum(Stroke.Dist, "0.0");
 }
 
 std::string cDataNav::Caption() const
 {
     int Count = 0;
     double Rates = 0, Speeds = 0;
-    if (!HasSelection() || !SumScan(FirstRow, LastRow, Count, Rates, Speeds))
+    if (!HasSelection())
         return FormatNum(gScanRows.UBound(), "0") + " strokes. Drag over the strip to select some of them.";
+    // A row tells of the stroke that ends there, so the first one selected belongs to the time before.
+    if (!SumScan(FirstRow + 1, LastRow, Count, Rates, Speeds)) {
+        Count = 1;
+        Rates = gScanRows[LastRow].Rate;
+        Speeds = gScanRows[LastRow].Speed;
+    }
     const ScanRow& First = gScanRows[FirstRow];
     const ScanRow& Last = gScanRows[LastRow];
     const double Seconds = Last.Time - First.Time;
-    return "Duration=" + FormatNum(std::trunc(Seconds / 60), "0") + "m " + FormatNum(std::fmod(Seconds, 60), "0.0") +
-           "s   Strokes=" + FormatNum(Count, "0") + "   Rate=" + FormatNum(SafeDiv(Rates, Count), "0.0") +
+    return "Duration=" + Minutes(Seconds) + "   Strokes=" + FormatNum(Count, "0") +
+           "   Rate=" + FormatNum(SafeDiv(Rates, Count), "0.0") +
            "   Speed=" + FormatNum(SafeDiv(Speeds, Count), "0.00") +
            "   Distance=" + FormatNum(Last.Dist - First.Dist, "0.0");
 }

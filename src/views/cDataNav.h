@@ -14,6 +14,8 @@ public:
     int FirstRow = 0;
     int LastRow = 0;
 
+    int Cursor = 0; // row that was clicked, 0 when there is none
+
     bool HasSelection() const { return FirstRow >= 1 && FirstRow < LastRow; }
 
     /// Row of gScanRows at a place, 1 at its left end; 0 without rows.
@@ -34,7 +36,11 @@ public:
     /// Duration, strokes, rate, speed and distance of the selected rows; what the strip shows when there are none.
     std::string Caption() const;
 
+    /// Number, time, rate, speed and distance of a row, empty for 0.
+    static std::string RowText(int Row);
+
 private:
+    void DrawRows();
     double RowToX(int Row) const;
     void DrawScale();
 

@@ -7,6 +7,7 @@
 #include "core/mNumText.h"
 #include "core/mSettings.h"
 #include "processing/mProcess.h"
+#include "views/mQuantity.h"
 
 #include <algorithm>
 #include <cmath>
@@ -172,7 +173,9 @@ std::string cDataView::BandText(const ViewBand& Band, int32_t Sample)
         break;
     }
     const std::string& Name = gFile.Calibr[Band.Chan].ParamID;
-    return HasSample ? Name + " = " + FormatGeneral(gRaw(Band.Chan, Sample), 5) : Name;
+    if (!HasSample) return Name;
+    const std::string Unit = ChannelUnit(Name);
+    return Name + " = " + FormatGeneral(gRaw(Band.Chan, Sample), 5) + (Unit.empty() ? "" : " " + Unit);
 }
 
 bool cDataView::ShowDist()

@@ -106,7 +106,7 @@ public:
     const ViewBand* BandAt(double Y) const;
     std::span<const ViewBand> Bands() const { return BandArr; }
 
-    /// Name of a band and its value at a sample.
+    /// Name of a band and its value at a sample, with its unit.
     static std::string BandText(const ViewBand& Band, int32_t Sample);
 
     /// Adds a band of the distance rowed from SelStart to SelStop, each time one more. False without the channel "Vs"
@@ -128,6 +128,10 @@ private:
     void DrawSelection();
     void DrawRawData();
     void DrawRateBand(const ViewBand& Band);
+    double TopOf(std::size_t Band) const { return Band == 0 ? 0 : BandArr[Band - 1].Base; }
+    std::vector<std::size_t> LabelledBands() const;
+    double NameTop(std::size_t Band) const;
+    void DrawScale(const ViewBand& Band, double Top);
     void DrawLabels();
     void DrawTimes();
     void DrawCursor();

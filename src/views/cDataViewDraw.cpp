@@ -4,6 +4,8 @@
 #include "core/mNumText.h"
 #include "core/mSettings.h"
 #include "views/cDataView.h"
+#include "views/mAxis.h"
+#include "views/mQuantity.h"
 
 #include <algorithm>
 #include <cmath>
@@ -18,10 +20,15 @@ constexpr int32_t SelColour = 0xFFEBD2; // a light blue under the curves
 constexpr int32_t CursorColour = 0x3030D0;
 constexpr int NameSize = 11;
 constexpr int ScaleSize = 9;
-constexpr double NameRoom = 12;  // between the names of low bands
-constexpr double ScaleRoom = 34; // height from which a band shows its scale
-constexpr double TimeRoom = 90;  // between the times below
-constexpr double Far = 100000;   // beyond every screen
+constexpr double LetterMiddle = 0.65; // of a text's size, below its top
+constexpr double Slack = 1e-6;        // of a step: times are sums of decimal fractions
+constexpr double KeyRoom = 6;         // of the colour key at the axis
+constexpr double ValueRoom = 60;      // for a value beside the cursor
+constexpr double UnitRoom = 52;       // height from which a band shows its unit
+constexpr double NameRoom = 12;       // between the names of low bands
+constexpr double ScaleRoom = 34;      // height from which a band shows its scale
+constexpr double TimeRoom = 90;       // between the times below
+constexpr double Far = 100000;        // beyond every screen
 
 int32_t Unit(double X)
 {
@@ -39,8 +46,8 @@ void cDataView::Draw()
     Surface.Clear(White);
     Surface.SetFill(NoFill);
     DrawSelection();
-    DrawGrid();
     DrawTimes();
+    DrawGrid();
     DrawRawData();
     DrawLabels();
     DrawCursor();
@@ -99,52 +106,101 @@ void cDataView::DrawRawData()
 
 void cDataView::DrawRateBand(const ViewBand& Band)
 {
-    PolyPts.clear();
+    std::vector<SurfacePlace> Places;
     for (const RatePoint& Each : RateArr)
-        PolyPts.push_back({Unit(LogToX(Each.Sample)), Unit(Band.Base - Each.Rate * Band.Scale)});
-    Surface.Polyline(PolyPts);
+        Places.push_back({LogToX(Each.Sample), Band.Base - Each.Rate * Band.Scale});
+    DrawClipped(Surface, {MarginX, static_cast<double>(Surface.Size().X), 0, Height}, Places);
 }
 
-// Names stand in their bands, limits at their left ends where there is room for them.
-void cDataView::DrawLabels()
+// Of low bands, those whose names find room below each other.
+std::vector<std::size_t> cDataView::LabelledBands() const
 {
+    std::vector<std::size_t> Chosen;
     double Next = 0;
     for (std::size_t k = 0; k < BandArr.size(); ++k) {
+        if (NameTop(k) < Next) continue;
+        Next = NameTop(k) + NameRoom;
+        Chosen.push_back(k);
+    }
+    return Chosen;
+}
+
+double cDataView::NameTop(std::size_t Band) const
+{
+    return std::max((TopOf(Band) + BandArr[Band].Base) / 2 - LetterMiddle * NameSize, 0.0);
+}
+
+// Names stand in the margin, or at the beginning of the curve where they are too long for it.
+void cDataView::DrawLabels()
+{
+    for (std::size_t k = 0; k < BandArr.size(); ++k) {
+        Surface.SetPen(ColourOf(k), 3);
+        Surface.Line(Unit(MarginX) - 2, Unit(TopOf(k)) + 2, Unit(MarginX) - 2, Unit(BandArr[k].Base) - 2);
+    }
+    for (const std::size_t k : LabelledBands()) {
         const ViewBand& Band = BandArr[k];
-        const double Top = k == 0 ? 0 : BandArr[k - 1].Base;
-        if (Top < Next) continue;
-        Next = Top + NameRoom;
-        Surface.SetPen(ColourOf(k));
-        Surface.SetFont(NameSize, true);
-        Surface.Text(MarginX + 4, Top, BandText(Band, -1));
-        if (Band.Base - Top < ScaleRoom) continue;
-        Surface.SetPen(Ink);
-        Surface.SetFont(ScaleSize);
-        Surface.Text(MarginX - 3, Top + 1, FormatGeneral(Band.Max, 4), eAlign::Right);
-        Surface.Text(MarginX - 3, Band.Base - ScaleSize - 3, FormatGeneral(Band.Min, 4), eAlign::Right);
+        const std::string Name = BandText(Band, -1);
+        const double Y = NameTop(k);
+        const bool IsShort = Surface.TextWidth(Name, NameSize) <= MarginX - KeyRoom;
+        Surface.SetPen(PaperInk(ColourOf(k)));
+        Surface.SetFont(NameSize);
+        Surface.Text(IsShort ? MarginX - KeyRoom : MarginX + KeyRoom, Y, Name, IsShort ? eAlign::Right : eAlign::Left);
+        DrawScale(Band, TopOf(k));
     }
 }
 
+void cDataView::DrawScale(const ViewBand& Band, double Top)
+{
+    if (Band.Base - Top < ScaleRoom) return;
+    Surface.SetPen(Ink);
+    Surface.SetFont(ScaleSize);
+    Surface.Text(MarginX - KeyRoom, Top + 1, FormatGeneral(Band.Max, 5), eAlign::Right);
+    Surface.Text(MarginX - KeyRoom, Band.Base - ScaleSize - 3, FormatGeneral(Band.Min, 5), eAlign::Right);
+    const std::string Unit = Band.Kind == ViewBand::eKind::Channel ? ChannelUnit(gFile.Calibr[Band.Chan].ParamID) : "";
+    if (Band.Base - Top >= UnitRoom)
+        Surface.Text(MarginX - KeyRoom, (Top + Band.Base) / 2 + NameSize / 2.0, Unit, eAlign::Right);
+}
+
+// Ticks stand where the time passes a whole step, behind a piece that was cut out as well.
 void cDataView::DrawTimes()
 {
-    const double Width = Surface.Size().X - MarginX;
-    const int Count = std::max(2, static_cast<int>(Width / TimeRoom));
+    const double Right = Surface.Size().X;
+    const int32_t First = std::max(FirstSample, 0);
+    const int32_t Last = std::min<int32_t>(LastSample(), First + Steps * gXScale);
+    if (Last <= First) return;
+    const double Step = NiceStep(gRaw(0, Last) - gRaw(0, First), std::max(2, static_cast<int>(Right / TimeRoom)));
+    double Passed = std::ceil(gRaw(0, First) / Step - Slack) - 1;
+    double Free = 0;
     Surface.SetFont(NameSize);
-    Surface.SetPen(Ink);
-    for (int i = 0; i <= Count; ++i) {
-        const double X = MarginX + std::trunc(static_cast<double>(i) * Steps / Count) * StepX;
-        const int32_t Sample = RawXtoLog(X + StepX / 2);
-        if (Sample < 0 || Sample > LastSample()) break;
-        Surface.Line(Unit(X), Unit(Height), Unit(X), Unit(Height + 4));
-        const eAlign Align = i == 0 ? eAlign::Left : i == Count ? eAlign::Right : eAlign::Centre;
-        Surface.Text(X, Height + 6, FormatNum(gRaw(0, Sample), "0.0") + (i == 0 ? " s" : ""), Align);
+    for (int32_t Sample = First; Sample <= Last; Sample += gXScale) {
+        const double Whole = std::floor(gRaw(0, Sample) / Step + Slack);
+        const double X = LogToX(Sample);
+        if (Whole > Passed && X >= Free) {
+            Surface.SetPen(GridColour);
+            Surface.Line(Unit(X), 0, Unit(X), Unit(Height));
+            Surface.SetPen(Ink);
+            Surface.Line(Unit(X), Unit(Height), Unit(X), Unit(Height + 4));
+            const eAlign Align = X > Right - TimeRoom / 2 ? eAlign::Right : eAlign::Centre;
+            Surface.Text(X, Height + 6, TickText(Whole * Step, Step) + (Free == 0 ? " s" : ""), Align);
+            Free = X + TimeRoom / 2;
+        }
+        Passed = std::max(Passed, Whole);
     }
 }
 
+// With the values at it, beside the bands that have their names shown.
 void cDataView::DrawCursor()
 {
     const double X = LogToX(Cursor);
-    if (Cursor < 0 || X < MarginX || X > Surface.Size().X) return;
+    if (Cursor < 0 || Cursor > LastSample() || X < MarginX || X > Surface.Size().X) return;
     Surface.SetPen(CursorColour);
     Surface.Line(Unit(X), 0, Unit(X), Unit(Height));
+    const bool IsLeft = X > Surface.Size().X - ValueRoom;
+    Surface.SetFont(NameSize);
+    for (const std::size_t k : LabelledBands()) {
+        const ViewBand& Band = BandArr[k];
+        if (Band.Kind != ViewBand::eKind::Channel) continue;
+        Surface.Text(X + (IsLeft ? -KeyRoom : KeyRoom), NameTop(k), FormatGeneral(gRaw(Band.Chan, Cursor), 5),
+                     IsLeft ? eAlign::Right : eAlign::Left);
+    }
 }

@@ -1,4 +1,4 @@
-// What the keys, the mouse and the commands of the data view do.
+// What the commands of the data view do.
 #include "views/fData02view.h"
 
 #include "core/mError.h"
@@ -19,12 +19,12 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSignalBlocker>
-#include <QWheelEvent>
+
+#include <utility>
 
 namespace {
-constexpr double DragLeast = 4;   // drawing units: less is a click
-constexpr double ArrowStep = 0.1; // of the view's width
 constexpr int DistChan = 16;
+constexpr int StripHeight = 110; // above the plot
 } // namespace
 
 bool fData02view::InitData(const std::string& FileName, int16_t Mode)
@@ -33,7 +33,7 @@ bool fData02view::InitData(const std::string& FileName, int16_t Mode)
     if (!IsLoaded) return false;
     View.DropExtraBands();
     View.SelStart = View.SelStop = View.FirstSample = 0;
-    Nav.FirstRow = Nav.LastRow = 0;
+    Nav.FirstRow = Nav.LastRow = Nav.Cursor = 0;
     LastChange.Clear();
     IsChanged = IsEdited = false;
     setWindowTitle(Shown(Data.Caption));
@@ -64,6 +64,12 @@ void fData02view::Run(const char* What, Command Action)
 void fData02view::Show()
 {
     View.Clip();
+    const bool HasSamples = cDataView::LastSample() >= 1;
+    for (QPushButton* Button : SampleCommands)
+        Button->setEnabled(HasSamples);
+    Surface->setVisible(!IsStrip());
+    Bar->setVisible(!IsStrip());
+    Strip->setMaximumHeight(IsStrip() ? QWIDGETSIZE_MAX : StripHeight);
     const QSignalBlocker Quiet(Bar);
     Bar->setPageStep(cDataView::ScrollPage());
     Bar->setValue(View.ScrollValue());
@@ -106,7 +112,7 @@ void fData02view::ShowCursor()
 
 void fData02view::Changed()
 {
-    IsChanged = true;
+    WasChanged = std::exchange(IsChanged, true);
     View.DropExtraBands();
     View.SelStart = View.SelStop = 0;
 }
@@ -172,16 +178,15 @@ void fData02view::Delete()
 
 void fData02view::Undo()
 {
-    if (LastChange.Run())
-        View.DropExtraBands();
-    else
-        UpdateStatus("There is nothing to take back.");
+    if (!LastChange.Run()) return UpdateStatus("There is nothing to take back.");
+    View.DropExtraBands();
+    IsChanged = WasChanged;
 }
 
 void fData02view::SetStartSel()
 {
     if (IsStrip())
-        Nav.FirstRow = NavCursor;
+        Nav.FirstRow = Nav.Cursor;
     else if (View.Cursor >= 0)
         View.SelStart = View.Cursor;
 }
@@ -189,7 +194,7 @@ void fData02view::SetStartSel()
 void fData02view::SetStopSel()
 {
     if (IsStrip()) {
-        Nav.LastRow = NavCursor;
+        Nav.LastRow = Nav.Cursor;
         return;
     }
     if (View.Cursor < 0) return;
@@ -244,6 +249,7 @@ void fData02view::Trim()
 {
     if (!Nav.HasSelection()) return UpdateStatus("Select strokes on the strip first.");
     if (!TrimRows(Nav.FirstRow, Nav.LastRow, LastChange)) return UpdateStatus("No stroke lies between those selected.");
+    WasChanged = IsChanged;
     Nav.FirstRow = 0;
     Nav.LastRow = gScanRows.UBound();
 }
@@ -265,113 +271,8 @@ void fData02view::SaveStrokeTable()
 
 void fData02view::AccVel()
 {
-    if (View.HasSelection() && AccToVel(View.SelStart, View.SelStop, LastChange)) IsChanged = true;
-}
-
-bool fData02view::eventFilter(QObject* Watched, QEvent* Event)
-{
-    const bool IsDone = Watched == Surface ? MouseOnPlot(Event) : Watched == Strip && MouseOnStrip(Event);
-    return IsDone || QWidget::eventFilter(Watched, Event);
-}
-
-// Dragging selects, a click sets the cursor, the wheel zooms at the pointer.
-bool fData02view::MouseOnPlot(QEvent* Event)
-{
-    const auto* Mouse = dynamic_cast<QMouseEvent*>(Event);
-    switch (Event->type()) {
-    case QEvent::MouseButtonPress:
-        DragFrom = Mouse->position().x();
-        setFocus();
-        return true;
-    case QEvent::MouseMove:
-        lbPointer->setText(Shown(View.PointerText(Mouse->position().x(), Mouse->position().y())));
-        if ((Mouse->buttons() & Qt::LeftButton) && std::abs(Mouse->position().x() - DragFrom) >= DragLeast &&
-            View.Select(DragFrom, Mouse->position().x()))
-            View.Draw();
-        return true;
-    case QEvent::MouseButtonRelease:
-        Guard("Selection", [&] {
-            if (std::abs(Mouse->position().x() - DragFrom) >= DragLeast) {
-                if (View.Select(DragFrom, Mouse->position().x())) ShowNumbers();
-            } else if (View.SetCursor(Mouse->position().x())) {
-                ShowCursor();
-            }
-            return true;
-        });
-        Show();
-        return true;
-    case QEvent::Wheel: {
-        const auto* Wheel = static_cast<QWheelEvent*>(Event);
-        if (View.ZoomAt(Wheel->position().x(), Wheel->angleDelta().y() > 0)) Show();
-        return true;
-    }
-    default:
-        return false;
-    }
-}
-
-bool fData02view::MouseOnStrip(QEvent* Event)
-{
-    const auto* Mouse = dynamic_cast<QMouseEvent*>(Event);
-    switch (Event->type()) {
-    case QEvent::MouseButtonPress:
-        DragFrom = Mouse->position().x();
-        NavCursor = Nav.RowAt(DragFrom);
-        setFocus();
-        return true;
-    case QEvent::MouseMove:
-    case QEvent::MouseButtonRelease: {
-        const bool IsHeld = Event->type() == QEvent::MouseButtonRelease || (Mouse->buttons() & Qt::LeftButton);
-        if (!IsHeld || std::abs(Mouse->position().x() - DragFrom) < DragLeast) return true;
-        Nav.Select(DragFrom, Mouse->position().x());
-        ShowStrip();
-        return true;
-    }
-    default:
-        return false;
-    }
-}
-
-void fData02view::keyPressEvent(QKeyEvent* Event)
-{
-    const auto Move = [this](double Frac) {
-        View.MoveView(Frac);
-        Show();
-    };
-    if (Event->matches(QKeySequence::SelectAll)) return Run("Selection", &fData02view::SelAllStrokes);
-    switch (Event->key()) {
-    case Qt::Key_Left:
-        return Move(-ArrowStep);
-    case Qt::Key_Right:
-        return Move(ArrowStep);
-    case Qt::Key_PageUp:
-        return Move(-1);
-    case Qt::Key_PageDown:
-        return Move(1);
-    case Qt::Key_Home:
-        View.FirstSample = 0;
-        return Show();
-    case Qt::Key_End:
-        View.ScrollToEnd();
-        return Show();
-    case Qt::Key_O:
-        return Run("Zoom", &fData02view::ZoomOut);
-    case Qt::Key_I:
-        return Run("Zoom", &fData02view::ZoomIn);
-    case Qt::Key_X:
-        return Run("Export", &fData02view::Export);
-    case Qt::Key_Delete:
-        return Run("Delete", &fData02view::Delete);
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        if (IsEdited) Run("Save Data", &fData02view::SaveData);
-        [[fallthrough]];
-    case Qt::Key_Escape:
-        (parentWidget() ? parentWidget() : this)->close();
-        return;
-    default:
-        QWidget::keyPressEvent(Event);
-    }
+    if (View.HasSelection() && AccToVel(View.SelStart, View.SelStop, LastChange))
+        WasChanged = std::exchange(IsChanged, true);
 }
 
 void fData02view::closeEvent(QCloseEvent* Event)

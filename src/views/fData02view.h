@@ -14,6 +14,7 @@
 #include <array>
 #include <functional>
 #include <string>
+#include <vector>
 
 class QLabel;
 class QLayout;
@@ -44,6 +45,7 @@ private:
     QLayout* BuildCommands();
     QLayout* BuildNumbers();
     QLayout* BuildInputs();
+    QLayout* BuildHead();
     QPushButton* AddButton(const QString& Name, const char* Caption, const char* Tip, Command Action);
     QLineEdit* AddBox(const char* Name, bool IsReadOnly);
 
@@ -92,6 +94,7 @@ private:
     std::array<QLineEdit*, 2> txtInps{};
     std::array<QLineEdit*, 2> txtCur{};
     QLineEdit* txtFilter;
+    std::vector<QPushButton*> SampleCommands; // for which there have to be samples
     QPushButton* cmdTrim = nullptr;
     QPushButton* cmdGetRawData = nullptr;
     QPushButton* cmdSaveStrokes = nullptr;
@@ -100,8 +103,8 @@ private:
     cDataNav Nav;
     ViewData Data;
     ViewUndo LastChange;
-    double DragFrom = 0; // where the mouse button went down
-    int NavCursor = 0;
-    bool IsEdited = false;  // distance or time was typed
-    bool IsChanged = false; // samples differ from those of the file
+    double DragFrom = 0;     // where the mouse button went down
+    bool IsEdited = false;   // distance or time was typed
+    bool IsChanged = false;  // samples differ from those of the file
+    bool WasChanged = false; // and did before the last change
 };

@@ -27,13 +27,13 @@ fData02view::fData02view()
     Below->addLayout(BuildCommands());
     Below->addLayout(BuildInputs());
     Below->addLayout(BuildNumbers());
-    Below->addStretch();
+    Below->addStretch(1);
     auto* Layout = new QVBoxLayout(this);
     Layout->setContentsMargins(6, 6, 6, 6);
     Layout->setSpacing(4);
-    Layout->addWidget(lbStrip);
-    Layout->addWidget(Strip);
-    Layout->addWidget(Surface, 1);
+    Layout->addLayout(BuildHead());
+    Layout->addWidget(Strip, 1);
+    Layout->addWidget(Surface, 100);
     Layout->addWidget(Bar);
     Layout->addLayout(Below);
     connect(new QShortcut(QKeySequence::Undo, this), &QShortcut::activated, this,
@@ -43,11 +43,8 @@ fData02view::fData02view()
 
 void fData02view::BuildPlot()
 {
-    constexpr int StripHeight = 110;
     Surface->setObjectName("picData");
     Strip->setObjectName("DataNav");
-    Strip->setFixedHeight(StripHeight);
-    lbStrip->setObjectName("lbStrip");
     Bar->setObjectName("HScroll1");
     Bar->setRange(0, cDataView::ScrollMax);
     for (qSurface* Plot : {Surface, Strip}) {
@@ -63,6 +60,18 @@ void fData02view::BuildPlot()
         View.Scroll(Value);
         View.Draw();
     });
+}
+
+QLayout* fData02view::BuildHead()
+{
+    lbStrip->setObjectName("lbStrip");
+    lbPointer->setObjectName("lbPointer");
+    lbPointer->setText("The value under the mouse is shown here.");
+    auto* Row = new QHBoxLayout;
+    Row->addWidget(lbStrip);
+    Row->addStretch();
+    Row->addWidget(lbPointer);
+    return Row;
 }
 
 QPushButton* fData02view::AddButton(const QString& Name, const char* Caption, const char* Tip, Command Action)
@@ -93,8 +102,9 @@ QLayout* fData02view::BuildCommands()
         const char* Caption;
         const char* Tip;
         Command Action;
+        bool IsForTable = false; // works on the table of strokes too
     } const Commands[] = {
-        {"&Save Data", "Saves the selected frames as a recording of their own", &fData02view::SaveData},
+        {"&Save Data", "Saves the selected frames as a recording of their own", &fData02view::SaveData, true},
         {"E&xport", "Writes the selected samples as text (X)", &fData02view::Export},
         {"Zoom &Out", "Shows more of the recording (O, mouse wheel)", &fData02view::ZoomOut},
         {"Zoom &In", "Shows less of the recording (I, mouse wheel)", &fData02view::ZoomIn},
@@ -102,8 +112,8 @@ QLayout* fData02view::BuildCommands()
         {"Rate", "Adds a band of the stroke rate", &fData02view::ShowRate},
         {"Filter", "Sets times to zero and repairs spikes", &fData02view::Filter},
         {"&Delete", "Removes the selected samples; Ctrl+Z brings them back", &fData02view::Delete},
-        {"&1 Start", "The selection starts at the cursor", &fData02view::SetStartSel},
-        {"&2 Stop", "The selection stops at the cursor", &fData02view::SetStopSel},
+        {"&1 Start", "The selection starts at the cursor", &fData02view::SetStartSel, true},
+        {"&2 Stop", "The selection stops at the cursor", &fData02view::SetStopSel, true},
         {"Proc Strokes", "Writes a row of figures for every stroke selected", &fData02view::ProcStrokes},
         {"Proc &All", "Makes a sample of the whole recording", &fData02view::ProcAll},
         {"&Proc Sel", "Makes a sample of the selection", &fData02view::ProcSelection},
@@ -118,13 +128,19 @@ QLayout* fData02view::BuildCommands()
         Grid->addWidget(Button, Place % Rows, Place / Rows);
         ++Place;
     };
-    for (const auto& Each : Commands)
-        Add(AddButton(QString("CmdArr_%1").arg(Place), Each.Caption, Each.Tip, Each.Action));
+    for (const auto& Each : Commands) {
+        QPushButton* Button = AddButton(QString("CmdArr_%1").arg(Place), Each.Caption, Each.Tip, Each.Action);
+        if (!Each.IsForTable) SampleCommands.push_back(Button);
+        Add(Button);
+    }
     Add(AddButton("cmdSelAll", "Sel All Strokes", "Selects from the first stroke to the last one (Ctrl+A)",
                   &fData02view::SelAllStrokes));
-    Add(AddButton("cmdPlotProc", "&Report", "Shows the typical stroke of the selection", &fData02view::Plot));
-    Add(AddButton("cmdAccVel", "Acc. to Vel.", "Integrates the boat's acceleration to its velocity",
-                  &fData02view::AccVel));
+    SampleCommands.push_back(
+        AddButton("cmdPlotProc", "&Report", "Shows the typical stroke of the selection", &fData02view::Plot));
+    Add(SampleCommands.back());
+    SampleCommands.push_back(AddButton("cmdAccVel", "Acc. to Vel.",
+                                       "Integrates the boat's acceleration to its velocity", &fData02view::AccVel));
+    Add(SampleCommands.back());
     cmdGetRawData =
         AddButton("cmdGetRawData", "&Get Data", "Reads the selected strokes of the recording", &fData02view::GetData);
     cmdTrim = AddButton("cmdTrim", "&Trim", "Keeps the selected strokes in the table only", &fData02view::Trim);
@@ -140,6 +156,7 @@ QLayout* fData02view::BuildInputs()
 {
     auto* Grid = new QGridLayout;
     Grid->setSpacing(3);
+    lbCurDist->setFixedWidth(txtFilter->width());
     int Row = 0;
     const auto Add = [&](const char* Caption, QWidget* Box) {
         auto* Label = new QLabel(Caption, this);
@@ -157,7 +174,6 @@ QLayout* fData02view::BuildInputs()
     }
     lbCurDist->setObjectName("lbCurDist");
     lbCurDist->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    lbPointer->setObjectName("lbPointer");
     txtFilter->setText(Shown(FormatNum(StdFilter, "0.0")));
     connect(txtFilter, &QLineEdit::textEdited, this, [](const QString& Text) {
         const auto Number = LeadingNumber(Plain(Text));
@@ -169,8 +185,8 @@ QLayout* fData02view::BuildInputs()
     Add("Time (s)", txtInps[1]);
     Add("Filter (SD)", txtFilter);
     Add("Cursor (s)", txtCur[0]);
-    Add("Cursor (m)", txtCur[1]);
-    Grid->addWidget(lbCurDist, 0, 2);
+    Add("Rowed (m)", txtCur[1]);
+    Add("Logged (m)", lbCurDist);
     Grid->setRowStretch(Row, 1);
     return Grid;
 }
@@ -178,7 +194,7 @@ QLayout* fData02view::BuildInputs()
 QLayout* fData02view::BuildNumbers()
 {
     constexpr const char* OwnLabels[] = {"", "From (s)", "To (s)"};
-    constexpr std::size_t Rows = 4; // as many in a column
+    constexpr std::size_t Rows = 6; // as many in a column
     auto* Grid = new QGridLayout;
     Grid->setVerticalSpacing(3);
     for (std::size_t i = 1; i < txtSel.size(); ++i) {
@@ -194,7 +210,6 @@ QLayout* fData02view::BuildNumbers()
         Grid->addWidget(Label, Row, Column);
         Grid->addWidget(txtSel[i], Row, Column + 1);
     }
-    Grid->addWidget(lbPointer, static_cast<int>(Rows), 0, 1, 6);
-    Grid->setRowStretch(static_cast<int>(Rows) + 1, 1);
+    Grid->setRowStretch(static_cast<int>(Rows), 1);
     return Grid;
 }

@@ -42,6 +42,11 @@ bool IsFor(const ChannelQuantity& Each, const std::string& ParamID)
            ParamID[1] <= '9';
 }
 
+auto KnownFor(const std::string& ParamID)
+{
+    return std::find_if(Known.begin(), Known.end(), [&](const auto& Row) { return IsFor(Row, ParamID); });
+}
+
 struct Argument
 {
     Quantity Value;
@@ -53,8 +58,7 @@ std::vector<Argument> Find(const std::string& ParamID)
 {
     const int Chan = FindChan(gFile.Calibr, ParamID);
     if (Chan < 1 || Chan > gFile.Calibr.UBound()) return {};
-    const auto* const Each =
-        std::find_if(Known.begin(), Known.end(), [&](const auto& Row) { return IsFor(Row, ParamID); });
+    const auto* const Each = KnownFor(ParamID);
     const bool IsArc = gFile.Calibr[Chan].Mode == 1;
     if (Each == Known.end()) return {Argument{{"", ""}, ""}};
     if (IsArc) return {Argument{{Each->Arc, "m"}, Each->Speed}};
@@ -76,6 +80,12 @@ const char* NameOfUnit(const std::string& Unit)
     return "";
 }
 } // namespace
+
+std::string ChannelUnit(const std::string& ParamID)
+{
+    const auto* const Each = KnownFor(ParamID);
+    return Each == Known.end() ? "" : Each->Unit;
+}
 
 std::string AxisText(const Quantity& What)
 {

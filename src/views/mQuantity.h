@@ -17,6 +17,9 @@ struct Quantity
 /// "Name, unit", or the one that is known.
 std::string AxisText(const Quantity& What);
 
+/// Unit of a channel's values, empty when it is not known.
+std::string ChannelUnit(const std::string& ParamID);
+
 /// The quantity that a row puts on its X axis; nothing is known of a row over the sample position.
 Quantity QuantityX(const ViewRow& Row);
 

@@ -1,0 +1,122 @@
+// What the mouse and the keys do in the data view.
+#include "core/mHost.h"
+#include "platform/qt/qText.h"
+#include "views/fData02view.h"
+
+#include <QLabel>
+#include <QWheelEvent>
+
+#include <cmath>
+
+namespace {
+constexpr double DragLeast = 4;   // drawing units: less is a click
+constexpr double ArrowStep = 0.1; // of the view's width
+} // namespace
+
+bool fData02view::eventFilter(QObject* Watched, QEvent* Event)
+{
+    const bool IsDone = Watched == Surface ? MouseOnPlot(Event) : Watched == Strip && MouseOnStrip(Event);
+    return IsDone || QWidget::eventFilter(Watched, Event);
+}
+
+// Dragging selects, a click sets the cursor, the wheel zooms at the pointer.
+bool fData02view::MouseOnPlot(QEvent* Event)
+{
+    const auto* Mouse = dynamic_cast<QMouseEvent*>(Event);
+    switch (Event->type()) {
+    case QEvent::MouseButtonPress:
+        DragFrom = Mouse->position().x();
+        setFocus();
+        return true;
+    case QEvent::MouseMove:
+        lbPointer->setText(Shown(View.PointerText(Mouse->position().x(), Mouse->position().y())));
+        if ((Mouse->buttons() & Qt::LeftButton) && std::abs(Mouse->position().x() - DragFrom) >= DragLeast &&
+            View.Select(DragFrom, Mouse->position().x()))
+            View.Draw();
+        return true;
+    case QEvent::MouseButtonRelease:
+        Guard("Selection", [&] {
+            if (std::abs(Mouse->position().x() - DragFrom) >= DragLeast) {
+                if (View.Select(DragFrom, Mouse->position().x())) ShowNumbers();
+            } else if (View.SetCursor(Mouse->position().x())) {
+                ShowCursor();
+            }
+            return true;
+        });
+        Show();
+        return true;
+    case QEvent::Wheel: {
+        const auto* Wheel = static_cast<QWheelEvent*>(Event);
+        if (View.ZoomAt(Wheel->position().x(), Wheel->angleDelta().y() > 0)) Show();
+        return true;
+    }
+    default:
+        return false;
+    }
+}
+
+bool fData02view::MouseOnStrip(QEvent* Event)
+{
+    const auto* Mouse = dynamic_cast<QMouseEvent*>(Event);
+    switch (Event->type()) {
+    case QEvent::MouseButtonPress:
+        DragFrom = Mouse->position().x();
+        Nav.Cursor = Nav.RowAt(DragFrom);
+        setFocus();
+        ShowStrip();
+        return true;
+    case QEvent::MouseMove:
+    case QEvent::MouseButtonRelease: {
+        const bool IsHeld = Event->type() == QEvent::MouseButtonRelease || (Mouse->buttons() & Qt::LeftButton);
+        lbPointer->setText(Shown(cDataNav::RowText(Nav.RowAt(Mouse->position().x()))));
+        if (!IsHeld || std::abs(Mouse->position().x() - DragFrom) < DragLeast) return true;
+        Nav.Select(DragFrom, Mouse->position().x());
+        ShowStrip();
+        return true;
+    }
+    default:
+        return false;
+    }
+}
+
+void fData02view::keyPressEvent(QKeyEvent* Event)
+{
+    const auto Move = [this](double Frac) {
+        View.MoveView(Frac);
+        Show();
+    };
+    if (Event->matches(QKeySequence::SelectAll)) return Run("Selection", &fData02view::SelAllStrokes);
+    switch (Event->key()) {
+    case Qt::Key_Left:
+        return Move(-ArrowStep);
+    case Qt::Key_Right:
+        return Move(ArrowStep);
+    case Qt::Key_PageUp:
+        return Move(-1);
+    case Qt::Key_PageDown:
+        return Move(1);
+    case Qt::Key_Home:
+        View.FirstSample = 0;
+        return Show();
+    case Qt::Key_End:
+        View.ScrollToEnd();
+        return Show();
+    case Qt::Key_O:
+        return Run("Zoom", &fData02view::ZoomOut);
+    case Qt::Key_I:
+        return Run("Zoom", &fData02view::ZoomIn);
+    case Qt::Key_X:
+        return Run("Export", &fData02view::Export);
+    case Qt::Key_Delete:
+        return Run("Delete", &fData02view::Delete);
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (IsEdited) Run("Save Data", &fData02view::SaveData);
+        [[fallthrough]];
+    case Qt::Key_Escape:
+        (parentWidget() ? parentWidget() : this)->close();
+        return;
+    default:
+        QWidget::keyPressEvent(Event);
+    }
+}
