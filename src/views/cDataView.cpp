@@ -18,6 +18,11 @@ namespace {
 constexpr double MarginShare = 0.03; // of the width, left of the curves
 constexpr double TimesHeight = 36;   // below the bands
 constexpr double MaxRate = 60;       // of the rate's scale
+
+double Single(double X)
+{
+    return static_cast<double>(static_cast<float>(X));
+}
 } // namespace
 
 int32_t cDataView::LastSample()
@@ -45,7 +50,7 @@ bool cDataView::ZoomAt(double X, bool IsIn)
 {
     const int32_t Sample = RawXtoLog(X);
     if (!(IsIn ? ZoomIn() : ZoomOut())) return false;
-    ScrollTo(Sample - std::floor((X - MarginX) / StepX) * gXScale);
+    ScrollTo(Sample - PointAt(X) * gXScale);
     return true;
 }
 
@@ -115,9 +120,19 @@ void cDataView::Clip()
     FirstSample = std::clamp(FirstSample, 0, Last);
 }
 
+double cDataView::PointX(int k) const
+{
+    return MarginX + std::trunc(Single(k * StepX));
+}
+
+double cDataView::PointAt(double X) const
+{
+    return std::trunc(Single((X - MarginX) / StepX));
+}
+
 int32_t cDataView::RawXtoLog(double X) const
 {
-    return static_cast<int32_t>(gXScale * std::trunc((X - MarginX) / StepX)) + FirstSample;
+    return static_cast<int32_t>(gXScale * PointAt(X)) + FirstSample;
 }
 
 double cDataView::LogToX(double Sample) const
@@ -133,8 +148,8 @@ void cDataView::AddBand(ViewBand::eKind Kind, int Chan, double Min, double Max)
 void cDataView::SetUpPoly()
 {
     const SurfacePoint Size = Surface.Size();
-    MarginX = MarginShare * Size.X;
-    StepX = std::max((Size.X - MarginX) / Steps, 1e-3);
+    MarginX = Single(MarginShare * Size.X);
+    StepX = Single(std::max((Size.X - MarginX) / Steps, 1e-3));
     BandArr.clear();
     for (int Chan = 1; Chan <= std::min(gFile.Calibr.UBound(), gRaw.ChannelUBound()); ++Chan) {
         const CalibrRow& Row = gFile.Calibr[Chan];

@@ -123,6 +123,8 @@ public:
     void DropExtraBands();
 
 private:
+    double PointX(int k) const;
+    double PointAt(double X) const;
     void AddBand(ViewBand::eKind Kind, int Chan, double Min, double Max);
     void DrawGrid();
     void DrawSelection();
@@ -138,7 +140,7 @@ private:
 
     iSurface& Surface;
     double Height = 0;
-    double MarginX = 0;
+    double MarginX = 0; // these two have single precision, which decides on pixels
     double StepX = 1;
     std::vector<ViewBand> BandArr;
     std::vector<ViewBand::eKind> Extra;

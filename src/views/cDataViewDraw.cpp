@@ -97,8 +97,7 @@ void cDataView::DrawRawData()
             const int64_t Sample = int64_t{FirstSample} + int64_t{i} * gXScale;
             if (Sample < 1 || Sample >= std::min<int64_t>(LastSample(), static_cast<int64_t>(Values.size()))) continue;
             const double Value = Values[static_cast<std::size_t>(Sample)];
-            PolyPts.push_back(
-                {Unit(MarginX + std::trunc(i * StepX)), Unit(Band.Base - (Value - Band.Min) * Band.Scale)});
+            PolyPts.push_back({Unit(PointX(i)), Unit(Band.Base - (Value - Band.Min) * Band.Scale)});
         }
         Surface.Polyline(PolyPts);
     }

@@ -10,6 +10,7 @@
 #include "files/mQVN.h"
 
 #include <algorithm>
+#include <cmath>
 #include <filesystem>
 #include <numeric>
 
@@ -36,11 +37,19 @@ bool ReadFrames(const std::string& Path, int32_t Start, int32_t Stop, const char
     return true;
 }
 
+// Times of strokes are counted in frames: they are wrong when the options have another frequency than the session.
+std::string FrequencyNote()
+{
+    if (gFile.TimeStep <= 0 || std::abs(gFile.TimeStep * gDataFreq - 1) < 0.01) return {};
+    return "; times at " + FormatNum(gDataFreq, "0.0") + " Hz as the options say, the session says " +
+           FormatNum(1 / gFile.TimeStep, "0.0") + " Hz";
+}
+
 bool Scan(const std::string& Path)
 {
     UpdateStatus("Looking for strokes. Esc ends the search.");
     const bool IsDone = ScanRawFile(Path);
-    UpdateStatus(IsDone ? FormatNum(gScanRows.UBound(), "0") + " strokes found" : "");
+    UpdateStatus(IsDone ? FormatNum(gScanRows.UBound(), "0") + " strokes found" + FrequencyNote() : "");
     if (IsDone) gRaw.Create(gFile.ChanCnt, -1);
     return IsDone;
 }
