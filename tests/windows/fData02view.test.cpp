@@ -182,7 +182,7 @@ TEST_CASE_FIXTURE(Recording,
     CHECK(gScanRows.UBound() == 10);
     CHECK(gRaw.UBound() == -1);
     Click("cmdSelAll");
-    CHECK(Find<QLabel>("lbStrip").text().contains("Strokes=10   Rate="));
+    CHECK(Find<QLabel>("lbStrip").text().contains("Strokes=9   Rate="));
     Click("cmdTrim");
     CHECK(gScanRows.UBound() == 8);
     QTest::keyClick(&Find<QWidget>("fData02view"), Qt::Key_Z, Qt::ControlModifier);
