@@ -11,6 +11,7 @@
 #include "processing/mRefZero.h"
 
 #include <algorithm>
+#include <cmath>
 #include <optional>
 
 namespace {
@@ -123,7 +124,8 @@ void cReZero::SetQ1(int Row, const std::string& Text)
 void cReZero::ShowCount(ReZeroRow& Row)
 {
     Row.LogText = FormatNum(Row.Log, "0000");
-    Row.PhysText = FormatNum(Row.Phys, "00.00");
+    // What rounds to zero has no sign.
+    Row.PhysText = FormatNum(std::abs(Row.Phys) < 0.005 ? 0.0 : Row.Phys, "00.00");
 }
 
 void cReZero::DrawData()
