@@ -1,7 +1,8 @@
 // skarvelin-demo FOLDER [--file FILE]... [--size WIDTHxHEIGHT] [--picture FILE] COMMAND...: the desktop program with
 // its ini file and settings in FOLDER, for demonstrations and for pictures of its windows. A command is the name of a
 // menu entry or of a button of the window in front, NAME=TEXT to type into a box, key:NAME to press a key,
-// wait:MILLISECONDS. Each FILE answers a question for a file.
+// click:NAME@X,Y to click on a control at shares of its size, wait:MILLISECONDS. Each FILE answers a question for a
+// file.
 #include "acquisition/mComFast.h"
 #include "acquisition/mSampling.h"
 #include "app/qProgram.h"
@@ -100,10 +101,28 @@ void Type(QWidget& Window, const QString& Name, const QString& Text)
         PressKey(Box, 0, Letter);
 }
 
+// Clicks at a share of the width and height of the control of that name: NAME@X,Y.
+void ClickAt(QWidget& Window, const QString& Text)
+{
+    auto* Target = Window.findChild<QWidget*>(Text.section('@', 0, 0));
+    const QStringList Shares = Text.section('@', 1).split(',');
+    if (!Target || Shares.size() != 2) return Press(Window, Text);
+    const QPointF Place(Target->width() * Shares[0].toDouble(), Target->height() * Shares[1].toDouble());
+    for (const auto Kind : {QEvent::MouseMove, QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+        const bool IsDown = Kind == QEvent::MouseButtonPress;
+        QMouseEvent Event(Kind, Place, Target->mapToGlobal(Place),
+                          Kind == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
+                          IsDown ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+        QApplication::sendEvent(Target, &Event);
+    }
+}
+
 void Obey(QWidget& Window, const QString& Word)
 {
     if (Word.startsWith("key:"))
         PressKey(QApplication::focusWidget(), QKeySequence(Word.mid(4))[0].key());
+    else if (Word.startsWith("click:"))
+        ClickAt(Window, Word.mid(6));
     else if (Word.contains('='))
         Type(Window, Word.section('=', 0, 0), Word.section('=', 1));
     else

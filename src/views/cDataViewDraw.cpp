@@ -196,10 +196,16 @@ void cDataView::DrawCursor()
     Surface.Line(Unit(X), 0, Unit(X), Unit(Height));
     const bool IsLeft = X > Surface.Size().X - ValueRoom;
     Surface.SetFont(NameSize);
+    Surface.SetFill(White);
     for (const std::size_t k : LabelledBands()) {
-        const ViewBand& Band = BandArr[k];
-        if (Band.Kind != ViewBand::eKind::Channel) continue;
-        Surface.Text(X + (IsLeft ? -KeyRoom : KeyRoom), NameTop(k), FormatGeneral(gRaw(Band.Chan, Cursor), 5),
-                     IsLeft ? eAlign::Right : eAlign::Left);
+        if (BandArr[k].Kind != ViewBand::eKind::Channel) continue;
+        const std::string Value = FormatGeneral(gRaw(BandArr[k].Chan, Cursor), 5);
+        const double Width = Surface.TextWidth(Value, NameSize);
+        const double Left = Unit(IsLeft ? X - KeyRoom - Width : X + KeyRoom);
+        Surface.SetPen(White);
+        Surface.Box(Left - 2, Unit(NameTop(k)) + 1, Unit(Left + Width) + 2, Unit(NameTop(k)) + NameSize);
+        Surface.SetPen(CursorColour);
+        Surface.Text(Left, NameTop(k), Value);
     }
+    Surface.SetFill(NoFill);
 }
