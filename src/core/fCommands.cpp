@@ -200,7 +200,7 @@ void OpenDataView(frmMain& Main, const std::string& FileName, int16_t Mode)
     }
     auto View = std::make_unique<fData02view>();
     if (!View->InitData(FileName, Mode)) return;
-    View->OnPlot = [] { OpenReport(ReportTypical, 0, 0, 0); };
+    View->OnPlot = [](int Kind, int32_t First, int32_t Last) { OpenReport(Kind, 0, First, Last); };
     fData02view* Shown = View.release();
     Main.AddWindow(Shown);
     RestorePlace(*Shown, "fData02view", Main.AreaSize());

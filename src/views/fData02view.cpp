@@ -10,6 +10,7 @@
 #include "platform/qt/qText.h"
 #include "processing/mFilter.h"
 #include "processing/mStrokeLog.h"
+#include "views/cData03report.h"
 #include "views/mViewSave.h"
 
 #include <QApplication>
@@ -242,7 +243,13 @@ void fData02view::ProcessStart()
 
 void fData02view::Plot()
 {
-    if (PlotProc(View.SelStart, View.SelStop) && OnPlot) OnPlot();
+    if (PlotProc(View.SelStart, View.SelStop) && OnPlot) OnPlot(ReportTypical, 0, 0);
+}
+
+void fData02view::PlotSamples()
+{
+    if (!View.HasSelection()) return UpdateStatus("Select the samples to be plotted first.");
+    if (OnPlot) OnPlot(ReportPrimary, View.SelStart, View.SelStop);
 }
 
 void fData02view::Trim()

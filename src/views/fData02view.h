@@ -30,8 +30,9 @@ public:
     /// Loads FileName as that kind of data and shows it. False when that fails or is cancelled (told).
     bool InitData(const std::string& FileName, int16_t Mode);
 
-    /// Called when the typical pattern in memory was made to be looked at.
-    std::function<void()> OnPlot;
+    /// Called when a report is wanted: of the typical pattern that was just made (ReportTypical), or of the samples
+    /// First to Last as they are (ReportPrimary).
+    std::function<void(int Kind, int32_t First, int32_t Last)> OnPlot;
 
 protected:
     bool eventFilter(QObject* Watched, QEvent* Event) override;
@@ -78,6 +79,7 @@ private:
     void ProcessSplits();
     void ProcessStart();
     void Plot();
+    void PlotSamples();
     void Trim();
     void GetData();
     void SaveStrokeTable();

@@ -133,6 +133,8 @@ QLayout* fData02view::BuildCommands()
         if (!Each.IsForTable) SampleCommands.push_back(Button);
         Add(Button);
     }
+    Add(AddButton("cmdPlotRaw", "Plot Se&l", "Shows the selected samples in the plots of the report",
+                  &fData02view::PlotSamples));
     Add(AddButton("cmdSelAll", "Sel All Strokes", "Selects from the first stroke to the last one (Ctrl+A)",
                   &fData02view::SelAllStrokes));
     SampleCommands.push_back(
