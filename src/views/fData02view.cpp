@@ -155,7 +155,10 @@ void fData02view::ZoomIn()
 
 void fData02view::ShowDist()
 {
-    View.ShowDist();
+    if (!View.ShowDist()) return;
+    const auto Texts = DistTexts(View.SelStart, View.SelStop);
+    for (std::size_t i = 0; i < Texts.size(); ++i)
+        txtSel[7 + i]->setText(Shown(Texts[i]));
 }
 
 void fData02view::ShowRate()

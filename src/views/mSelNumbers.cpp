@@ -22,10 +22,9 @@ std::optional<SelTexts> SelectionNumbers(int32_t Start, int32_t Stop)
     Texts[4] = FormatNum(gStrokeCnt, "0");
     Texts[5] = FormatNum(gRate, "0.0");
     Texts[6] = FormatNum(SafeDiv(gCycleSD, gMeanCycleT), "0.0%");
-    if (const auto Dist = SelectionDist(Start, Stop)) {
-        Texts[7] = FormatNum(*Dist, "0.0");
-        Texts[8] = FormatNum(SafeDiv(*Dist, Duration), "0.00");
-    }
+    const auto Dist = DistTexts(Start, Stop);
+    Texts[7] = Dist[0];
+    Texts[8] = Dist[1];
     int32_t Count = 0;
     double Mean = 0, SD = 0;
     CycleStatsInRange(Start, Stop, Count, Mean, SD);
@@ -46,6 +45,13 @@ bool FindAllStrokes(int32_t& Start, int32_t& Stop)
     while (DetectCycle(Cur, Last, Time))
         if (Cur <= Last) Stop = Cur;
     return true;
+}
+
+std::array<std::string, 2> DistTexts(int32_t Start, int32_t Stop)
+{
+    const auto Dist = SelectionDist(Start, Stop);
+    if (!Dist) return {};
+    return {FormatNum(*Dist, "0.0"), FormatNum(SafeDiv(*Dist, gRaw(0, Stop) - gRaw(0, Start)), "0.00")};
 }
 
 std::optional<double> SelectionDist(int32_t Start, int32_t Stop)
