@@ -15,6 +15,11 @@ bool AskYesNo(const std::string& Text, const std::string& Title)
     return gHost.Dialogs->MsgBox(Text, Title, eButtons::YesNo) == eAnswer::Yes;
 }
 
+bool AskOkCancel(const std::string& Text, const std::string& Title)
+{
+    return gHost.Dialogs->MsgBox(Text, Title, eButtons::OkCancel) == eAnswer::Yes;
+}
+
 std::string InputBox(const std::string& Prompt, const std::string& Title, const std::string& Proposed)
 {
     return gHost.Dialogs->InputBox(Prompt, Title, Proposed).value_or("");

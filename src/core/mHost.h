@@ -35,6 +35,9 @@ void MsgBox(const std::string& Text, const std::string& Title);
 /// Asks a question; true when it was answered Yes.
 bool AskYesNo(const std::string& Text, const std::string& Title);
 
+/// Asks whether to go on; true when it was answered OK.
+bool AskOkCancel(const std::string& Text, const std::string& Title);
+
 /// Asks for a line of text. Cancelling gives an empty text.
 std::string InputBox(const std::string& Prompt, const std::string& Title, const std::string& Proposed);
 

@@ -8,7 +8,8 @@
 enum class eButtons
 {
     Ok,
-    YesNo
+    YesNo,
+    OkCancel // answered as Yes and No
 };
 enum class eAnswer
 {

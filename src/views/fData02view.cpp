@@ -136,7 +136,7 @@ void fData02view::SaveData()
 void fData02view::Export()
 {
     if (!View.HasSelection()) {
-        if (!AskYesNo("The selection is not set. Do you want to export the whole sample?", TitleWarning)) return;
+        if (!AskOkCancel("The selection is not set. Do you want to export the whole sample?", TitleWarning)) return;
         View.SelStart = 0;
         View.SelStop = cDataView::LastSample();
     }

@@ -92,16 +92,16 @@ TEST_CASE_FIXTURE(Recording, "strokes are selected, their numbers shown, and pro
     CHECK(gRaw.UBound() == Frames - 1);
     QTest::keyClick(&Find<QWidget>("fData02view"), Qt::Key_A, Qt::ControlModifier);
     CHECK(Number(4) == "8");
-    CHECK(std::stod(Number(5)) == doctest::Approx(30).epsilon(0.02));
-    CHECK(std::stod(Number(3)) == doctest::Approx(18).epsilon(0.02));
+    CHECK(Val(Number(5)) == doctest::Approx(30).epsilon(0.02));
+    CHECK(Val(Number(3)) == doctest::Approx(18).epsilon(0.02));
     Click("CmdArr_4");
-    CHECK(std::stod(Number(7)) == doctest::Approx(5 * std::stod(Number(3))).epsilon(0.01));
+    CHECK(Val(Number(7)) == doctest::Approx(5 * Val(Number(3))).epsilon(0.01));
     CHECK(Number(8) == "5.00");
     Click("CmdArr_12");
     REQUIRE(gFile.Desc.UBound() == 1);
     CHECK(gFile.Desc[1].StrokeCount == 8);
     CHECK(gFile.Desc[1].RawFN == "a.qvn");
-    CHECK(gFile.Desc[1].DistReal == doctest::Approx(std::stod(Number(7))).epsilon(0.001));
+    CHECK(gFile.Desc[1].DistReal == doctest::Approx(Val(Number(7))).epsilon(0.001));
     CHECK(ReadWhole(Folder.Path("s.txt"))->find("a.qvn") != std::string::npos);
     CHECK(ReadWhole(Folder.Path("s.bak")).has_value());
 }
@@ -134,7 +134,7 @@ TEST_CASE_FIXTURE(Recording, "a dragged selection is deleted and brought back, a
     CHECK(gXScale == 2);
     Drag(0.2, 0.6);
     const std::string Time = Number(3);
-    CHECK(std::stod(Time) == doctest::Approx(0.4 / 0.97 * 400 * 2 / 50).epsilon(0.01));
+    CHECK(Val(Time) == doctest::Approx(0.4 / 0.97 * 400 * 2 / 50).epsilon(0.01));
     const double Value = gRaw(1, 700);
     Click("CmdArr_7");
     CHECK(gRaw.UBound() < 700);

@@ -15,7 +15,14 @@ QMessageBox::Icon IconFor(const std::string& Title, eButtons Buttons)
 {
     if (Title.starts_with("Error")) return QMessageBox::Critical;
     if (Title.starts_with("Warning")) return QMessageBox::Warning;
-    return Buttons == eButtons::YesNo ? QMessageBox::Question : QMessageBox::Information;
+    return Buttons == eButtons::Ok ? QMessageBox::Information : QMessageBox::Question;
+}
+
+QMessageBox::StandardButtons ButtonsFor(eButtons Buttons)
+{
+    if (Buttons == eButtons::YesNo) return QMessageBox::Yes | QMessageBox::No;
+    if (Buttons == eButtons::OkCancel) return QMessageBox::Ok | QMessageBox::Cancel;
+    return QMessageBox::Ok;
 }
 
 std::optional<std::string> Given(const QString& Name)
@@ -27,15 +34,13 @@ std::optional<std::string> Given(const QString& Name)
 
 eAnswer qDialogs::MsgBox(const std::string& Text, const std::string& Title, eButtons Buttons)
 {
-    const bool Asks = Buttons == eButtons::YesNo;
-    QMessageBox Box(IconFor(Title, Buttons), Shown(Title), Shown(Text),
-                    Asks ? QMessageBox::Yes | QMessageBox::No : QMessageBox::StandardButtons(QMessageBox::Ok),
+    QMessageBox Box(IconFor(Title, Buttons), Shown(Title), Shown(Text), ButtonsFor(Buttons),
                     QApplication::activeWindow());
     Box.setTextFormat(Qt::PlainText);
     Box.setTextInteractionFlags(Qt::TextSelectableByMouse);
     const int Chosen = Box.exec();
-    if (!Asks) return eAnswer::Ok;
-    return Chosen == QMessageBox::Yes ? eAnswer::Yes : eAnswer::No;
+    if (Buttons == eButtons::Ok) return eAnswer::Ok;
+    return Chosen == QMessageBox::Yes || Chosen == QMessageBox::Ok ? eAnswer::Yes : eAnswer::No;
 }
 
 std::optional<std::string> qDialogs::InputBox(const std::string& Prompt, const std::string& Title,
