@@ -7,6 +7,7 @@
 #include "core/mNumText.h"
 #include "core/mSettings.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -127,7 +128,7 @@ void cCalibr::TakeMode()
 bool cCalibr::TakeChan(double Number)
 {
     const int16_t Former = mChan;
-    mChan = static_cast<int16_t>(Number >= 0 && Number <= LastDataChan ? RoundHalfEven(Number) : 0);
+    mChan = static_cast<int16_t>(std::clamp(RoundHalfEven(Number), 0.0, 32767.0));
     const bool IsThere = HasChannel();
     if (!IsThere) mChan = Former;
     mBoxes[BoxChan] = FormatNum(mChan, "0");
