@@ -39,8 +39,6 @@ void OfferDemo(const std::string& From, const std::string& Folder)
     if (!fs::exists(fs::path(From) / "eight.txt", Ignored)) return;
     if (!AskYesNo("This is the first start here. Open the demonstration session, an eight?", "Welcome")) return;
     SetCurFile(CopyDemo(From, Folder));
-    // The rower's panel shows all that it has.
-    gIsCurves = gIsValue = gIsInd = gIsGrid = true;
     gIsTargVals = gIsTargCurves = 1;
     SaveSetting("gIsTargVals");
     SaveSetting("gIsTargCurves");

@@ -26,12 +26,12 @@ int16_t gAutoCalCh = 0;
 double gAutoCalQ0 = 0;
 double gAutoCalQ1 = 0;
 std::array<CalibrSensRow, 5> gCalibrSens;
-bool gIsCurves = false;
-bool gIsValue = false;
+bool gIsCurves = true;
+bool gIsValue = true;
 bool gIsScore = false;
-bool gIsInd = false;
+bool gIsInd = true;
 bool gIsSound = false;
-bool gIsGrid = false;
+bool gIsGrid = true;
 
 namespace {
 constexpr std::string_view SensKey = "CalibrSens";
@@ -157,7 +157,9 @@ bool ReadIni()
 {
     const auto Bytes = ReadWhole(IniPath());
     if (!Bytes) {
-        MsgBox("File not found: " + IniPath(), TitleError);
+        MsgBox("File not found: " + IniPath() +
+                   "\nSkarvelin begins with its defaults and writes the file anew when it ends.",
+               TitleError);
         return false;
     }
     TextEncoding Encoding{};

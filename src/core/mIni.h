@@ -39,7 +39,7 @@ extern int16_t gAutoCalCh;      // channel of the active automatic calibrator
 extern double gAutoCalQ0;
 extern double gAutoCalQ1;
 extern std::array<CalibrSensRow, 5> gCalibrSens;
-extern bool gIsCurves; // feedback switches
+extern bool gIsCurves; // feedback switches; without a file the panel shows curves, values, dots and grid
 extern bool gIsValue;
 extern bool gIsScore;
 extern bool gIsInd;
