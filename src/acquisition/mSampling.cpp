@@ -189,8 +189,10 @@ void Timer1_Timer()
 {
     if (!gReplaying) return;
     if (gReplayFile.AtEnd()) {
+        const bool IsEmpty = gFrameCnt == 0;
         StopAll();
         CloseDForms();
+        if (IsEmpty) MsgBox("There are no frames in file: " + gReplayFile.Path(), TitleInformation);
         return;
     }
     const auto Taken = gReplayFile.Take();

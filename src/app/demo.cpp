@@ -43,10 +43,11 @@ QImage InFewColours(const QImage& Picture)
     return Picture.convertToFormat(QImage::Format_Indexed8, Colours, Qt::ThresholdDither | Qt::AvoidDither);
 }
 
-// The window with the dialog above it, if one is open.
+// The window with the dialog above it, if one is open, or what fills the screen in its place.
 QImage Seen(QWidget& Window)
 {
-    QPixmap Picture = Window.grab();
+    QWidget* Front = QApplication::activeWindow();
+    QPixmap Picture = (Front && Front->isFullScreen() ? *Front : Window).grab();
     if (QWidget* Dialog = QApplication::activeModalWidget()) {
         QPainter Painter(&Picture);
         QRect Place = Dialog->rect();

@@ -18,6 +18,7 @@
 #include "platform/qt/qIcons.h"
 #include "platform/qt/qPlace.h"
 #include "records/fTargets.h"
+#include "records/mTargets.h"
 #include "views/fData02view.h"
 #include "views/fData03report.h"
 #include "views/fSamples.h"
@@ -31,14 +32,21 @@
 #include <memory>
 
 namespace {
+// The open window of a kind that takes frames.
+template <class Window>
+Window* FindOne()
+{
+    for (cDataWindow* Open : LoadedWindows())
+        if (auto* Found = dynamic_cast<Window*>(Open); Found && Found->Tag == DataTag) return Found;
+    return nullptr;
+}
+
 template <class Window>
 Window& ShowOne(frmMain& Main)
 {
-    for (cDataWindow* Open : LoadedWindows())
-        if (auto* Found = dynamic_cast<Window*>(Open); Found && Found->Tag == DataTag) return *Found;
-    auto* New = new Window;
-    Main.AddWindow(New);
-    return *New;
+    auto* One = FindOne<Window>();
+    if (!One) Main.AddWindow(One = new Window);
+    return *One;
 }
 
 // A window of which there is one, in the place where it was closed.
@@ -62,14 +70,17 @@ fCheckChans& ShowIndicators(frmMain& Main)
     return Check;
 }
 
-fData01real& ShowRower(frmMain& Main)
+// What there is to tell of the targets is told ahead of the window: one that opens while a message stands may be closed
+// by the end of a replay.
+void ShowRower(frmMain& Main)
 {
-    const auto Count = LoadedWindows().size();
-    auto& Panel = ShowOne<fData01real>(Main);
-    if (LoadedWindows().size() > Count) RestorePlace(Panel, "fData01real", Main.AreaSize());
-    Panel.OnRecorded = [&Main](const std::string& Path) { OpenDataView(Main, Path, DataRaw); };
-    Main.Activate(Panel);
-    return Panel;
+    if (!FindOne<fData01real>()) {
+        InitTargets();
+        auto& New = ShowOne<fData01real>(Main);
+        RestorePlace(New, "fData01real", Main.AreaSize());
+        New.OnRecorded = [&Main](const std::string& Path) { OpenDataView(Main, Path, DataRaw); };
+    }
+    Main.Activate(ShowOne<fData01real>(Main));
 }
 
 void TellPlaying(const std::string& Path)
@@ -261,8 +272,10 @@ void PlayRawRower(frmMain& Main)
     if (Path.empty()) return;
     StartReplay(Path);
     if (!gReplaying) return;
+    gReplaying = false; // held until the panel is there to be played on
     ShowRower(Main);
     SetReplayInterval(static_cast<int>(RoundHalfEven(gDeltaT * 1000 / 10)));
+    gReplaying = true;
     TellPlaying(Path);
 }
 

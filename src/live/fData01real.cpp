@@ -11,6 +11,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QPointer>
 #include <QScreen>
 #include <QVBoxLayout>
 
@@ -57,7 +58,6 @@ fData01real::fData01real(int16_t Source, const std::string& RawPath)
     Layout->addWidget(Surface, 1);
     setFocusPolicy(Qt::StrongFocus);
     Surface->SetBackground(gBackground);
-    InitTargets();
     Panel.Load(Source);
     Panel.InitMode(RawPath);
     Surface->OnResize = [this] { Panel.Resize(); };
@@ -68,6 +68,7 @@ fData01real::fData01real(int16_t Source, const std::string& RawPath)
 QWidget* fData01real::BuildLabels()
 {
     auto* Strip = new QWidget(Body);
+    Strip->setToolTip("F11 fills the screen and comes back, Space holds a replay, Esc closes the panel");
     auto* Layout = new QHBoxLayout(Strip);
     Layout->setContentsMargins(12, 0, 12, 0);
     for (std::size_t i = 0; i < LabelCnt; ++i) {
@@ -123,7 +124,9 @@ void fData01real::SetLive(bool Live)
 
 void fData01real::NewSession()
 {
+    const QPointer<fData01real> Alive(this); // a replay may end while a message stands, and close the panel
     InitTargets();
+    if (!Alive) return;
     Panel.Load(Mode);
     Panel.Resize();
     ShowLabels();
@@ -200,8 +203,10 @@ void fData01real::keyPressEvent(QKeyEvent* Event)
     }
 }
 
+// The end of a replay that is being recorded wants to close the panel in the middle of its question, which does it.
 void fData01real::Unload()
 {
+    if (IsAsking) return;
     if (Body->isWindow()) ToggleFullScreen();
     qDataWindow::Unload();
 }
@@ -209,8 +214,10 @@ void fData01real::Unload()
 void fData01real::closeEvent(QCloseEvent* Event)
 {
     const bool WasLogging = gLogging;
-    if (WasLogging && !AskYesNo("A recording is running. Stop it and close the panel?", TitleWarning))
-        return Event->ignore();
+    IsAsking = true;
+    const bool IsAgreed = !WasLogging || AskYesNo("A recording is running. Stop it and close the panel?", TitleWarning);
+    IsAsking = false;
+    if (!IsAgreed) return Event->ignore();
     KeepPlace(*this, Section);
     Panel.Unload();
     if (WasLogging) StopAll();

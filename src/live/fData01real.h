@@ -15,7 +15,8 @@ class QVBoxLayout;
 class fData01real : public qDataWindow
 {
 public:
-    /// Source tells where samples come from; with a table source RawPath is the raw file that is loaded for it.
+    /// Source tells where samples come from; with a table source RawPath is the raw file that is loaded for it. The
+    /// targets are those that InitTargets has chosen.
     explicit fData01real(int16_t Source = SourceFrames, const std::string& RawPath = "");
 
     /// Called with the recording's file when the panel was closed over a running recording, which has ended by then.
@@ -50,4 +51,5 @@ private:
     qSurface* Surface;
     cRower Panel;
     const int16_t Mode;
+    bool IsAsking = false; // a question stands before the panel closes
 };

@@ -187,3 +187,34 @@ TEST_CASE_FIXTURE(Panel, "a replay shows the strokes that the panel without a wi
     REQUIRE(QTest::qWaitFor([] { return !gReplaying; }, 20000));
     CHECK(Seen.Strokes == Expected);
 }
+
+TEST_CASE_FIXTURE(Panel, "a replay waits until its panel's messages are read, and may end while the panel asks")
+{
+    struct SlowReader : ScriptedDialogs
+    {
+        eAnswer MsgBox(const std::string& Text, const std::string& Title, eButtons Buttons) override
+        {
+            QTest::qWait(3 * ReplayInterval);
+            return ScriptedDialogs::MsgBox(Text, Title, Buttons);
+        }
+    } Slow;
+    gHost.Dialogs = &Slow;
+    gHost.Settings->SaveSetting("Models", "gIsTargVals", "1");
+    gFile.Model = 67;
+    gFile.ChanCnt = 8;
+    const std::string Short = Folder.Path("short.qvn");
+    const std::string None = Folder.Path("none.qvn");
+    REQUIRE(SaveWhole(Short, MakeFrame(0, 1).toStdString()));
+    REQUIRE(SaveWhole(None, "no frame at all"));
+    Slow.Files = {Short, None};
+    Choose("mnuPlayRawRower");
+    CHECK(Slow.Told.size() == 3);
+    StartLog();
+    QTest::keyClick(&Window(), Qt::Key_Escape);
+    QTest::qWait(5);
+    CHECK(!gReplaying);
+    CHECK(!Main.findChild<QWidget*>("fData01real"));
+    Choose("mnuPlayRawRower");
+    REQUIRE(QTest::qWaitFor([&] { return Slow.Told.back().ends_with(None); }, 20000));
+    CHECK(Slow.Told.back() == "Information: There are no frames in file: " + None);
+}

@@ -14,7 +14,7 @@ namespace {
 QMessageBox::Icon IconFor(const std::string& Title, eButtons Buttons)
 {
     if (Title.starts_with("Error")) return QMessageBox::Critical;
-    if (Title.starts_with("Warning")) return QMessageBox::Warning;
+    if (Title.starts_with("Warn")) return QMessageBox::Warning;
     return Buttons == eButtons::Ok ? QMessageBox::Information : QMessageBox::Question;
 }
 
