@@ -144,7 +144,7 @@ TEST_CASE_FIXTURE(Panel, "another session goes on in the panel, and a running re
     Main.OpenFile(Folder.Path("eight.txt"));
     CHECK(gLogging);
     CHECK(Label("lbData_3") == "000");
-    CHECK(gFile.View1.UBound() == 16);
+    CHECK(gFile.View1.UBound() == 10);
     Row(100);
     CHECK(Label("lbData_3") == "002");
     Dialogs.AnswerYes = false;
