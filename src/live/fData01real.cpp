@@ -38,6 +38,14 @@ void SetPixels(QLabel& Label, QSize Room, double Share)
     const double Height = std::min(Room.height() * Share, Room.width() / WidestValue * Share / ValueShare);
     Letters.setPixelSize(std::max(8, static_cast<int>(Height)));
     Label.setFont(Letters);
+    Label.setFixedHeight(QFontMetrics(Letters).height());
+}
+
+// How much of its text's width a label has, at most 1.
+double WidthShare(const QLabel& Label)
+{
+    const int Wanted = QFontMetrics(Label.font()).horizontalAdvance(Label.text());
+    return Wanted > Label.width() ? static_cast<double>(Label.width()) / Wanted : 1;
 }
 } // namespace
 
@@ -98,13 +106,27 @@ void fData01real::SizeLabels()
     // At once: the plots would be drawn a second time when the labels take their place later.
     lbData[0]->parentWidget()->layout()->activate();
     Body->layout()->activate();
+    // A figure of an hour's rowing may be too long for its place; all get smaller with it, and the plots stay.
+    double Share = 1;
+    for (const QLabel* Label : lbData)
+        Share = std::min(Share, WidthShare(*Label));
+    for (QLabel* Label : lbData) {
+        QFont Letters = Label->font();
+        Letters.setPixelSize(std::max(8, static_cast<int>(Share * Letters.pixelSize())));
+        Label->setFont(Letters);
+    }
 }
 
 void fData01real::ShowLabels()
 {
     const std::string* const Texts[] = {&Panel.TimeText, &Panel.RateText, &Panel.StrokesText};
-    for (std::size_t i = 0; i < LabelCnt; ++i)
-        lbData[i]->setText(Shown(*Texts[i]));
+    bool IsLonger = false;
+    for (std::size_t i = 0; i < LabelCnt; ++i) {
+        const QString Text = Shown(*Texts[i]);
+        IsLonger = IsLonger || Text.size() != lbData[i]->text().size();
+        lbData[i]->setText(Text);
+    }
+    if (IsLonger) SizeLabels();
 }
 
 void fData01real::DrawData()

@@ -70,6 +70,15 @@ TEST_CASE_FIXTURE(Panel, "strokes are counted on the labels, which are large and
     CHECK(Label("lbData_3") == "003");
     CHECK(Find<QLabel>("lbData_2").font().pixelSize() >= 0.08 * Window().height());
     CHECK(Find<QLabel>("lbData_2").isEnabled());
+
+    // After hours the figures get smaller rather than lose their first and last digits.
+    const QSize Plot = Plots().size();
+    Frame += 100000000;
+    Row(1);
+    const auto& Time = Find<QLabel>("lbData_0");
+    CHECK(Time.text().size() > 6);
+    CHECK(QFontMetrics(Time.font()).horizontalAdvance(Time.text()) <= Time.width());
+    CHECK(Plots().size() == Plot);
     Window().LoseFrames();
     CHECK(!Find<QLabel>("lbData_2").isEnabled());
 }
