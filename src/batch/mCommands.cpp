@@ -139,6 +139,11 @@ std::span<const Command> AllCommands()
     return Table;
 }
 
+void TellNoFrames(const std::string& Path)
+{
+    MsgBox("There are no frames of a logger in the file: " + Path, TitleInformation);
+}
+
 bool SaveText(const std::string& Path, const std::string& Text)
 {
     if (SaveWhole(Path, Text)) return true;

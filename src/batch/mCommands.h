@@ -40,6 +40,9 @@ bool SaveSession(const std::string& Session, const std::string& Out);
 /// Reads a raw file into the sample store and conditions it when the line says --filter. False when told.
 bool LoadRaw(const std::string& Path, const Args& Line);
 
+/// Tells that a raw file has no frame, and that what was made of it is its head alone.
+void TellNoFrames(const std::string& Path);
+
 /// Writes Text as a whole file. False when that fails (told).
 bool SaveText(const std::string& Path, const std::string& Text);
 

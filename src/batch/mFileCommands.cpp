@@ -134,11 +134,6 @@ std::string SessionJson()
         .Text();
 }
 
-void TellNoFrames(const std::string& Path)
-{
-    MsgBox("There are no frames of a logger in the file: " + Path, TitleInformation);
-}
-
 void AppendFrame(std::string& Text, int Index)
 {
     AppendFixed(Text, Index, 0);

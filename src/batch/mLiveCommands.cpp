@@ -96,7 +96,7 @@ void WriteStroke(TabText& Table, int Frame, const cRower& Panel)
 }
 
 // Frames as a replay takes them: one that the decoder refuses is passed over.
-bool PlayThrough(cRower& Panel, TabText& Table)
+bool PlayThrough(const std::string& Path, cRower& Panel, TabText& Table)
 {
     CreateData();
     int Frame = -1;
@@ -106,6 +106,7 @@ bool PlayThrough(cRower& Panel, TabText& Table)
         Panel.DrawData();
         if (Panel.NewStroke()) WriteStroke(Table, Frame, Panel);
     }
+    if (Frame < 0) TellNoFrames(Path);
     return CloseScanFile();
 }
 } // namespace
@@ -138,5 +139,5 @@ bool DoLive(const Args& Line)
     Panel.InitMode();
     Panel.Resize();
     TabText Table("Frame\tTime\tStroke\tCycle\tRate\tRateAver\tRow\tID\tKey\tValue");
-    return PlayThrough(Panel, Table) && SaveText(Line.Files[2], Table.Text());
+    return PlayThrough(Line.Files[1], Panel, Table) && SaveText(Line.Files[2], Table.Text());
 }

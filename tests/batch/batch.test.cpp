@@ -198,6 +198,10 @@ TEST_CASE("live writes the stroke numbers of every stroke that the recording hol
     for (auto At = Text.find("Style\tAt\t"); At != std::string::npos; At = Text.find("Style\tAt\t", At + 1))
         ++Scores;
     CHECK(Scores == 12);
+
+    REQUIRE(SaveWhole(Folder.Path("empty.qvn"), ""));
+    const Outcome None = Folder.Batch({"live", "single.txt", "empty.qvn", "live.tsv"});
+    CHECK((None.Exit == 0 && None.Err.find("no frames") != std::string::npos));
 }
 
 TEST_CASE("the patterns of a sample come as a table, as they stand in the session file, and only those of a sample")
