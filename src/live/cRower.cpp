@@ -46,6 +46,8 @@ void cRower::Load(int16_t Source)
         KeyQ0 = gFile.Calibr[gKeyChan].Q0;
         KeyQ1 = gFile.Calibr[gKeyChan].Q1;
     }
+    PrevIdx = CurIdx = 0;
+    NextIdx = 1;
     gFirstCycle = true;
     HasKeys = false;
     TimeText = RateText = FormatNum(0, "00.0");

@@ -107,6 +107,10 @@ TEST_CASE("a stroke's start clears the picture and begins the trace from the poi
     // The ring wraps to place 0, whose point lies to the left, and goes on over its own start.
     Test.Sample(6, 120);
     CHECK(Test.Log.Take().size() == 1);
+    Test.Panel.Load();
+    Test.Panel.Resize();
+    Test.Sample(7, 40);
+    CHECK(Test.Log.Take() == Texts{"line 4 560 4 560 #FF0000"});
 }
 
 TEST_CASE("target curves take the size of the target and leave a wide pen behind")
