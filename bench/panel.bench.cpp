@@ -1,5 +1,7 @@
 // A sample through the rower's panel of twenty rows, without the screen, against a plain strip chart of twenty
 // channels.
+#include "shares.h"
+
 #include "core/mGlobData.h"
 #include "core/mHost.h"
 #include "core/mIni.h"
@@ -9,7 +11,6 @@
 #include "platform/plain/sSettings.h"
 #include "platform/plain/sSurface.h"
 
-#include <algorithm>
 #include <array>
 #include <benchmark/benchmark.h>
 #include <chrono>
@@ -69,15 +70,6 @@ void NextSample(int64_t Number)
         gData[Chan] = std::round(8000 + 6000 * std::cos(Phase + static_cast<double>(Chan) * 0.1));
 }
 
-void TellShares(benchmark::State& State, std::vector<double>& Times)
-{
-    if (Times.empty()) return;
-    std::sort(Times.begin(), Times.end());
-    State.counters["median_us"] = Times[Times.size() / 2];
-    State.counters["p99_us"] = Times[Times.size() * 99 / 100];
-    State.counters["max_us"] = Times.back();
-}
-
 void Panel(benchmark::State& State)
 {
     using Clock = std::chrono::steady_clock;
@@ -94,7 +86,7 @@ void Panel(benchmark::State& State)
         Rower.DrawData();
         Times.push_back(std::chrono::duration<double, std::micro>(Clock::now() - Begin).count());
     }
-    TellShares(State, Times);
+    TellShares(State.counters, Times, "us");
 }
 
 // Each channel calibrated and drawn as a line from its last point to the next, nothing else.

@@ -2,6 +2,8 @@
 // file and settings in FOLDER, with both channel indicators and the rower's panel, plays RECORDING to it over TCP at a
 // hundred frames a second, and prints how long after its writing each frame stood on the panel's picture, and the
 // longest that the program was busy with one event.
+#include "shares.h"
+
 #include "app/qProgram.h"
 #include "core/mDataWindow.h"
 #include "core/mGlobData.h"
@@ -140,12 +142,10 @@ QWidget* Picture(const QWidget& Window)
     return nullptr;
 }
 
-void Print(std::vector<double>& Times, Clock::duration Longest)
+void Print(const std::vector<double>& Times, Clock::duration Longest)
 {
-    std::sort(Times.begin(), Times.end());
-    const auto Share = [&](double Part) { return Times[static_cast<std::size_t>(Part * double(Times.size() - 1))]; };
     std::printf("frame to picture, %zu frames: median %.1f ms, 99 %% %.1f ms, longest %.1f ms; longest event %.1f ms\n",
-                Times.size(), Share(0.5), Share(0.99), Times.back(), Ms(Longest));
+                Times.size(), Share(Times, 0.5), Share(Times, 0.99), Share(Times, 1), Ms(Longest));
 }
 } // namespace
 

@@ -1,5 +1,6 @@
 // The data view on 32,000 samples of 80 channels: a redraw at every zoom, and from the file to the whole window.
 #include "recording.h"
+#include "shares.h"
 
 #include "core/mGlobData.h"
 #include "core/mSettings.h"
@@ -19,13 +20,6 @@
 namespace {
 constexpr int Samples = 32200;
 constexpr QSize Size(1280, 620);
-
-double At(std::vector<double>& Times, double Fraction)
-{
-    const auto Place = Times.begin() + static_cast<std::ptrdiff_t>(Fraction * static_cast<double>(Times.size() - 1));
-    std::nth_element(Times.begin(), Place, Times.end());
-    return *Place;
-}
 
 void MakeSession()
 {
@@ -57,8 +51,7 @@ void Redraw(benchmark::State& State)
             Times.push_back(Taken.count());
         }
     gXScale = 1;
-    State.counters["median_ms"] = At(Times, 0.5);
-    State.counters["p99_ms"] = At(Times, 0.99);
+    TellShares(State.counters, Times, "ms");
 }
 
 // As many lines of as many points at seven zooms, drawn by the toolkit alone.
@@ -117,12 +110,3 @@ BENCHMARK(RedrawReference)->Name("redraw/reference")->Unit(benchmark::kMilliseco
 BENCHMARK(Open)->Name("open")->Unit(benchmark::kMillisecond);
 BENCHMARK(OpenReference)->Name("open/reference")->Unit(benchmark::kMillisecond);
 } // namespace
-
-int main(int Count, char** Words)
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication Toolkit(Count, Words);
-    benchmark::Initialize(&Count, Words);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

@@ -1,6 +1,7 @@
 // A frame from its bytes to the pictures of both channel indicators, and the start of the main window against a bare
 // one.
 #include "recording.h"
+#include "shares.h"
 
 #include "acquisition/mDecode.h"
 #include "calibration/fCheckChans.h"
@@ -27,13 +28,6 @@
 namespace {
 constexpr int Frames = 5000;
 constexpr int HeadBytes = 4;
-
-double At(std::vector<double>& Times, double Fraction)
-{
-    const auto Place = Times.begin() + static_cast<std::ptrdiff_t>(Fraction * static_cast<double>(Times.size() - 1));
-    std::nth_element(Times.begin(), Place, Times.end());
-    return *Place;
-}
 
 // Decoding, recording and redrawing of both windows, without the screen's own refresh. An iteration is one frame.
 void Frame(benchmark::State& State)
@@ -68,8 +62,7 @@ void Frame(benchmark::State& State)
             State.ResumeTiming();
         }
     }
-    State.counters["median_us"] = At(Times, 0.5);
-    State.counters["p99_us"] = At(Times, 0.99);
+    TellShares(State.counters, Times, "us");
 }
 
 void Start(benchmark::State& State)
@@ -116,12 +109,3 @@ BENCHMARK(Frame)->Name("frame")->Unit(benchmark::kMicrosecond)->Iterations(20000
 BENCHMARK(Start)->Name("start")->Unit(benchmark::kMillisecond);
 BENCHMARK(StartReference)->Name("start/reference")->Unit(benchmark::kMillisecond);
 } // namespace
-
-int main(int Count, char** Words)
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication Toolkit(Count, Words);
-    benchmark::Initialize(&Count, Words);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}
