@@ -20,6 +20,8 @@ double gTestTime = 0;
 int32_t gBadStrokes = 0;
 
 namespace {
+constexpr int32_t FirstKey = 2; // rows 0 and 1 of the store are never read
+
 // The crossing lies between K[1] and K[2] and must be backed by one more sample on each side: that is all the
 // debouncing there is. The newest sample counts in the peak modes only.
 bool IsBoundary(const std::array<double, 5>& K, double Thr)
@@ -102,7 +104,7 @@ bool DetectCycle(int32_t& Cur, int32_t Stop, double& CycleTime)
     const int32_t Last = std::min(gRaw.UBound() - 2, Stop);
     KeyWindow Win = gKeyWin;
     bool Found = false;
-    for (Cur = std::max(Cur, 2); Cur <= Last && !Found; ++Cur) {
+    for (Cur = std::max(Cur, FirstKey); Cur <= Last && !Found; ++Cur) {
         Win.K[4] = Key[static_cast<std::size_t>(Cur)];
         Win.T[4] = Time[static_cast<std::size_t>(Cur)];
         Found = IsBoundary(Win.K, Thr);
@@ -112,6 +114,18 @@ bool DetectCycle(int32_t& Cur, int32_t Stop, double& CycleTime)
     }
     gKeyWin = Win;
     return Found;
+}
+
+void ScanUpTo(int32_t Start)
+{
+    if (gKeyChan < 1 || gKeyChan > gRaw.ChannelUBound()) return;
+    const int32_t Stop = std::clamp(Start, FirstKey, std::max(gRaw.UBound(), FirstKey));
+    for (std::size_t k = 0; k < 4; ++k) {
+        const int32_t i = Stop - 4 + static_cast<int32_t>(k);
+        // Nothing compares with samples that are not there.
+        gKeyWin.K[k] = i < FirstKey ? std::nan("") : gRaw(gKeyChan, i);
+        gKeyWin.T[k] = i < FirstKey ? 0 : gRaw(0, i);
+    }
 }
 
 bool CycleStats(int32_t Start, int32_t Stop)

@@ -28,6 +28,10 @@ extern int32_t gBadStrokes; // cycles rejected by all runs since the program beg
 /// samples 4 and 3 before the new Cur, in the peak modes on sample Cur - 3. Throws RunError without a key channel.
 bool DetectCycle(int32_t& Cur, int32_t Stop, double& CycleTime);
 
+/// Leaves the detector's window as a scan of the samples ahead of Start does: the next scan from Start then finds the
+/// boundaries of the recording alone, and none across the join with whatever was scanned before.
+void ScanUpTo(int32_t Start);
+
 /// Counts the cycles of a stretch into gStrokeCnt, gMeanCycleT, gCycleSD and gRate. False without a whole cycle. A
 /// boundary that sample Stop itself completes does not count here, though ProcessCycles uses it. Throws RunError when
 /// rounding makes the variance negative.

@@ -88,14 +88,24 @@ void cDataNav::DrawScale()
         Surface.Text(SideRoom - 4, std::clamp(Y - Letters / 2.0, 0.0, Size.Y - Letters - 4.0), FormatNum(Rate, "0"),
                      eAlign::Right);
     }
+}
+
+// On white, since the curves run through them on a low strip.
+void cDataNav::DrawTitles()
+{
+    constexpr const char* Title = "Rate (1/min)";
+    Surface.SetPen(White);
+    Surface.SetFill(White);
+    Surface.Box(SideRoom + 3, 2, SideRoom + 10 + Surface.TextWidth(Title, Letters, true), Letters + 5);
+    Surface.SetFill(NoFill);
     Surface.SetFont(Letters, true);
     Surface.SetPen(RateColour);
-    Surface.Text(SideRoom + 6, 2, "Rate (1/min)");
+    Surface.Text(SideRoom + 6, 2, Title);
     if (MaxSpeed() <= 0) return;
     Surface.SetPen(SpeedColour);
-    Surface.Text(Size.X - 2, 2, "Speed", eAlign::Right);
+    Surface.Text(Surface.Size().X - 2, 2, "Speed", eAlign::Right);
     Surface.SetFont(Letters);
-    Surface.Text(Size.X - SideRoom + 4, Letters + 5, FormatNum(MaxSpeed(), "0") + " m/s");
+    Surface.Text(Surface.Size().X - SideRoom + 4, Letters + 5, FormatNum(MaxSpeed(), "0") + " m/s");
 }
 
 void cDataNav::Draw()
@@ -124,6 +134,7 @@ void cDataNav::Draw()
     Surface.Polyline(Rates);
     Surface.SetPen(Ink);
     Surface.Line(SideRoom, Size.Y - 1, Size.X - SideRoom, Size.Y - 1);
+    DrawTitles();
     DrawRows();
     if (Cursor < 1) return;
     Surface.SetPen(CursorColour);

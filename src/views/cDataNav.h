@@ -43,6 +43,7 @@ private:
     void DrawRows();
     double RowToX(int Row) const;
     void DrawScale();
+    void DrawTitles();
 
     iSurface& Surface;
 };

@@ -13,6 +13,8 @@
 #include <cmath>
 
 std::vector<double> gDist;
+int32_t gDistStart = 0;
+int32_t gDistStop = 0;
 
 namespace {
 constexpr double MarginShare = 0.03; // of the width, left of the curves
@@ -203,15 +205,23 @@ bool cDataView::ShowDist()
     if (SelStop == 0) SelStop = LastSample();
     gDist.assign(static_cast<std::size_t>(LastSample() + 1), 0);
     double Dist = 0;
-    for (int32_t i = std::max(SelStart, 0); i <= std::min(SelStop, LastSample() - 1); ++i) {
+    gDistStart = gDistStop = std::max(SelStart, 0);
+    for (int32_t i = gDistStart; i <= std::min(SelStop, LastSample() - 1); ++i) {
         const double V = (gRaw(gVChan, i) + gRaw(gVChan, i + 1)) / 2;
         const double dT = gRaw(0, i + 1) - gRaw(0, i);
         if (dT <= 0) break;
         Dist += V * dT;
         gDist[static_cast<std::size_t>(i)] = Dist;
+        gDistStop = i;
     }
     // No step follows the last sample: it has what was rowed up to it.
-    if (SelStop >= LastSample() && LastSample() > 0) gDist.back() = Dist;
+    if (gDistStop == LastSample() - 1 && SelStop >= LastSample()) {
+        gDistStop = LastSample();
+        gDist.back() = Dist;
+    }
+    if (gDistStop < SelStop)
+        UpdateStatus("The times go back behind " + FormatNum(gRaw(0, gDistStop), "0.0") +
+                     " s: the distance ends there");
     Extra.push_back(ViewBand::eKind::Dist);
     return true;
 }
@@ -221,6 +231,7 @@ void cDataView::ShowRate()
     RateArr.clear();
     int32_t Cur = 0;
     double Time = 0;
+    ScanUpTo(0);
     bool HasStroke = DetectCycle(Cur, LastSample(), Time);
     while (HasStroke) {
         const int32_t Before = Cur;

@@ -18,6 +18,8 @@ struct RatePoint
 
 /// Running distance in metres by sample; empty when no distance band was asked for.
 extern std::vector<double> gDist;
+extern int32_t gDistStart; // samples from which and to which it runs; 0 beyond them
+extern int32_t gDistStop;
 
 /// A band of the plot.
 struct ViewBand

@@ -8,7 +8,6 @@
 #include "files/mQVN.h"
 #include "platform/qt/qPlace.h"
 #include "platform/qt/qText.h"
-#include "processing/mFilter.h"
 #include "processing/mStrokeLog.h"
 #include "views/cData03report.h"
 #include "views/mViewSave.h"
@@ -83,7 +82,8 @@ void fData02view::ShowStrip()
     if (!Data.HasStrokeTable()) return;
     Nav.Clip();
     Nav.Draw();
-    lbStrip->setText(Shown(Nav.Caption()));
+    const std::string Note = FrequencyNote();
+    lbStrip->setText(Shown(Nav.Caption() + (Note.empty() ? "" : "   (" + Note + ")")));
 }
 
 bool fData02view::IsStrip() const
@@ -116,6 +116,8 @@ void fData02view::Changed()
     WasChanged = std::exchange(IsChanged, true);
     View.DropExtraBands();
     View.SelStart = View.SelStop = 0;
+    for (std::size_t i = 1; i < txtSel.size(); ++i)
+        txtSel[i]->setEnabled(false);
 }
 
 ProcStretch fData02view::Stretch() const
@@ -168,9 +170,9 @@ void fData02view::ShowRate()
 
 void fData02view::Filter()
 {
-    ZeroTime();
-    if (SpikeFilter()) IsChanged = true;
-    LastChange.Clear();
+    if (!FilterSamples(LastChange)) return UpdateStatus("There are too few samples to be filtered.");
+    WasChanged = std::exchange(IsChanged, true);
+    UpdateStatus("Times start at zero and spikes are repaired, in memory; Ctrl+Z takes it back.");
 }
 
 void fData02view::Delete()
@@ -260,18 +262,22 @@ void fData02view::Trim()
     if (!Nav.HasSelection()) return UpdateStatus("Select strokes on the strip first.");
     if (!TrimRows(Nav.FirstRow, Nav.LastRow, LastChange)) return UpdateStatus("No stroke lies between those selected.");
     WasChanged = IsChanged;
-    Nav.FirstRow = 0;
-    Nav.LastRow = gScanRows.UBound();
+    Nav.SelectAll();
 }
 
 void fData02view::GetData()
 {
     if (!Nav.HasSelection()) return UpdateStatus("Select strokes on the strip first.");
+    if (IsChanged && !AskYesNo("Samples were changed in this view, and no file has the changes. Take others in their "
+                               "place?",
+                               TitleWarning))
+        return;
     if (!GetRawData(Nav.FirstRow, Nav.LastRow, Data)) return;
     Changed();
     LastChange.Clear();
     IsChanged = false;
     View.FirstSample = 0;
+    View.Cursor = -1;
 }
 
 void fData02view::SaveStrokeTable()

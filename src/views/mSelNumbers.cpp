@@ -13,6 +13,7 @@ const std::array<const char*, 13> SelLabels = {"",          "",         "",     
 
 std::optional<SelTexts> SelectionNumbers(int32_t Start, int32_t Stop)
 {
+    ScanUpTo(Start);
     if (!CycleStats(Start, Stop)) return {};
     SelTexts Texts;
     const double Duration = gRaw(0, Stop) - gRaw(0, Start);
@@ -27,6 +28,7 @@ std::optional<SelTexts> SelectionNumbers(int32_t Start, int32_t Stop)
     Texts[8] = Dist[1];
     int32_t Count = 0;
     double Mean = 0, SD = 0;
+    ScanUpTo(Start);
     CycleStatsInRange(Start, Stop, Count, Mean, SD);
     Texts[9] = FormatNum(Count, "0");
     Texts[10] = FormatNum(SafeDiv(Count, gStrokeCnt), "0.0%");
@@ -40,6 +42,7 @@ bool FindAllStrokes(int32_t& Start, int32_t& Stop)
     const int32_t Last = gRaw.UBound() - 1;
     int32_t Cur = 0;
     double Time = 0;
+    ScanUpTo(0);
     if (!DetectCycle(Cur, Last, Time)) return false;
     Start = Stop = Cur;
     while (DetectCycle(Cur, Last, Time))
@@ -56,6 +59,6 @@ std::array<std::string, 2> DistTexts(int32_t Start, int32_t Stop)
 
 std::optional<double> SelectionDist(int32_t Start, int32_t Stop)
 {
-    if (gDist.empty()) return {};
+    if (gDist.empty() || Start < gDistStart || Stop > gDistStop) return {};
     return At(gDist, Stop) - At(gDist, Start);
 }

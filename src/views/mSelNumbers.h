@@ -19,8 +19,8 @@ std::optional<SelTexts> SelectionNumbers(int32_t Start, int32_t Stop);
 /// The stretch from the first to the last stroke boundary of the store. False without one: Start and Stop stay.
 bool FindAllStrokes(int32_t& Start, int32_t& Stop);
 
-/// The texts 7 and 8, distance and speed of a selection; empty without a distance band.
+/// The texts 7 and 8, distance and speed of a selection; empty where no distance band runs.
 std::array<std::string, 2> DistTexts(int32_t Start, int32_t Stop);
 
-/// Metres between two samples by gDist, nothing without it.
+/// Metres between two samples by gDist, nothing where it does not run.
 std::optional<double> SelectionDist(int32_t Start, int32_t Stop);

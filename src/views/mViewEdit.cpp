@@ -4,6 +4,7 @@
 #include "core/mGlobData.h"
 #include "core/mHost.h"
 #include "files/mQVN.h"
+#include "processing/mFilter.h"
 
 #include <algorithm>
 #include <memory>
@@ -61,6 +62,20 @@ bool DeleteSamples(int32_t Start, int32_t Stop, FrameMap& Map, ViewUndo& Undo)
     return true;
 }
 
+bool FilterSamples(ViewUndo& Undo)
+{
+    auto Former = std::make_shared<std::vector<std::vector<double>>>();
+    for (int Chan = 0; Chan <= gRaw.ChannelUBound(); ++Chan)
+        Former->emplace_back(gRaw.Channel(Chan).begin(), gRaw.Channel(Chan).end());
+    ZeroTime();
+    if (!SpikeFilter()) return false;
+    Undo.Set([Former] {
+        for (int Chan = 0; Chan <= gRaw.ChannelUBound(); ++Chan)
+            gRaw.Put(Chan, 0, (*Former)[static_cast<std::size_t>(Chan)]);
+    });
+    return true;
+}
+
 bool TrimRows(int FirstRow, int LastRow, ViewUndo& Undo)
 {
     const int32_t From = gScanRows[FirstRow].Pos, To = gScanRows[LastRow].Pos;
@@ -68,6 +83,7 @@ bool TrimRows(int FirstRow, int LastRow, ViewUndo& Undo)
     for (const ScanRow& Row : gScanRows)
         if (Row.Pos > From && Row.Pos < To) Kept.Grow() = Row;
     if (Kept.UBound() < 1) return false;
+    Kept[0] = gScanRows[FirstRow];
     auto Former = std::make_shared<RowArray<ScanRow>>(std::exchange(gScanRows, std::move(Kept)));
     Undo.Set([Former] { gScanRows = *Former; });
     return true;

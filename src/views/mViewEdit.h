@@ -23,7 +23,11 @@ private:
 /// them. False when there is nothing between the two.
 bool DeleteSamples(int32_t Start, int32_t Stop, FrameMap& Map, ViewUndo& Undo);
 
-/// Keeps the rows of gScanRows that lie strictly between two rows. False when there are none.
+/// Sets the times to zero and repairs spikes in all channels. False with too few samples.
+bool FilterSamples(ViewUndo& Undo);
+
+/// Keeps the rows of gScanRows that lie strictly between two rows; the row ahead of them becomes row 0, at which their
+/// data begin. False when there are none.
 bool TrimRows(int FirstRow, int LastRow, ViewUndo& Undo);
 
 /// Integrates the boat's acceleration, channel 5, from Start to Stop by the trapezoid rule over the times and stores

@@ -30,26 +30,19 @@ FrameMap MapFrom(int32_t Start)
 bool ReadFrames(const std::string& Path, int32_t Start, int32_t Stop, const char* Advice, ViewData& Data)
 {
     if (!ReadRawFile(Path, Start, Stop)) return false;
-    if (gRaw.UBound() >= SampleStore::MaxIndex)
-        UpdateStatus("The recording is longer than a view holds: the first " +
-                     FormatNum(SampleStore::MaxIndex + 1, "0") + " samples are shown. " + Advice);
+    const std::string Count = FormatNum(gRaw.UBound() + 1, "0") + " samples are ";
+    UpdateStatus(gRaw.UBound() < SampleStore::MaxIndex
+                     ? Count + "read."
+                     : "The recording is longer than a view holds: the first " + Count + "shown. " + Advice);
     Data.Map = MapFrom(Start);
     return true;
-}
-
-// Times of strokes are counted in frames: they are wrong when the options have another frequency than the session.
-std::string FrequencyNote()
-{
-    if (gFile.TimeStep <= 0 || std::abs(gFile.TimeStep * gDataFreq - 1) < 0.01) return {};
-    return "; times at " + FormatNum(gDataFreq, "0.0") + " Hz as the options say, the session says " +
-           FormatNum(1 / gFile.TimeStep, "0.0") + " Hz";
 }
 
 bool Scan(const std::string& Path)
 {
     UpdateStatus("Looking for strokes. Esc ends the search.");
     const bool IsDone = ScanRawFile(Path);
-    UpdateStatus(IsDone ? FormatNum(gScanRows.UBound(), "0") + " strokes found" + FrequencyNote() : "");
+    UpdateStatus(IsDone ? FormatNum(gScanRows.UBound(), "0") + " strokes found" : "");
     if (IsDone) gRaw.Create(gFile.ChanCnt, -1);
     return IsDone;
 }
@@ -92,6 +85,13 @@ std::string CaptionOf(const ViewData& Data)
 }
 } // namespace
 
+std::string FrequencyNote()
+{
+    if (gFile.TimeStep <= 0 || std::abs(gFile.TimeStep * gDataFreq - 1) < 0.01) return {};
+    return "times at " + FormatNum(gDataFreq, "0") + " Hz as the options say, but the session says " +
+           FormatNum(1 / gFile.TimeStep, "0") + " Hz";
+}
+
 bool LoadView(const std::string& FileName, int16_t Mode, ViewData& Data)
 {
     ViewData New;
@@ -119,7 +119,12 @@ bool GetRawData(int FirstRow, int LastRow, ViewData& Data)
     }
     const int From = std::max(FirstRow - StrokesAround, 0);
     const int To = std::min(LastRow + StrokesAround, gScanRows.UBound());
-    if (!ReadFrames(gRawFN, gScanRows[From].Pos, gScanRows[To].Pos, "Select fewer strokes.", Data)) return false;
+    constexpr const char* Advice = "Select fewer strokes.";
+    if (!ReadFrames(gRawFN, gScanRows[From].Pos, gScanRows[To].Pos, Advice, Data)) return false;
+    // A long wait ahead of the first stroke would leave no room for the strokes.
+    if (From == 0 && gRaw.UBound() >= SampleStore::MaxIndex &&
+        !ReadFrames(gRawFN, gScanRows[1].Pos, gScanRows[To].Pos, Advice, Data))
+        return false;
     const double Zero = gScanRows[1].Time;
     gScanStart = gScanRows[FirstRow].Time - Zero;
     gScanStop = gScanRows[LastRow].Time - Zero;

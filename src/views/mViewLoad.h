@@ -40,6 +40,10 @@ struct ViewData
 /// cancelled (told): Data, gRaw and gScanRows are as they were.
 bool LoadView(const std::string& FileName, int16_t Mode, ViewData& Data);
 
+/// What to tell of the times of strokes, which are counted in frames, when the options have another frequency than the
+/// session; empty otherwise.
+std::string FrequencyNote();
+
 /// Loads the frames between two rows of gScanRows, with three strokes on either side, into gRaw. Times of the rows, in
 /// seconds from the first, go to gScanStart and gScanStop. False when that fails (told): all is as it was.
 bool GetRawData(int FirstRow, int LastRow, ViewData& Data);

@@ -24,10 +24,17 @@ float SplitLength(std::size_t k)
     return k < gSplitsArr.size() ? static_cast<float>(gSplitsArr[k]) : 0;
 }
 
+// The band of strokes comes from the stretch alone, whatever was scanned before.
+bool Process(int32_t Start, int32_t Stop, int Run)
+{
+    ScanUpTo(Start);
+    return ProcessCycles(Start, Stop, Run);
+}
+
 bool RunAndSave(const ViewData& Data, int32_t Start, int32_t Stop)
 {
-    if (!ProcessCycles(Start, Stop, 1)) return false;
-    if (gProcRuns == 2 && !ProcessCycles(Start, Stop, 2)) return false;
+    if (!Process(Start, Stop, 1)) return false;
+    if (gProcRuns == 2 && !Process(Start, Stop, 2)) return false;
     if (gProcRuns != 1 && gProcRuns != 2) {
         MsgBox("The number of processing runs is neither 1 nor 2: no sample is stored.", TitleInformation);
         return false;
@@ -102,6 +109,7 @@ bool ProcStart(int32_t Start)
     if (Answer.empty()) return false;
     const auto Count = ToInt16(static_cast<int64_t>(std::clamp(RoundHalfEven(Val(Answer)), -1e6, 1e6)));
     const int Before = gFile.Desc.UBound();
+    ScanUpTo(Start);
     ProcessStrokes(Start, Count);
     UpdateProgress(0);
     return gFile.Desc.UBound() > Before && WriteSession();
@@ -109,8 +117,8 @@ bool ProcStart(int32_t Start)
 
 bool PlotProc(int32_t Start, int32_t Stop)
 {
-    if (!ProcessCycles(Start, Stop, 1)) return false;
-    if (gProcRuns == 2) return ProcessCycles(Start, Stop, 2);
+    if (!Process(Start, Stop, 1)) return false;
+    if (gProcRuns == 2) return Process(Start, Stop, 2);
     CopyRun1();
     return true;
 }

@@ -119,6 +119,13 @@ TEST_CASE_FIXTURE(Record, "the selection of all strokes has the numbers that fol
         CAPTURE(i);
         CHECK(Told[i] == Known[i]);
     }
+    CHECK_FALSE(SelectionDist(View.SelStart, View.SelStop + 1)); // beyond the band
+    // A stroke from the end of another scan to the first one here would be of no use to anybody.
+    for (const double Key : {-1e6, 1e6}) {
+        gKeyWin.K.fill(Key);
+        gKeyWin.T.fill(900);
+        CHECK(SelectionNumbers(View.SelStart, View.SelStop) == Told);
+    }
     // A second press is a second band, and a store without a boundary leaves the selection.
     View.ShowDist();
     View.SetUpPoly();

@@ -140,6 +140,8 @@ TEST_CASE_FIXTURE(Outing, "strokes of a scanned recording are read with three on
     CHECK((gScanStart == 4 && gScanStop == 12));
     CHECK(TrimRows(2, 5, Undo));
     CHECK((gScanRows.UBound() == 2 && gScanRows[1].Time == 251 * gTimeStep));
+    CHECK(GetRawData(1, 2, Data)); // from the row ahead of those that were kept
+    CHECK(Numbers() == "150 349 ");
     CHECK(Undo.Run());
     CHECK(gScanRows.UBound() == 6);
 }
