@@ -27,6 +27,14 @@ constexpr int GridLines = 11;
 constexpr int FigureFrom = 11; // the first operation that draws a figure
 constexpr int FigureTo = 15;
 
+// Where nothing has been plotted yet.
+constexpr SurfacePoint Nowhere{std::numeric_limits<int32_t>::min(), 0};
+
+bool IsPlaced(const SurfacePoint& Place)
+{
+    return Place.X != Nowhere.X;
+}
+
 // A late catch within this many seconds is told in blue.
 constexpr double CatchLimit = -0.08;
 
@@ -63,6 +71,12 @@ void SetScale(double& Scale, double Length, double Range)
     if (Range != 0) Scale = Length / Range;
 }
 } // namespace
+
+cData01real::cData01real(PlotSurface& OnPanel) : Panel(&OnPanel)
+{
+    Pts.fill(Nowhere);
+    OldPts.fill(Nowhere);
+}
 
 void cData01real::InitViewID(int ViewID, int16_t Source)
 {
@@ -113,6 +127,8 @@ void cData01real::SetScales()
     Y0 = Bottom + Wide(View.MinYPar) * YScale;
     DotR = Size.Y / 200.0;
     HeadR = Head / 4 * XScale;
+    // Places on a surface of another size are none on this one.
+    if (View.Oper < FigureFrom) Pts.fill(Nowhere);
     DrawScales();
 }
 
@@ -186,7 +202,6 @@ void cData01real::TakeArguments()
 
 void cData01real::DrawLine(int Prev, int Cur)
 {
-    const SurfacePoint& From = Pts[static_cast<std::size_t>(Prev)];
     SurfacePoint& To = Pts[static_cast<std::size_t>(Cur)];
     const double Y = Oper.ArgVals[0];
     // The limits are single numbers, and so is the value when it is compared with them.
@@ -195,6 +210,9 @@ void cData01real::DrawLine(int Prev, int Cur)
         To.X = ToUnit(XPos * XScale + Left).value_or(To.X);
         To.Y = ToUnit(Bottom - (Y - Wide(View.MinYPar)) * YScale).value_or(To.Y);
     }
+    if (!IsPlaced(To)) return;
+    const SurfacePoint& Last = Pts[static_cast<std::size_t>(Prev)];
+    const SurfacePoint& From = IsPlaced(Last) ? Last : To;
     if (View.Mode == 0 && To.X < From.X) return;
     iSurface& Surface = *Panel->Surface;
     SetPen(Colour);
@@ -225,8 +243,7 @@ void cData01real::DrawAnimXY()
 void cData01real::DrawFigure(const Trace& Points, int32_t Ink)
 {
     const auto Joints = std::span(Points).first<16>();
-    const auto IsUnset = [](const SurfacePoint& Joint) { return Joint.X == 0 && Joint.Y == 0; };
-    if (std::all_of(Joints.begin(), Joints.end(), IsUnset)) return;
+    if (!IsPlaced(Joints[0])) return;
     iSurface& Surface = *Panel->Surface;
     SetPen(Ink);
     Surface.SetFill(NoFill);

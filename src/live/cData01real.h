@@ -51,13 +51,13 @@ public:
     /// Points of the trace.
     static constexpr int TraceRoom = 256;
 
-    explicit cData01real(PlotSurface& OnPanel) : Panel(&OnPanel) {}
+    explicit cData01real(PlotSurface& OnPanel);
 
     /// Reads row number ViewID of View1; samples come from SrcMode. What the row leaves out or names wrongly costs it
     /// its curve or numbers only.
     void InitViewID(int ViewID, int16_t SrcMode);
 
-    /// Works the scales out for the surface's size and draws them.
+    /// Works the scales out for the surface's size and draws them; the trace begins anew.
     void SetScales();
 
     /// Draws grid, zero lines and the row's name.
@@ -107,8 +107,8 @@ private:
     int MarkX = 0;
     int MarkY = 0;
 
-    Trace Pts{}; // never cleared: a value outside the scale shows the point of the stroke before
-    Trace OldPts{};
+    Trace Pts; // kept from stroke to stroke: a value outside the scale shows the point of the stroke before
+    Trace OldPts;
     double Left = 0, Right = 0, Top = 0, Bottom = 0;
     double XSpan = 0, XScale = 0, YScale = 0, X0 = 0, Y0 = 0;
     double DotR = 0, HeadR = 0, Head = 0; // Head in metres

@@ -14,6 +14,7 @@
 namespace {
 constexpr int RingSize = 255; // the trace's last place is never reached
 constexpr int TargetWidth = 4;
+constexpr int HintFont = 16;
 constexpr int32_t Black = 0;
 
 // X rounded, 0 when it has no place on any surface.
@@ -94,11 +95,21 @@ bool cRower::InitMode(const std::string& RawPath) const
 
 void cRower::Resize()
 {
-    Panel.Surface->Clear(gRGB[0]);
+    Clear();
     for (cData01real& Plot : Plots)
         Plot.SetScales();
     InitTargCurves();
     DrawTargets();
+}
+
+void cRower::Clear()
+{
+    Panel.Surface->Clear(gRGB[0]);
+    if (!Plots.empty()) return;
+    const SurfacePoint Size = Panel.Surface->Size();
+    Panel.Surface->SetPen(Black);
+    Panel.Surface->SetFont(HintFont);
+    Panel.Surface->Text(Size.X / 2.0, Size.Y / 2.0, "The session has no rows of View1 to draw.", eAlign::Centre);
 }
 
 // A stroke's first sample is drawn with the ring already begun anew, from the last point of the trace before.
@@ -109,7 +120,7 @@ void cRower::DrawData()
     if (IsNewStroke) {
         RateText = FormatNum(gRate, "00.0");
         StrokesText = FormatNum(gStrokeCnt, "000");
-        Panel.Surface->Clear(gRGB[0]);
+        Clear();
         CurIdx = 0;
         NextIdx = 1;
         for (cData01real& Plot : Plots)

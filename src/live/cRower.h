@@ -62,6 +62,7 @@ private:
     static void FindSeat();
     void InitTargCurves();
     void DrawTargets();
+    void Clear();
     bool CheckCycle();
     bool IsStart(double Key) const;
     void CountCycle();

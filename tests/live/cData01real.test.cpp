@@ -115,27 +115,33 @@ TEST_CASE("scales are a grid, two zero lines and the name, without curves nothin
 TEST_CASE("the trace holds a point outside the limits and is as wide as the stroke before")
 {
     LivePlot Panel(PlainRow(0, "X,F"));
-    CHECK(Panel.Sample(0, 0, 100) == Texts{"line 0 0 4 500 #FF0000 wide 3"});
+    CHECK(Panel.Sample(0, 0, 100) == Texts{"line 4 500 4 500 #FF0000 wide 3"});
     CHECK(Panel.Sample(1, 0, 600) == Texts{"line 4 500 8 0 #FF0000 wide 3"});
-    // Above the limit the point of the stroke before stands: none yet, so it lies left of the last one.
+    // Above the limit the point of the stroke before stands: none yet.
     CHECK(Panel.Sample(2, 0, 600.1).empty());
-    CHECK(Panel.Sample(3, 0, 0) == Texts{"line 0 0 16 600 #FF0000 wide 3"});
+    CHECK(Panel.Sample(3, 0, 0) == Texts{"line 16 600 16 600 #FF0000 wide 3"});
     Panel.Cur = 254;
-    CHECK(Panel.Sample(4, 0, 300, true) == Texts{"line 0 0 0 300 #FF0000 wide 3"});
+    CHECK(Panel.Sample(4, 0, 300, true) == Texts{"line 0 300 0 300 #FF0000 wide 3"});
     Panel.Cur = 0;
-    CHECK(Panel.Sample(5, 0, 200) == Texts{"line 0 0 200 400 #FF0000 wide 3"}); // five samples filled 1000 units
+    CHECK(Panel.Sample(5, 0, 200) == Texts{"line 200 400 200 400 #FF0000 wide 3"}); // five samples filled 1000 units
     gIsInd = true;
     CHECK(Panel.Sample(6, 0, 100) ==
           Texts{"line 200 400 400 500 #FF0000 wide 3", "circle 400 500 3 #FF0000 wide 3 empty"});
+    gIsInd = false;
+    Panel.Cur = 1;
+    CHECK(Panel.Sample(7, 0, 700) == Texts{"line 200 400 400 500 #FF0000 wide 3"});
+    Panel.Plot.SetScales(); // a surface of another size has no places yet
+    Panel.Log.Take();
+    CHECK(Panel.Sample(8, 0, 700).empty());
     ViewRow Low = PlainRow(0, "X,F");
     Low.MinYPar = -600;
-    CHECK(LivePlot(Low).Sample(0, 0, 0) == Texts{"line 0 0 4 300 #FF0000 wide 3"});
+    CHECK(LivePlot(Low).Sample(0, 0, 0) == Texts{"line 4 300 4 300 #FF0000 wide 3"});
 }
 
 TEST_CASE("against an argument the trace goes both ways, an angle as the arc of its lever")
 {
     LivePlot Panel(PlainRow(1, "X,F"));
-    CHECK(Panel.Sample(0, 20, 0) == Texts{"line 0 0 600 600 #FF0000 wide 3"});
+    CHECK(Panel.Sample(0, 20, 0) == Texts{"line 600 600 600 600 #FF0000 wide 3"});
     CHECK(Panel.Sample(1, -20, 60) == Texts{"line 600 600 400 540 #FF0000 wide 3"});
     gFile.Calibr[1].Mode = 1;
     CHECK(Panel.Sample(2, 90, 60) == Texts{"line 400 540 504 540 #FF0000 wide 3"}); // 0.785 m
@@ -152,7 +158,7 @@ TEST_CASE("a stroke's numbers are those of the stroke that ended, its first samp
     Panel.Sample(1.95, -50, -20);
     Drawn = Panel.Sample(3, 30, 50, true);
     CHECK(Drawn ==
-          Texts{"line 0 0 650 550 #FF0000 wide 3", "text 50 0 \"MinX=-60.00\" 48 #FF0000 wide 3",
+          Texts{"line 650 550 650 550 #FF0000 wide 3", "text 50 0 \"MinX=-60.00\" 48 #FF0000 wide 3",
                 "text 50 60 \"MaxX=30.00\" 48 #FF0000 wide 3", "text 50 120 \"DelY=320.0\" 48 #FF0000 wide 3",
                 "text 50 180 \"MaxA=300.0\" 48 #FF0000 wide 3", "text 50 240 \"Catch=-0.0500\" 48 #0000FF wide 3",
                 "text 50 300 \"MinY=-20.00\" 48 #0000FF wide 3", "text 50 360 \"Other=0.0000\" 48 #0000FF wide 3"});
@@ -255,7 +261,7 @@ TEST_CASE("a loaded table is drawn at the play row, as dots when asked")
     }
     LivePlot Lines4(PlainRow(1, "X,F"), SourceTable);
     gPlayIdx = 2;
-    CHECK(Lines4.Sample(0, 0, 0) == Texts{"line 0 0 600 400 #FF0000 wide 3"});
+    CHECK(Lines4.Sample(0, 0, 0) == Texts{"line 600 400 600 400 #FF0000 wide 3"});
     gPlayIdx = 5;
     CHECK(Lines4.Sample(0, 0, 0) == Texts{"line 600 400 600 400 #FF0000 wide 3"});
     gPlayIdx = 4;
