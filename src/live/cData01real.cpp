@@ -38,20 +38,6 @@ bool IsPlaced(const SurfacePoint& Place)
 // A late catch within this many seconds is told in blue.
 constexpr double CatchLimit = -0.08;
 
-double Wide(float X)
-{
-    return static_cast<double>(X);
-}
-
-// X in whole units; nothing when it has no place on any surface.
-std::optional<int32_t> ToUnit(double X)
-{
-    using Limits = std::numeric_limits<int32_t>;
-    const double Whole = RoundHalfEven(X);
-    if (!(Whole >= Limits::min() && Whole <= Limits::max())) return {};
-    return static_cast<int32_t>(Whole);
-}
-
 // Entry i of a list of marks, 0 where there is none or it is out of range.
 int MarkNumber(const std::vector<double>& Marks, std::size_t i, double Factor = 1)
 {
@@ -71,6 +57,14 @@ void SetScale(double& Scale, double Length, double Range)
     if (Range != 0) Scale = Length / Range;
 }
 } // namespace
+
+std::optional<int32_t> ToUnit(double X)
+{
+    using Limits = std::numeric_limits<int32_t>;
+    const double Whole = RoundHalfEven(X);
+    if (!(Whole >= Limits::min() && Whole <= Limits::max())) return {};
+    return static_cast<int32_t>(Whole);
+}
 
 cData01real::cData01real(PlotSurface& OnPanel) : Panel(&OnPanel)
 {

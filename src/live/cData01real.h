@@ -37,6 +37,15 @@ inline bool IsTableSource(int16_t SrcMode)
     return SrcMode == SourceTable || SrcMode == SourceDots;
 }
 
+/// A single number as a double.
+inline double Wide(float X)
+{
+    return static_cast<double>(X);
+}
+
+/// X in whole drawing units; nothing when it has no place on any surface.
+std::optional<int32_t> ToUnit(double X);
+
 /// A key of the row's functions with its value for the stroke that ended.
 struct StrokeNumber
 {

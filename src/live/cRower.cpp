@@ -9,26 +9,12 @@
 #include "records/mTargets.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace {
 constexpr int RingSize = 255; // the trace's last place is never reached
 constexpr int TargetWidth = 4;
 constexpr int HintFont = 16;
 constexpr int32_t Black = 0;
-
-// X rounded, 0 when it has no place on any surface.
-int32_t ToUnit(double X)
-{
-    using Limits = std::numeric_limits<int32_t>;
-    const double Whole = RoundHalfEven(X);
-    return Whole >= Limits::min() && Whole <= Limits::max() ? static_cast<int32_t>(Whole) : 0;
-}
-
-double Wide(float X)
-{
-    return static_cast<double>(X);
-}
 } // namespace
 
 void cRower::Load(int16_t Source)
@@ -218,8 +204,9 @@ void cRower::InitTargCurves()
         for (std::size_t i = 0; i < std::min(TargPts.size(), Curve.Values.size()); ++i) {
             const double Angle = gTarget.Values[TotalAngle] * Curve.Values[i] + gTarget.Values[CatchAngle];
             const double Force = gTarget.Values[PeakForce] * Curve.Values[i];
-            if (Curve.Name == "A") TargPts[i].X = ToUnit((Angle - Wide(View.MinXPar)) * (Size.X / XRange));
-            if (Curve.Name == "F") TargPts[i].Y = ToUnit(Size.Y - (Force - Wide(View.MinYPar)) * (Size.Y / YRange));
+            if (Curve.Name == "A") TargPts[i].X = ToUnit((Angle - Wide(View.MinXPar)) * (Size.X / XRange)).value_or(0);
+            if (Curve.Name == "F")
+                TargPts[i].Y = ToUnit(Size.Y - (Force - Wide(View.MinYPar)) * (Size.Y / YRange)).value_or(0);
         }
     }
 }
