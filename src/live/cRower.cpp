@@ -88,6 +88,16 @@ void cRower::Resize()
     DrawTargets();
 }
 
+// Frames are counted anew: a replay or another link, whose first stroke is none of the run before.
+void cRower::Restart()
+{
+    const double Step = gDeltaT;
+    Load(Mode);
+    if (Mode == SourceFrames) gTimeStep = gFile.TimeStep;
+    if (gFrameCnt > 1) gDeltaT = Step; // measured already
+    Resize();
+}
+
 void cRower::Clear()
 {
     Panel.Surface->Clear(gRGB[0]);
@@ -101,6 +111,8 @@ void cRower::Clear()
 // A stroke's first sample is drawn with the ring already begun anew, from the last point of the trace before.
 void cRower::DrawData()
 {
+    if (gFrameCnt < FramesSeen) Restart();
+    FramesSeen = gFrameCnt;
     TimeText = FormatNum(SampleTime(), "00.0");
     IsNewStroke = CheckCycle();
     if (IsNewStroke) {

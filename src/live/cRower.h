@@ -62,6 +62,7 @@ private:
     static void FindSeat();
     void InitTargCurves();
     void DrawTargets();
+    void Restart();
     void Clear();
     bool CheckCycle();
     bool IsStart(double Key) const;
@@ -87,4 +88,5 @@ private:
     double KeyPrev2 = 0;
     double LastCycleTime = 0; // s
     bool IsNewStroke = false;
+    int32_t FramesSeen = 0; // gFrameCnt at the last sample
 };

@@ -31,7 +31,7 @@ struct Panel : ShellState
     /// Frames of a key that falls through its threshold every 40 frames, 0.05 s apart.
     void Row(int Frames)
     {
-        for (int i = 0; i < Frames; ++i, ++Frame) {
+        for (int i = 0; i < Frames; ++i, ++Frame, ++gFrameCnt) {
             gSampleTime = gData[0] = 0.05 * Frame;
             for (std::size_t Chan = 1; Chan <= 24; ++Chan)
                 gData[Chan] = 8192 + 4000 * std::cos(Frame * 3.14159265 / 20 + static_cast<double>(Chan % 3));
@@ -190,6 +190,8 @@ TEST_CASE_FIXTURE(Panel, "a replay shows the strokes that the panel without a wi
     }
     REQUIRE(Expected.size() > 5);
 
+    Choose("mnuSampleRower"); // the replay is none of what the open panel shows so far
+    Row(4);
     Dialogs.Files = {Path};
     Choose("mnuPlayRawRower");
     Watcher Seen(*this);
