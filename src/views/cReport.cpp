@@ -23,16 +23,22 @@ std::string Joined(const std::vector<std::string>& Texts, const char* Between)
     return Whole;
 }
 
-// In a sculling boat a rower has a row for each side.
+// In a sculling boat a rower has a row for each side. Lines break between rowers: blanks within a name do not part.
 std::string CrewText()
 {
+    const std::string Blank = "\u00A0";
     std::set<std::pair<int, std::string>> Seats;
     for (const CrewRow& Rower : gFile.Crew)
         Seats.insert({Rower.Seat, Rower.Name});
     std::vector<std::string> Names;
-    for (const auto& [Seat, Name] : Seats)
-        if (!Name.empty()) Names.push_back(FormatNum(Seat, "0") + " " + Name);
-    return Joined(Names, "   ");
+    for (const auto& [Seat, Name] : Seats) {
+        if (Name.empty()) continue;
+        std::string Text = FormatNum(Seat, "0") + Blank;
+        for (const char Letter : Name)
+            Text += Letter == ' ' ? Blank : std::string(1, Letter);
+        Names.push_back(Text);
+    }
+    return Joined(Names, (Blank + Blank + " ").c_str());
 }
 
 std::string NonZero(double X, const char* Pattern, const char* Unit)
@@ -53,6 +59,7 @@ std::string ValueText(const RowValue& Value)
 {
     if (!IsRowFunction(Value.Key)) return "–";
     const double Size = std::abs(Value.Value);
+    if (Size < 0.005) return "0.00"; // without a sign
     return FormatNum(Value.Value, Size < 10 ? "0.00" : Size < 100 ? "0.0" : "0");
 }
 
@@ -182,7 +189,7 @@ std::vector<const cData03report*> cReport::Shown() const
 std::vector<ReportLine> cReport::PrintReport() const
 {
     std::vector<ReportLine> Lines;
-    const Quantity Position = {"", "pt"}; // a point of the pattern
+    const Quantity Position = {"Point of the stroke", ""};
     for (const cData03report& Plot : NormObjs)
         if (auto Values = Plot.GetFuncs(); !Values.empty())
             Lines.push_back({Plot.Row().ID, Plot.Row().Mode == 0 ? Position : Plot.X(), Plot.Y(), std::move(Values)});

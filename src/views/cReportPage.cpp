@@ -3,137 +3,85 @@
 
 #include "core/mNumText.h"
 #include "views/cReportPlots.h"
+#include "views/mPageText.h"
 
 #include <algorithm>
-#include <set>
 #include <utility>
 
 namespace {
-constexpr int32_t Ink = 0x302820;
-constexpr int32_t SoftInk = 0x75706B;
-constexpr int32_t LineInk = 0xC8C0B8;
-constexpr int32_t BandInk = 0xF7F4F1;
-constexpr int32_t Accent = 0xAD5C0B;
-constexpr int32_t Alarm = 0x0000B0;
-constexpr int32_t White = 0xFFFFFF;
 constexpr double Left = 44, Right = 956, Top = 40, Bottom = 1374;
+constexpr int TitleLetters = 26;
+constexpr int FactLetters = 19;
+constexpr int SessionLetters = 13;
 constexpr int Letters = 12;
+constexpr int SmallLetters = 10;
 constexpr int LineHeight = 18;
-constexpr double LeastKey = 61, MostKey = 90; // width of a column
-constexpr double BlockGap = 20;
+constexpr double LabelRoom = 66;  // left of the words of the head
 constexpr double MostTable = 500; // of the first page: the plots come first
-
-// The text, cut at its end where it is too wide.
-std::string Fitting(const iSurface& Surface, const std::string& Text, int Size, double Width, bool Bold = false)
-{
-    if (Surface.TextWidth(Text, Size, Bold) <= Width) return Text;
-    std::string Part = Text;
-    while (!Part.empty() && Surface.TextWidth(Part + "…", Size, Bold) > Width) {
-        while (!Part.empty() && (Part.back() & 0xC0) == 0x80)
-            Part.pop_back();
-        if (!Part.empty()) Part.pop_back();
-    }
-    return Part + "…";
-}
-
-// The words in lines of that width.
-std::vector<std::string> Wrapped(const iSurface& Surface, const std::string& Text, int Size, double Width)
-{
-    std::vector<std::string> Result;
-    std::string Line;
-    for (std::size_t From = 0; From < Text.size();) {
-        const std::size_t End = std::min(Text.find(' ', From), Text.size());
-        const std::string Word = Text.substr(From, End - From);
-        if (!Line.empty() && Surface.TextWidth(Line + " " + Word, Size) > Width) {
-            Result.push_back(Line);
-            Line.clear();
-        }
-        Line += (Line.empty() ? "" : " ") + Word;
-        From = End + 1;
-    }
-    if (!Line.empty()) Result.push_back(Line);
-    return Result;
-}
+constexpr double TableGap = 16;   // above and below the table
 } // namespace
 
-cReportPage::cReportPage(cReport InitReport) : Report(std::move(InitReport)), Lines(Report.PrintReport())
+cReportPage::cReportPage(cReport InitReport) : Report(std::move(InitReport)), Table(Report.PrintReport())
 {
-    std::set<std::string> Others;
-    for (const ReportLine& Line : Lines) {
-        for (const RowValue& Value : Line.Values)
-            Others.insert(Value.Key);
-        NameWidth = std::max(NameWidth, 24 + 7.5 * static_cast<double>(Line.ID.size()));
+    Ends.push_back(Table.EndFor(0, Right - Left, MostTable));
+    while (Ends.back() < Table.Count())
+        Ends.push_back(Table.EndFor(Ends.back(), Right - Left, Bottom - Top - 60));
+}
+
+// Gives their left edge.
+double cReportPage::DrawFacts(iSurface& Surface) const
+{
+    double Edge = Right;
+    for (auto Fact = Report.Facts.rbegin(); Fact != Report.Facts.rend(); ++Fact) {
+        const auto& [Label, Value] = *Fact;
+        Surface.SetPen(InkSoft);
+        Surface.SetFont(11);
+        Surface.Text(Edge, Top, Label, eAlign::Right);
+        Surface.SetPen(InkText);
+        Surface.SetFont(FactLetters, true);
+        Surface.Text(Edge, Top + 18, Value, eAlign::Right);
+        Edge -= std::max(Surface.TextWidth(Label, 11), Surface.TextWidth(Value, FactLetters, true)) + 26;
     }
-    for (const char* Key : {"MinX", "MaxX", "DelX", "MinY", "MaxY", "DelY"})
-        if (Others.erase(Key)) Keys.emplace_back(Key);
-    Keys.insert(Keys.end(), Others.begin(), Others.end());
-    NameWidth = std::min(NameWidth, 260.0);
-    const auto Columns = static_cast<double>(std::max<std::size_t>(Keys.size(), 1));
-    Blocks = static_cast<std::size_t>(
-        std::max(1.0, (Right - Left + BlockGap) / (NameWidth + LeastKey * Columns + BlockGap)));
-    const double Room = (Right - Left + BlockGap) / static_cast<double>(Blocks) - BlockGap - NameWidth;
-    KeyWidth = std::min(Room / Columns, MostKey);
-    BlockWidth = NameWidth + KeyWidth * Columns;
+    return Edge;
 }
 
-double cReportPage::TableHeight(std::size_t Count) const
+// Gives the place below them.
+double cReportPage::DrawWords(iSurface& Surface, const char* Label, const std::string& Text, double Y) const
 {
-    return Count == 0 ? 0 : LineHeight * static_cast<double>(Down(Count) + 1) + 14;
-}
-
-// Lines of the table on the first page.
-std::size_t cReportPage::FirstPart() const
-{
-    std::size_t Count = Lines.size();
-    while (TableHeight(Count) > MostTable)
-        --Count;
-    return Count;
-}
-
-int cReportPage::Pages() const
-{
-    int Count = 1;
-    for (std::size_t Done = FirstPart(); Done < Lines.size(); ++Count) {
-        std::size_t Part = Lines.size() - Done;
-        while (TableHeight(Part) > Bottom - Top - 60)
-            --Part;
-        Done += Part;
+    constexpr std::size_t MostLines = 3;
+    if (Text.empty()) return Y;
+    Surface.SetFont(Letters);
+    Surface.SetPen(InkSoft);
+    Surface.Text(Left, Y, Label);
+    Surface.SetPen(InkText);
+    for (const std::string& Line : Wrapped(Surface, Text, Letters, Right - Left - LabelRoom, MostLines)) {
+        Surface.Text(Left + LabelRoom, Y, Line);
+        Y += LineHeight;
     }
-    return Count;
+    return Y;
 }
 
 // Gives the place below it.
 double cReportPage::DrawHead(iSurface& Surface) const
 {
-    Surface.SetPen(Accent);
-    Surface.SetFill(Accent);
-    Surface.Box(Left, Top, Left + 5, Top + 50);
-    double Edge = Right;
-    for (auto Fact = Report.Facts.rbegin(); Fact != Report.Facts.rend(); ++Fact) {
-        const auto& [Label, Value] = *Fact;
-        Surface.SetPen(SoftInk);
-        Surface.SetFont(11);
-        Surface.Text(Edge, Top, Label, eAlign::Right);
-        Surface.SetPen(Ink);
-        Surface.SetFont(19, true);
-        Surface.Text(Edge, Top + 18, Value, eAlign::Right);
-        Edge -= std::max(Surface.TextWidth(Label, 11), Surface.TextWidth(Value, 19, true)) + 26;
+    const double Room = DrawFacts(Surface) - Left - 30;
+    Surface.SetFont(TitleLetters, true);
+    Surface.SetPen(InkText);
+    Surface.Text(Left + 18, Top - 3, Fitting(Surface, Report.Title, TitleLetters, Room, true));
+    Surface.SetPen(InkSoft);
+    Surface.SetFont(SessionLetters);
+    double Y = Top + 34;
+    for (const std::string& Line : Wrapped(Surface, Report.Session, SessionLetters, Room, 2)) {
+        Surface.Text(Left + 18, Y, Line);
+        Y += LineHeight;
     }
-    Surface.SetFont(26, true);
-    Surface.Text(Left + 18, Top - 3, Fitting(Surface, Report.Title, 26, Edge - Left - 30, true));
-    Surface.SetPen(SoftInk);
-    Surface.SetFont(13);
-    Surface.Text(Left + 18, Top + 34, Fitting(Surface, Report.Session, 13, Edge - Left - 30));
-    double Y = Top + 62;
-    Surface.SetPen(Ink);
-    Surface.SetFont(Letters);
-    for (const std::string& Text : {Report.Crew, Report.Comment})
-        for (const std::string& Line : Wrapped(Surface, Text, Letters, Right - Left)) {
-            if (Y > Top + 130) break;
-            Surface.Text(Left, Y, Line);
-            Y += LineHeight;
-        }
-    Surface.SetPen(LineInk);
+    Y = std::max(Y, Top + 52);
+    Surface.SetPen(InkAccent);
+    Surface.SetFill(InkAccent);
+    Surface.Box(Left, Top, Left + 5, Y - 2);
+    Y = DrawWords(Surface, "Crew", Report.Crew, Y + 10);
+    Y = DrawWords(Surface, "Comment", Report.Comment, Y);
+    Surface.SetPen(InkLine);
     Surface.Line(Left, Y + 5, Right, Y + 5);
     return Y + 12;
 }
@@ -146,84 +94,43 @@ double cReportPage::NoteTop() const
 
 void cReportPage::DrawNotes(iSurface& Surface) const
 {
-    Surface.SetPen(Alarm);
+    Surface.SetPen(InkAlarm);
     Surface.SetFont(Letters);
     double Y = NoteTop();
     for (std::size_t i = 0; Y < Bottom - 30; ++i, Y += LineHeight) {
         const bool IsCut = Y + 2 * LineHeight > Bottom - 22 && i + 1 < Report.Notes.size();
         const std::string More =
-            FormatNum(static_cast<double>(Report.Notes.size() - i), "0") + " more rows cannot be shown";
+            "There are " + FormatNum(static_cast<double>(Report.Notes.size() - i), "0") + " more notes like these";
         Surface.Text(Left, Y, IsCut ? More : Fitting(Surface, Report.Notes[i], Letters, Right - Left));
     }
 }
 
 void cReportPage::DrawFoot(iSurface& Surface, int Page) const
 {
-    Surface.SetPen(LineInk);
+    Surface.SetPen(InkLine);
     Surface.Line(Left, Bottom - 12, Right, Bottom - 12);
-    Surface.SetPen(SoftInk);
-    Surface.SetFont(10);
+    Surface.SetPen(InkSoft);
+    Surface.SetFont(SmallLetters);
     Surface.Text(Left, Bottom - 6, "Skarvelin");
-    if (Pages() > 1)
-        Surface.Text(Right, Bottom - 6, "Page " + FormatNum(Page + 1, "0") + " of " + FormatNum(Pages(), "0"),
-                     eAlign::Right);
-}
-
-void cReportPage::DrawBlock(iSurface& Surface, std::size_t From, std::size_t To, double X, double Y) const
-{
-    const auto Column = [&](std::size_t k) { return X + NameWidth + KeyWidth * static_cast<double>(k + 1) - 6; };
-    Surface.SetFont(Letters, true);
-    Surface.SetPen(SoftInk);
-    for (std::size_t k = 0; k < Keys.size(); ++k)
-        Surface.Text(Column(k) - 16, Y, Keys[k], eAlign::Right);
-    Surface.SetPen(LineInk);
-    Surface.Line(X, Y + LineHeight - 2, X + BlockWidth, Y + LineHeight - 2);
-    for (std::size_t i = From; i < To; ++i) {
-        Y += LineHeight;
-        Surface.SetPen(BandInk);
-        Surface.SetFill(BandInk);
-        if ((i - From) % 2 == 1) Surface.Box(X, Y - 1, X + BlockWidth, Y + LineHeight - 2);
-        Surface.SetPen(Ink);
-        Surface.SetFont(Letters);
-        Surface.Text(X + 6, Y + 1, Fitting(Surface, Lines[i].ID, Letters, NameWidth - 8));
-        for (const RowValue& Value : Lines[i].Values) {
-            const auto k = static_cast<std::size_t>(std::find(Keys.begin(), Keys.end(), Value.Key) - Keys.begin());
-            Surface.SetFont(Letters);
-            Surface.SetPen(Ink);
-            Surface.Text(Column(k) - 25, Y + 1, ValueText(Value), eAlign::Right);
-            Surface.SetFont(10);
-            Surface.SetPen(SoftInk);
-            Surface.Text(Column(k) - 22, Y + 3, ValueUnit(Lines[i], Value));
-        }
-    }
-}
-
-// Read down each block, then on to the next.
-void cReportPage::DrawTable(iSurface& Surface, std::size_t From, std::size_t To, double Y) const
-{
-    const std::size_t Count = Down(To - From);
-    for (std::size_t b = 0; b < Blocks && From + b * Count < To; ++b)
-        DrawBlock(Surface, From + b * Count, std::min(To, From + (b + 1) * Count),
-                  Left + static_cast<double>(b) * (BlockWidth + BlockGap), Y);
+    if (Pages() == 1) return;
+    const std::string Number = "Page " + FormatNum(Page + 1, "0") + " of " + FormatNum(Pages(), "0");
+    Surface.Text(Right, Bottom - 6, Number, eAlign::Right);
+    if (Page == 0) return;
+    Surface.Text((Left + Right) / 2, Bottom - 6,
+                 Fitting(Surface, Report.Title + "  ·  " + Report.Session, SmallLetters, 0.75 * (Right - Left)),
+                 eAlign::Centre);
 }
 
 void cReportPage::Draw(iSurface& Surface, int Page)
 {
-    Surface.Clear(White);
+    Surface.Clear(InkWhite);
     DrawFoot(Surface, Page);
-    std::size_t Done = FirstPart();
-    if (Page == 0) {
-        const double Head = DrawHead(Surface);
-        const double Table = NoteTop() - TableHeight(Done);
-        DrawNotes(Surface);
-        DrawReportPlots(Surface, Report, {Left, Right, Head, Table - 10});
-        return DrawTable(Surface, 0, Done, Table);
-    }
-    for (int Other = 1; Done < Lines.size(); ++Other) {
-        std::size_t Part = Lines.size() - Done;
-        while (TableHeight(Part) > Bottom - Top - 60)
-            --Part;
-        if (Other == Page) return DrawTable(Surface, Done, Done + Part, Top);
-        Done += Part;
-    }
+    const std::size_t To = Ends[static_cast<std::size_t>(Page)];
+    if (Page > 0) return Table.Draw(Surface, Ends[static_cast<std::size_t>(Page) - 1], To, {Left, Right, Top, Bottom});
+    const double Head = DrawHead(Surface);
+    const double Below = NoteTop() - TableGap;
+    const double TableTop = Below - Table.Height(0, To, Right - Left);
+    DrawNotes(Surface);
+    DrawReportPlots(Surface, Report, {Left, Right, Head, To == 0 ? Below : TableTop - TableGap});
+    Table.Draw(Surface, 0, To, {Left, Right, TableTop, Below});
 }

@@ -3,19 +3,17 @@
 
 #include "core/mNumText.h"
 #include "processing/mNorm.h"
+#include "views/mPageText.h"
 
 #include <algorithm>
 #include <array>
 
 namespace {
-constexpr int32_t Ink = 0x302820;
-constexpr int32_t SoftInk = 0x75706B;
-constexpr int32_t GridInk = 0xECE8E4;
-constexpr int32_t FrameInk = 0xC8C0B8;
-constexpr int32_t White = 0xFFFFFF;
+constexpr int32_t InkGrid = 0xECE8E4;
 constexpr int Letters = 11;
 constexpr int TitleLetters = 12;
 constexpr double TitleRoom = 20, LeftRoom = 42, BottomRoom = 17, RightRoom = 14;
+constexpr double ScaleGap = 5; // between a frame and the numbers on its left
 constexpr int LineHeight = 16;
 constexpr int MarkWidth = 12; // of the line ahead of a name in the legend
 
@@ -31,7 +29,8 @@ struct Plot
     bool LegendElsewhere = false; // a plot before it explains the same names and colours
 
     PlotRect TitleStrip() const { return {Frame.Left, Frame.Right, Frame.Top - TitleRoom, Frame.Top - 1}; }
-    PlotRect LeftStrip() const { return {Frame.Left - LeftRoom, Frame.Left - 1, Frame.Top, Frame.Bottom}; }
+    double ScaleWidth = LeftRoom; // of the numbers on the left
+    PlotRect LeftStrip() const { return {Frame.Left - ScaleWidth, Frame.Left - 1, Frame.Top, Frame.Bottom}; }
     PlotRect BottomStrip() const { return {Frame.Left, Frame.Right, Frame.Bottom + 1, Frame.Bottom + BottomRoom}; }
     const cData03report& First() const { return *Rows.front(); }
 };
@@ -71,7 +70,24 @@ std::vector<std::pair<std::string, int32_t>> Explained(const Plot& Each)
     return Names;
 }
 
-std::vector<Plot> Gather(const cReport& Report)
+// Values at which the scale on the left has numbers, and their step.
+std::pair<std::vector<double>, double> TicksY(const Plot& Each)
+{
+    const double Low = Each.First().Row().MinYPar, High = Each.First().Row().MaxYPar;
+    const int Wanted = static_cast<int>(std::clamp(Each.Frame.Height() / 26, 1.0, 8.0));
+    return {Ticks(Low, High, Wanted), NiceStep(std::abs(High - Low), Wanted)};
+}
+
+double ScaleWidth(const iSurface& Surface, const Plot& Each)
+{
+    const auto Scale = TicksY(Each);
+    double Widest = 0;
+    for (const double Value : Scale.first)
+        Widest = std::max(Widest, Surface.TextWidth(TickText(Value, Scale.second), Letters));
+    return Widest + 2 * ScaleGap;
+}
+
+std::vector<Plot> Gather(const iSurface& Surface, const cReport& Report)
 {
     std::vector<Plot> Plots;
     for (const cData03report* Row : Report.Shown()) {
@@ -80,6 +96,8 @@ std::vector<Plot> Gather(const cReport& Report)
         if (Found == Plots.end()) Found = Plots.insert(Plots.end(), Plot{Row->Rect(), {}});
         Found->Rows.push_back(Row);
     }
+    for (Plot& Each : Plots)
+        Each.ScaleWidth = ScaleWidth(Surface, Each);
     for (Plot& Each : Plots)
         for (const Plot& Other : Plots) {
             if (&Other == &Each) continue;
@@ -113,26 +131,24 @@ void DrawXScale(iSurface& Surface, const Plot& Each)
     const double Y = Each.BottomInside ? Each.Frame.Bottom - Letters - 4 : Each.Frame.Bottom + 3;
     for (const double Value : Values) {
         const double X = Row.PlaceX(Value / Per);
-        Surface.SetPen(GridInk);
+        Surface.SetPen(InkGrid);
         Surface.Line(X, Each.Frame.Top, X, Each.Frame.Bottom);
         const bool IsAtCorner = Each.BottomInside && (X < Each.Frame.Left + 8 || X > Each.Frame.Right - 8);
-        Surface.SetPen(SoftInk);
+        Surface.SetPen(InkSoft);
         if (!IsAtCorner) Surface.Text(X, Y, TickText(Value, Step), eAlign::Centre);
     }
 }
 
 void DrawYScale(iSurface& Surface, const Plot& Each)
 {
-    const ViewRow& Row = Each.First().Row();
-    const int Wanted = static_cast<int>(std::clamp(Each.Frame.Height() / 26, 1.0, 8.0));
-    const double Step = NiceStep(std::abs(static_cast<double>(Row.MaxYPar) - static_cast<double>(Row.MinYPar)), Wanted);
-    for (const double Value : Ticks(Row.MinYPar, Row.MaxYPar, Wanted)) {
+    const auto [Values, Step] = TicksY(Each);
+    for (const double Value : Values) {
         const double Y = Each.First().PlaceY(Value);
-        Surface.SetPen(GridInk);
+        Surface.SetPen(InkGrid);
         Surface.Line(Each.Frame.Left, Y, Each.Frame.Right, Y);
-        Surface.SetPen(SoftInk);
+        Surface.SetPen(InkSoft);
         if (!Each.LeftInside)
-            Surface.Text(Each.Frame.Left - 5, Y - Letters / 2.0 - 1, TickText(Value, Step), eAlign::Right);
+            Surface.Text(Each.Frame.Left - ScaleGap, Y - Letters / 2.0 - 1, TickText(Value, Step), eAlign::Right);
         else if (Y > Each.Frame.Top + 2 * LineHeight && Y < Each.Frame.Bottom - LineHeight)
             Surface.Text(Each.Frame.Left + 4, Y - Letters - 3, TickText(Value, Step));
     }
@@ -154,7 +170,7 @@ std::pair<std::string, std::string> TitleOf(const Plot& Each)
         X = Common(X, Row->X());
     }
     std::string Over = WithSmallStart(AxisText(X));
-    if (Each.First().Row().Mode == 0) Over = Each.First().IsPrimary() ? "sample" : "part of the stroke, %";
+    if (Each.First().Row().Mode == 0) Over = Each.First().IsPrimary() ? "sample" : "the stroke, %";
     std::string Name = AxisText(Y);
     if (Name.empty() && Each.Rows.size() == 1) Name = Each.First().Row().ID;
     return {Name, Over.empty() ? "" : (Name.empty() ? "over " : "  over ") + Over};
@@ -187,12 +203,12 @@ std::vector<Entry> LegendOf(const iSurface& Surface, const Plot& Each)
 void DrawEntry(iSurface& Surface, const Entry& Each, double X, double Y)
 {
     if (Each.Colour == NoFill) {
-        Surface.SetPen(SoftInk);
+        Surface.SetPen(InkSoft);
         return Surface.Text(X, Y, Each.Text);
     }
     Surface.SetPen(Each.Colour, 3);
     Surface.Line(X, Y + Letters / 2.0 + 1, X + MarkWidth, Y + Letters / 2.0 + 1);
-    Surface.SetPen(Ink);
+    Surface.SetPen(InkText);
     Surface.Text(X + MarkWidth + 3, Y, Each.Text);
 }
 
@@ -223,10 +239,10 @@ void DrawTitle(iSurface& Surface, const Plot& Each)
     const double NameWidth = Surface.TextWidth(Name, TitleLetters, true);
     const double OverWidth = Surface.TextWidth(Over, Letters);
     Surface.SetFont(TitleLetters, true);
-    Surface.SetPen(Ink);
+    Surface.SetPen(InkText);
     Surface.Text(Left, Top, Name);
     Surface.SetFont(Letters);
-    Surface.SetPen(SoftInk);
+    Surface.SetPen(InkSoft);
     const bool HasOver = NameWidth + OverWidth + 8 < Each.Frame.Width();
     if (HasOver) Surface.Text(Left + NameWidth, Top + 1, Over);
     const std::vector<Entry> Entries = LegendOf(Surface, Each);
@@ -245,14 +261,14 @@ void DrawGround(iSurface& Surface, const Plot& Each)
     const PlotRect& Frame = Each.Frame;
     if (Frame.Width() < LineHeight || Frame.Height() < LineHeight) return;
     Surface.SetFont(Letters);
-    Surface.SetPen(White);
-    Surface.SetFill(White);
+    Surface.SetPen(InkWhite);
+    Surface.SetFill(InkWhite);
     Surface.Box(Frame.Left, Frame.Top, Frame.Right, Frame.Bottom);
     DrawXScale(Surface, Each);
     DrawYScale(Surface, Each);
     Each.First().DrawScales(Surface);
     Surface.SetFill(NoFill);
-    Surface.SetPen(FrameInk);
+    Surface.SetPen(InkLine);
     Surface.Box(Frame.Left, Frame.Top, Frame.Right, Frame.Bottom);
     DrawTitle(Surface, Each);
 }
@@ -262,7 +278,7 @@ void DrawReportPlots(iSurface& Surface, cReport& Report, const PlotRect& Area)
 {
     Report.SetDrawScale({Area.Left + LeftRoom, Area.Right - RightRoom, Area.Top + TitleRoom, Area.Bottom - BottomRoom},
                         Surface.Pixel());
-    for (const Plot& Each : Gather(Report))
+    for (const Plot& Each : Gather(Surface, Report))
         DrawGround(Surface, Each);
     Report.DrawData(Surface);
 }

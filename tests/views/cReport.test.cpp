@@ -72,7 +72,7 @@ TEST_CASE_FIXTURE(ReportState, "a page has the sample, both plots within their r
 {
     const Texts Page = Lines(ReportStored);
     for (const char* Part : {"\"S07\"", "\"30.0 /min\"", "\"12\"", "\"Handle force, N\"", "over oar angle, °",
-                             "part of the stroke, %", "\"-49.8\"", "\"399\""})
+                             "over the stroke, %", "\"-49.8\"", "\"399\""})
         CHECK_MESSAGE(Count(Page, Part) >= 1, Part);
     Texts Curves;
     for (const std::string& Line : Page)
