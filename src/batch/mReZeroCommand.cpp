@@ -21,5 +21,7 @@ bool DoReZero(const Args& Line)
     }
     if (!Zeros.GetFromFile(Line.Files[1])) return false;
     Zeros.Store();
+    if (const std::string Names = Zeros.Unmoved(); !Names.empty())
+        MsgBox("Read by curves, which a zero does not move: " + Names, TitleWarning);
     return SaveSession(Line.Files[0], Line.Text("--out", Line.Files[0]));
 }

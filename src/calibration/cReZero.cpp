@@ -1,7 +1,7 @@
 // Rows, zeros and where they are stored.
 #include "calibration/cReZero.h"
 
-#include "core/mError.h"
+#include "acquisition/mComFast.h"
 #include "core/mGlobData.h"
 #include "core/mHost.h"
 #include "core/mIni.h"
@@ -55,7 +55,8 @@ bool cReZero::ChooseGroup(int Index)
 {
     if (mDirty && !AskYesNo("Are you sure to discard changes?", TitleWarning)) return false;
     mRows.clear();
-    mDirty = false;
+    mDirty = mSaved = false;
+    mChosen = true;
     for (int i = 1; i <= NamesInGroup; ++i)
         AddChannel(GroupLetters[Index] + FormatNum(i, "0"));
     return true;
@@ -85,8 +86,14 @@ void cReZero::Fill(ReZeroRow& Row)
     Row.HasData = false;
 }
 
+bool cReZero::IsRow(int Row) const
+{
+    return Row >= 0 && Row < static_cast<int>(mRows.size());
+}
+
 void cReZero::StartData()
 {
+    mSaved = false;
     if (mCalibrMode) {
         ReZeroRow& Row = mRows[0];
         Row.Chan = gAutoCalCh;
@@ -108,15 +115,16 @@ void cReZero::StartData()
 
 void cReZero::SetChan(int Row, const std::string& Text)
 {
-    At(mRows, Row).ChanText = Text;
+    if (!mCalibrMode && IsRow(Row)) mRows[static_cast<std::size_t>(Row)].ChanText = Text;
 }
 
 void cReZero::SetQ1(int Row, const std::string& Text)
 {
-    ReZeroRow& Edited = At(mRows, Row);
+    if (mCalibrMode || !IsRow(Row)) return;
+    ReZeroRow& Edited = mRows[static_cast<std::size_t>(Row)];
     Edited.Q1Text = Text;
     const auto Number = LeadingNumber(Text);
-    if (!Number || mCalibrMode) return;
+    if (!Number) return;
     gFile.Calibr[Edited.Chan].Q1 = *Number;
     mDirty = true;
 }
@@ -151,7 +159,9 @@ void cReZero::TakeZero(ReZeroRow& Row, double Count)
 bool cReZero::ReZero()
 {
     if (mRows.empty() || !std::all_of(mRows.begin(), mRows.end(), [](const auto& Row) { return Row.HasData; })) {
-        MsgBox("There are no counts to take as zeros: choose a group and start the data first.", TitleInformation);
+        MsgBox("There are no counts to take as zeros: choose a group, start the data, and see that the logger sends "
+               "them.",
+               TitleInformation);
         return false;
     }
     if (mCalibrMode && mRows[0].Chan < 1) {
@@ -166,6 +176,42 @@ bool cReZero::ReZero()
     }
     mDirty = true;
     return true;
+}
+
+std::string cReZero::Unmoved() const
+{
+    std::string Names;
+    for (const ReZeroRow& Row : mRows)
+        if (const int16_t Mode = mCalibrMode ? int16_t{0} : gFile.Calibr[Row.Chan].ProcMode; Mode == 1 || Mode == 2)
+            Names += (Names.empty() ? "" : ", ") + Row.Name;
+    return Names;
+}
+
+std::string cReZero::State(bool IsTaking) const
+{
+    const std::string Leave = " Escape closes.";
+    if (mRows.empty())
+        return std::string(mChosen ? "The session has no channel of this group: choose another one"
+                                   : "Choose a group") +
+               ", or add a channel." + Leave;
+    const bool IsOpen = gLinkWatch.State() == cLinkWatch::eState::Open && !gLinkWatch.IsSilent();
+    const bool HasData = mRows[0].HasData;
+    const bool IsLive = IsTaking && HasData && IsOpen;
+    std::string Text = IsLive      ? "Data are coming. "
+                       : !IsTaking ? "Data are stopped. "
+                       : HasData   ? "Data have stopped coming: the counts are old. "
+                                   : "No data are coming yet. ";
+    if (mDirty)
+        Text += "Changes are not saved: Save Data (Alt+S) keeps them.";
+    else if (mSaved)
+        Text += "The zeros are saved.";
+    else if (IsLive)
+        Text += "ReZero (Alt+Z) makes the present counts the zeros.";
+    else if (!IsTaking)
+        Text += "Leave the sensors unloaded; Start Data (a) shows the counts.";
+    if (const std::string Names = mDirty || mSaved ? Unmoved() : ""; !Names.empty())
+        Text += " Read by curves, which do not move: " + Names + ".";
+    return Text + Leave;
 }
 
 bool cReZero::GetFromFile(const std::string& Path)
@@ -198,6 +244,7 @@ bool cReZero::SaveData()
     Store();
     const bool IsSaved =
         mCalibrMode ? WriteIni() : BackupFile(gCurFile) && WriteDataFile(gCurFile, gFile, SectionFilter::Any);
+    mSaved = IsSaved;
     if (IsSaved) mDirty = false;
     return IsSaved;
 }

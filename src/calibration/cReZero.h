@@ -42,6 +42,12 @@ public:
 
     std::span<const ReZeroRow> Rows() const { return mRows; }
 
+    /// The rows, the data, unsaved zeros, and what is to be done now. IsTaking: the window takes frames.
+    std::string State(bool IsTaking) const;
+
+    /// Names of the rows that are read by curves, which a zero does not move; empty when there are none.
+    std::string Unmoved() const;
+
     /// Shows group Index, 0 to 4: horizontal angles, vertical angles, handle forces, seats, gates; of its eight names
     /// those that are channels of the session. Unsaved results are asked for; false when they are kept.
     bool ChooseGroup(int Index);
@@ -52,10 +58,10 @@ public:
     /// Takes channels and calibration of the rows, by number or else by name.
     void StartData();
 
-    /// The user's text in the column "Channel".
+    /// The user's text in the column "Channel". A row that does not exist takes none.
     void SetChan(int Row, const std::string& Text);
 
-    /// The user's text in the column "Q1": written to the channel at once.
+    /// The user's text in the column "Q1": written to the channel at once, in a row that exists.
     void SetQ1(int Row, const std::string& Text);
 
     /// Takes the newest counts.
@@ -74,11 +80,14 @@ public:
     bool SaveData();
 
 private:
+    bool IsRow(int Row) const;
     void Fill(ReZeroRow& Row);
     void TakeZero(ReZeroRow& Row, double Count);
     void ShowCount(ReZeroRow& Row);
 
     const bool mCalibrMode;
     bool mDirty = false;
+    bool mSaved = false;  // what the rows show
+    bool mChosen = false; // a group
     std::vector<ReZeroRow> mRows;
 };

@@ -2,11 +2,13 @@
 #include "calibration/fDoReZero.h"
 
 #include "acquisition/mComFast.h"
+#include "core/mGlobData.h"
 #include "core/mHost.h"
 #include "core/mIni.h"
 #include "platform/qt/qMnemonics.h"
 #include "platform/qt/qPlace.h"
 #include "platform/qt/qText.h"
+#include "platform/qt/qWorkArea.h"
 
 #include <QButtonGroup>
 #include <QGridLayout>
@@ -19,26 +21,29 @@
 
 namespace {
 constexpr const char* Section = "fDoReZero";
-constexpr const char* Resting = "Choose a group and start the data; leave the sensors unloaded.";
+constexpr int LookMs = 250; // from one look at the link to the next
 
-// A column: object name of its boxes, head, where its text is, and the colour of the first row's.
+// A column: object name of its boxes, head, where its text is, the colour of the first row's, and what it holds.
 struct Column
 {
     const char* Name;
     const char* Head;
     std::string ReZeroRow::*Text;
     const char* FirstColour;
+    const char* Tip;
 };
 
 constexpr Column Table[] = {
-    {"txtNames", "Name(s)", &ReZeroRow::Name, nullptr},
-    {"txtChans", "Channel", &ReZeroRow::ChanText, nullptr},
-    {"LogVals", "Logical Value", &ReZeroRow::LogText, "#ff0000"},
-    {"PhysVals", "Physical Value", &ReZeroRow::PhysText, "#0000ff"},
-    {"txtOldQ0", "Old Q0", &ReZeroRow::OldQ0Text, nullptr},
-    {"txtNewQ0", "New Q0", &ReZeroRow::NewQ0Text, nullptr},
-    {"txtLZero", "Logical Zero", &ReZeroRow::LZeroText, nullptr},
-    {"txtQ1", "Q1", &ReZeroRow::Q1Text, nullptr},
+    {"txtNames", "Name(s)", &ReZeroRow::Name, nullptr, "Parameter that the channel measures"},
+    {"txtChans", "Channel", &ReZeroRow::ChanText, nullptr,
+     "Number of the channel; one typed counts from the next Start Data on"},
+    {"LogVals", "Logical Value", &ReZeroRow::LogText, "#ff0000", "Raw count now"},
+    {"PhysVals", "Physical Value", &ReZeroRow::PhysText, "#0000ff",
+     "Value of this count by the channel's present calibration"},
+    {"txtOldQ0", "Old Q0", &ReZeroRow::OldQ0Text, nullptr, "Offset in the session"},
+    {"txtNewQ0", "New Q0", &ReZeroRow::NewQ0Text, nullptr, "Offset that Save Data stores"},
+    {"txtLZero", "Logical Zero", &ReZeroRow::LZeroText, nullptr, "Count that reads as 0"},
+    {"txtQ1", "Q1", &ReZeroRow::Q1Text, nullptr, "Gain in physical units a count; typed over, it counts at once"},
 };
 constexpr std::size_t ChanColumn = 1, Q1Column = 7;
 } // namespace
@@ -49,17 +54,23 @@ fDoReZero::fDoReZero(bool CalibratorMode)
 {
     Tag.clear();
     State->setObjectName("lbState");
-    State->setStyleSheet("font-weight: bold");
+    State->setStyleSheet("font-weight: bold; padding: 2px 4px");
+    State->setWordWrap(true);
+    setProperty(AsksToClose, true);
     auto* Layout = new QGridLayout(this);
-    Layout->addWidget(BuildGroups(), 0, 0);
-    Layout->addLayout(BuildRows(), 0, 1, 2, 1);
+    Layout->setHorizontalSpacing(16);
+    Layout->setVerticalSpacing(10);
+    Layout->addWidget(State, 0, 0, 1, 3);
+    Layout->addWidget(BuildGroups(), 1, 0, Qt::AlignTop);
+    Layout->addLayout(BuildRows(), 1, 1, Qt::AlignTop);
     Layout->addLayout(BuildCommands(), 2, 0, 1, 2);
-    Layout->addWidget(State, 3, 0, 1, 2);
-    Layout->setRowStretch(1, 1);
-    Layout->setColumnStretch(1, 1);
+    Layout->setRowStretch(3, 1);
+    Layout->setColumnStretch(1, 3);
+    Layout->setColumnStretch(2, 1);
     TakeMnemonics(*this);
     setFocusPolicy(Qt::StrongFocus);
-    ShowState(CalibratorMode ? "Start the data; leave the calibrator unloaded." : Resting);
+    connect(&Look, &QTimer::timeout, this, [this] { ShowState(); });
+    Look.start(LookMs);
     ShowRows();
 }
 
@@ -83,18 +94,21 @@ QGroupBox* fDoReZero::BuildGroups()
 QLayout* fDoReZero::BuildRows()
 {
     auto* Grid = new QGridLayout;
+    Grid->setHorizontalSpacing(6);
+    Grid->setVerticalSpacing(4);
     for (int c = 0; c < Columns; ++c) {
         const Column& Shape = Table[c];
         auto* Head = new QLabel(Shape.Head, this);
         Head->setAlignment(Qt::AlignCenter);
+        Head->setToolTip(Shape.Tip);
         Grid->addWidget(Head, 0, c);
         for (int i = 0; i < cReZero::MaxRows; ++i) {
             auto* Box = new QLineEdit(this);
             Box->setObjectName(QString("%1_%2").arg(Shape.Name).arg(i));
             Box->setAlignment(c == 0 ? Qt::AlignLeft : Qt::AlignRight);
             Box->setMinimumWidth(fontMetrics().horizontalAdvance("-0000.000000"));
-            Box->setReadOnly(c != ChanColumn && c != Q1Column);
-            if (Box->isReadOnly()) Box->setFocusPolicy(Qt::NoFocus);
+            Box->setMaximumWidth(fontMetrics().horizontalAdvance("-0000000000.000000"));
+            Box->setToolTip(Shape.Tip);
             if (i == 0 && Shape.FirstColour) Box->setStyleSheet(QString("color: %1").arg(Shape.FirstColour));
             Boxes[static_cast<std::size_t>(i)][static_cast<std::size_t>(c)] = Box;
             Grid->addWidget(Box, i + 1, c);
@@ -107,7 +121,6 @@ QLayout* fDoReZero::BuildRows()
         connect(Row[Q1Column], &QLineEdit::textEdited, this,
                 [this, i](const QString& Text) { ReZeroing.SetQ1(i, Plain(Text)); });
     }
-    Grid->setRowStretch(cReZero::MaxRows + 1, 1);
     return Grid;
 }
 
@@ -127,6 +140,7 @@ QLayout* fDoReZero::BuildCommands()
         {"Get from Logger file", &fDoReZero::GetFromLogger},
     };
     auto* Layout = new QHBoxLayout;
+    Layout->setSpacing(8);
     int Index = 0;
     for (const auto& Command : Commands) {
         auto* Button = new QPushButton(Command.Caption, this);
@@ -142,12 +156,14 @@ QLayout* fDoReZero::BuildCommands()
         Layout->addWidget(Button);
         ++Index;
     }
+    Layout->addStretch();
     return Layout;
 }
 
-void fDoReZero::ShowState(const char* Text)
+void fDoReZero::ShowState()
 {
-    State->setText(Text);
+    const QString Text = Shown(ReZeroing.State(!Tag.empty()));
+    if (State->text() != Text) State->setText(Text);
 }
 
 // One blank row stands where no group was chosen yet.
@@ -160,17 +176,18 @@ void fDoReZero::ShowRows()
             Box->setVisible(i == 0 || i < Rows.size());
             const QString Text = i < Rows.size() ? Shown(Rows[i].*Table[c].Text) : QString();
             if (Box->text() != Text && !Box->hasFocus()) Box->setText(Text);
+            const bool IsTyped = (c == ChanColumn || c == Q1Column) && i < Rows.size() && !ReZeroing.IsCalibrMode();
+            Box->setReadOnly(!IsTyped);
+            Box->setFocusPolicy(IsTyped ? Qt::StrongFocus : Qt::NoFocus);
         }
+    ShowState();
 }
 
 void fDoReZero::ChooseGroup(int Index)
 {
-    if (ReZeroing.ChooseGroup(Index))
-        Group = Index;
-    else if (QAbstractButton* Former = opParGr->button(Group))
-        Former->setChecked(true);
+    if (ReZeroing.ChooseGroup(Index)) Group = Index;
+    if (QAbstractButton* Chosen = opParGr->button(Group)) Chosen->setChecked(true);
     ShowRows();
-    ShowState(ReZeroing.Rows().empty() ? "The session has no channel of this group." : Resting);
 }
 
 void fDoReZero::StartData()
@@ -180,14 +197,13 @@ void fDoReZero::StartData()
     ReZeroing.StartData();
     Tag = DataTag;
     ShowRows();
-    ShowState("Waiting for data.");
 }
 
 void fDoReZero::StopData()
 {
     Tag.clear();
     CloseLink();
-    ShowState("Data are stopped.");
+    ShowState();
 }
 
 void fDoReZero::DrawData()
@@ -198,8 +214,7 @@ void fDoReZero::DrawData()
 
 void fDoReZero::SetLive(bool Live)
 {
-    ShowState(Live ? "Data are coming. ReZero makes the present counts the zeros."
-                   : "Data have stopped coming: the values shown are old.");
+    ShowState();
     for (const auto& Row : Boxes)
         for (const std::size_t c : {std::size_t{2}, std::size_t{3}})
             Row[c]->setEnabled(Live);
@@ -207,15 +222,15 @@ void fDoReZero::SetLive(bool Live)
 
 void fDoReZero::ReZero()
 {
-    if (ReZeroing.ReZero()) ShowState("New zeros, not saved yet.");
+    ReZeroing.ReZero();
     ShowRows();
 }
 
 void fDoReZero::GetFromLogger()
 {
     if (ReZeroing.Rows().empty()) return MsgBox("Choose a group first.", TitleInformation);
-    const std::string Path = ExecComDlg("Load Raw Calibration Data", "qvn", eFileMode::In);
-    if (!Path.empty() && ReZeroing.GetFromFile(Path)) ShowState("New zeros from the recording, not saved yet.");
+    const std::string Path = ExecComDlg("Load Raw Calibration Data", "qvn", eFileMode::In, gCurDir);
+    if (!Path.empty()) ReZeroing.GetFromFile(Path);
     ShowRows();
 }
 
@@ -224,13 +239,16 @@ void fDoReZero::AddNewContr()
     const std::string Name = InputBox("Input the name of parameter", "Creation of new data view", "");
     if (Name.empty()) return;
     if (!ReZeroing.AddChannel(Name))
-        ShowState("There is no such channel, it is shown already, or there is no row left.");
+        UpdateStatus("No row was added: the session has no channel " + Name +
+                     ", it is shown already, or all nine rows "
+                     "are taken.");
     ShowRows();
 }
 
 void fDoReZero::SaveData()
 {
-    if (ReZeroing.SaveData()) ShowState("The zeros are saved.");
+    ReZeroing.SaveData();
+    ShowState();
 }
 
 // A space typed by chance must not press a button.
@@ -258,10 +276,13 @@ void fDoReZero::keyPressEvent(QKeyEvent* Event)
     }
 }
 
-// The question is a reminder: the window closes whatever the answer is.
+// The question is a reminder: the window closes whatever the answer is. Only what would close it along with the
+// session or the program waits for the answer.
 void fDoReZero::closeEvent(QCloseEvent* Event)
 {
-    if (ReZeroing.IsDirty()) AskYesNo("Are you sure to discard changes?", TitleWarning);
+    if (ReZeroing.IsDirty() && !AskYesNo("Are you sure to discard changes?", TitleWarning) &&
+        property(IsClosedFor).toBool())
+        return Event->ignore();
     KeepPlace(*this, Section);
     qDataWindow::closeEvent(Event);
 }

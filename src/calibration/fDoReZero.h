@@ -4,6 +4,8 @@
 #include "calibration/cReZero.h"
 #include "platform/qt/qDataWindow.h"
 
+#include <QTimer>
+
 #include <array>
 
 class QButtonGroup;
@@ -20,6 +22,9 @@ public:
     explicit fDoReZero(bool CalibratorMode);
 
     cReZero& Zeros() { return ReZeroing; }
+
+    /// Shows group Index, as its option button does.
+    void ChooseGroup(int Index);
 
     void StartData();
     void StopData();
@@ -41,16 +46,16 @@ private:
     QGroupBox* BuildGroups();
     QLayout* BuildRows();
     QLayout* BuildCommands();
-    void ChooseGroup(int Index);
     void AddNewContr();
     void GetFromLogger();
     void ReZero();
     void SaveData();
-    void ShowState(const char* Text);
+    void ShowState();
 
     cReZero ReZeroing;
     QButtonGroup* opParGr;
     std::array<std::array<QLineEdit*, Columns>, cReZero::MaxRows> Boxes{};
     QLabel* State;
+    QTimer Look; // at the link
     int Group = -1;
 };

@@ -116,6 +116,14 @@ fDoReZero& ShowReZero(frmMain& Main, bool CalibratorMode)
     Main.AddWindow(Window);
     return *Window;
 }
+
+// A wireless link takes a moment to be made.
+void AwaitLink()
+{
+    constexpr int StepMs = 50, Steps = 100;
+    for (int i = 0; i < Steps && gLinkWatch.State() == cLinkWatch::eState::Connecting; ++i)
+        gHost.Clock->Wait(StepMs);
+}
 } // namespace
 
 void FileOpen(frmMain& Main)
@@ -183,15 +191,25 @@ void AutoReZero(frmMain& Main)
     constexpr int WaitMs = 1000; // for frames to arrive
     if (!OpenLink()) return;
     SendRun();
+    AwaitLink();
     for (const int Group : {0, 2}) {
         QPointer<fDoReZero> Window = &ShowReZero(Main, false);
-        Window->Zeros().ChooseGroup(Group);
+        Window->ChooseGroup(Group);
         Window->StartData();
         gHost.Clock->Wait(WaitMs);
-        if (!Window || !Window->Zeros().ReZero()) return;
-        Window->Zeros().SaveData();
+        if (!Window) return;
+        const bool IsEmpty = Window->Zeros().Rows().empty();
+        if (!IsEmpty && (!Window->Zeros().ReZero() || !Window->Zeros().SaveData())) return Window->ShowRows();
         Window->Unload();
     }
+}
+
+void AskAutoReZero(frmMain& Main)
+{
+    if (AskYesNo("The horizontal angles and the handle forces will be zeroed at their present counts, and the session "
+                 "saved. Are all these sensors unloaded and at rest?",
+                 TitleWarning))
+        AutoReZero(Main);
 }
 
 void ViewTypical(frmMain& Main)

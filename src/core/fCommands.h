@@ -18,8 +18,12 @@ void DoCalibration(frmMain& Main);
 void ReZeroChannels(frmMain& Main);
 void SetCalibrator(frmMain& Main);
 
-/// Zeroes horizontal angles and handle forces by the counts of the next second, and saves the session.
+/// Zeroes horizontal angles and handle forces by the counts of the next second, and saves the session. A group without
+/// channels is passed over.
 void AutoReZero(frmMain& Main);
+
+/// AutoReZero, once it is confirmed that the sensors are at rest.
+void AskAutoReZero(frmMain& Main);
 
 /// Asks for a stored sample and opens its report.
 void ViewTypical(frmMain& Main);

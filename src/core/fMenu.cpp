@@ -46,6 +46,7 @@ constexpr MenuItem Items[] = {
     {"mnuCalibrate", "mnuCalibrCheck", "&Check Channels", "F5", CheckChannels, nullptr},
     {"mnuCalibrate", "mnuCalibrDo", "&Do Calibration", nullptr, DoCalibration, nullptr},
     {"mnuCalibrate", "mnuCalibrReZero", "Re&Zero Channels...", nullptr, ReZeroChannels, nullptr},
+    {"mnuCalibrate", "mnuCalibrAutoReZero", "A&uto ReZero...", nullptr, AskAutoReZero, nullptr},
     {"mnuCalibrate", "mnuCalibrZeroCal", "Set Calib&Rator...", nullptr, SetCalibrator, nullptr},
     {"mnuCalibrate", "mnuCalibrAnthro", "Anthropometry", nullptr, nullptr, WithVideo},
     {"mnuCalibrate", nullptr, nullptr, nullptr, nullptr, nullptr},

@@ -58,7 +58,7 @@ TEST_CASE_FIXTURE(ShellState, "every menu entry is there, and what cannot be cho
         CHECK(Entry.isEnabled() == (Item.Action != nullptr));
         CHECK((Entry.isEnabled() || Entry.toolTip().size() > 5));
     }
-    CHECK(Entries == 54);
+    CHECK(Entries == 55);
 }
 
 TEST_CASE_FIXTURE(ShellState,
