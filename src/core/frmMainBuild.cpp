@@ -118,7 +118,7 @@ void frmMain::BuildStatusBar()
 {
     statusBar()->setObjectName("sbStatusBar");
     std::array<QLabel*, 3> Panels{};
-    constexpr std::array<int, 3> Widths = {3, 10, 7};
+    constexpr std::array<int, 3> Widths = {2, 10, 9};
     for (std::size_t i = 0; i < Panels.size(); ++i) {
         Panels[i] = new QLabel;
         Panels[i]->setObjectName("sbStatusBar_" + QString::number(i + 1));

@@ -39,7 +39,7 @@ QMenuBar::item:selected { background: #0b5cad; color: white; border-radius: 4px;
 QDialogButtonBox, QMessageBox, QInputDialog { dialogbuttonbox-buttons-have-icons: 0; }
 QStatusBar { border-top: 1px solid #c4ccd4; }
 QStatusBar::item { border: 0; }
-QStatusBar QLabel { padding: 2px 8px; }
+QStatusBar QLabel { padding: 2px 4px; }
 QStatusBar QLabel[alarm="true"] { background: #d00000; color: white; font-weight: bold; }
 )";
 } // namespace
