@@ -120,7 +120,8 @@ void cCalGraph::DrawAxisNumbers()
         const double X = Mapped(k, 0, GridParts, Left, Right);
         const double Y = Mapped(k, 0, GridParts, Bottom, Top);
         const std::string Logical = FormatNum(Mapped(k, 0, GridParts, Axes.MinL, Axes.MaxL), "0");
-        const std::string Physical = FormatSig(Mapped(k, 0, GridParts, Axes.MinP, Axes.MaxP), Places);
+        std::string Physical = FormatSig(Mapped(k, 0, GridParts, Axes.MinP, Axes.MaxP), Places);
+        if (Physical.ends_with('.')) Physical.pop_back();
         if (k % Every == 0) Surface.Text(X, Bottom + 3, IsXLogical ? Logical : Physical, eAlign::Centre);
         if (k % EveryUp == 0)
             Surface.Text(Left - 5, Y - NumberFont * 0.6, IsXLogical ? Physical : Logical, eAlign::Right);

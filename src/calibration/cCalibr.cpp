@@ -39,6 +39,7 @@ cCalibr::cCalibr()
     for (const char* Key : Keys)
         LoadSetting(Key);
     LoadSetting("gAutoSwitchCal");
+    if (fApproxMode < ApproxLinear || fApproxMode > ApproxRefTable) fApproxMode = ApproxOneLine;
     mBoxes[BoxCutOff] = FormatNum(fCutOff * 100, "0");
 }
 
@@ -63,13 +64,23 @@ eApprox cCalibr::Approx() const
     return static_cast<eApprox>(fApproxMode);
 }
 
+std::string cCalibr::CountText() const
+{
+    std::string Text =
+        FormatNum(static_cast<double>(mPoints.size()), "0") + (mPoints.size() == 1 ? " point" : " points");
+    if (mModified && !mPoints.empty()) Text += ", not saved";
+    if (mAnalysis.IsDone && mIsOutdated) Text += ", newer than the analysis";
+    return Text;
+}
+
 std::string cCalibr::State() const
 {
-    const std::string Count = FormatNum(static_cast<double>(mPoints.size()), "0") + " points";
+    const std::string Count = CountText();
     const cLinkWatch::eState Link = gLinkWatch.State();
     if (Link == cLinkWatch::eState::Closed)
-        return "The link is closed; Do Calibration in the menu opens it. " + Count +
-               ". Enter starts the data, Escape leaves.";
+        return std::string("The link is closed; Do Calibration in the menu opens it") +
+               (mTaking ? ", then data come. " : ". ") + Count + ". " + (mTaking ? "" : "Enter takes the channel, ") +
+               "Escape leaves.";
     if (Link != cLinkWatch::eState::Open)
         return "The link is being made. " + Count + ". " + (mTaking ? "" : "Enter starts the data, ") + "Escape stops.";
     if (!mTaking) return "The link is open. " + Count + ". Enter starts the data, Escape stops.";
@@ -90,6 +101,14 @@ bool cCalibr::HasChannel() const
     if (Row() && mChan <= LastDataChan) return true;
     MsgBox("The session has no channel " + FormatNum(mChan, "0") + ": type the number of one of its channels.",
            TitleInformation);
+    return false;
+}
+
+// A lever of 0 would make every physical value 0.
+bool cCalibr::HasLever() const
+{
+    if (!gAutoCalibr || !fTorque || Val(mTypedPhys) != 0) return true;
+    MsgBox("Torque needs the lever: type it as Physical Value before the data are started.", TitleInformation);
     return false;
 }
 
@@ -156,8 +175,7 @@ bool cCalibr::StartData()
                TitleInformation);
         return false;
     }
-    mTaking = true;
-    return true;
+    return mTaking = HasLever();
 }
 
 // Points of two channels would give a line of neither.
@@ -165,8 +183,10 @@ void cCalibr::AskForPointsOf(int16_t Former)
 {
     if (!mPoints.empty() && AskYesNo("The points are those of channel " + FormatNum(Former, "0") +
                                          ". Do you want to delete them before another one is calibrated?",
-                                     TitleWarning))
+                                     TitleWarning)) {
         DelAllPoints();
+        mUndoChan = Former;
+    }
 }
 
 bool cCalibr::DrawData()
@@ -201,7 +221,7 @@ bool cCalibr::PutDataPoint()
     mExtremes.TakeP(mPhys);
     ShowLine();
     ShowExtremes();
-    mModified = true;
+    mModified = mIsOutdated = true;
     return true;
 }
 
@@ -246,6 +266,8 @@ void cCalibr::RememberPoints()
 {
     if (mPoints.empty()) return;
     mUndo = mPoints;
+    mUndoChan = mChan;
+    mUndoSensID = mSensID;
     mHasUndo = true;
 }
 
@@ -263,6 +285,12 @@ void cCalibr::UndoPoints()
 {
     if (!mHasUndo) return;
     std::swap(mPoints, mUndo);
+    if (mUndoChan != mChan) {
+        std::swap(mChan, mUndoChan);
+        std::swap(mSensID, mUndoSensID);
+        mBoxes[BoxChan] = FormatNum(mChan, "0");
+        if (Row()) ShowLimits();
+    }
     mPntCnt = mPoints.size();
     mAnalysis = {};
     mModified = true;
@@ -279,7 +307,11 @@ bool cCalibr::FindLimits()
     }
     mArrMin = FormatNum(Limits.Min, "0.0");
     mArrMax = FormatNum(Limits.Max, "0.0");
-    return true;
+    if (Limits.Min < Limits.Max) return true;
+    MsgBox("The points leave no range between the limits, which lie 4 units within them; with counts that fall while "
+           "the load rises none is found. Type Min and Max.",
+           TitleInformation);
+    return false;
 }
 
 void cCalibr::SetCalGr()
@@ -305,7 +337,12 @@ void cCalibr::Analyse0()
 bool cCalibr::AnalyseArr()
 {
     mThreshold = Val(mBoxes[BoxThreshold]);
-    if (fApproxMode == ApproxAbsolute || fApproxMode == ApproxRefTable) return true;
+    mHint.clear();
+    if (fApproxMode == ApproxAbsolute || fApproxMode == ApproxRefTable) {
+        mHint = fApproxMode == ApproxAbsolute ? "Absolute takes the line: there is nothing to analyse."
+                                              : "Save Ref.Table makes the table: there is nothing to analyse.";
+        return true;
+    }
     if (fApproxMode == ApproxLinear) Analyse0();
     CalAnalysis Result;
     if (mPoints.size() < 2)
@@ -321,9 +358,29 @@ bool cCalibr::AnalyseArr()
     else
         return false;
     mAnalys = Result.Text;
-    if (!Result.IsDone) return false;
+    if (!Result.IsDone) {
+        TakeHint();
+        return false;
+    }
     mAnalysis = std::move(Result);
+    mAnalysedFor = Approx();
+    mIsOutdated = false;
     return true;
+}
+
+// Which points count is not seen from the outside.
+void cCalibr::TakeHint()
+{
+    if (mAnalys != TooFewPoints || fApproxMode == ApproxLinear) return;
+    if (fApproxMode == ApproxTwoLines)
+        mHint =
+            "Points count whose load lies inside the range taken, less the cut-off at either end: 4 with rising and "
+            "4 with falling load are needed.";
+    else if (Row())
+        mHint = "Points count whose load lies from " + FormatNum(Row()->Min, "0.0") + " to " +
+                FormatNum(Row()->Max, "0.0") +
+                ", Min and Max of the channel, less the cut-off at either end: 5 are "
+                "needed.";
 }
 
 bool cCalibr::CheckModified() const

@@ -6,6 +6,7 @@
 #include "processing/mRefTable.h"
 
 #include <array>
+#include <functional>
 #include <string>
 
 struct CalibrRow;
@@ -62,6 +63,7 @@ public:
     const std::string& ArrMin() const { return mArrMin; }
     const std::string& ArrMax() const { return mArrMax; }
     const std::string& Analys() const { return mAnalys; }
+    const std::string& AnalysHint() const { return mHint; } // what to do about it, empty for nothing
     std::string Caption() const;
     bool Flag(eCalFlag Index) const;
     eApprox Approx() const;
@@ -116,13 +118,13 @@ public:
     /// Drops all points; the extremes stay as they were shown.
     void DelAllPoints();
 
-    /// Brings back the points as they were before they were last dropped, replaced or cut.
+    /// Brings back the points as they were before they were last dropped, replaced or cut, with their channel.
     void UndoPoints();
     bool CanUndo() const { return mHasUndo; }
 
     // Working on the points.
 
-    /// Takes the limits of the table from the points. False with fewer than two (told).
+    /// Takes the limits of the table from the points. False when they leave no range between them (told).
     bool FindLimits();
 
     /// Takes the ranges of the graph from the points or from the channel's row.
@@ -133,17 +135,23 @@ public:
 
     // Keeping the results.
 
-    /// Makes this channel with its line the automatic calibrator. False when the ini file cannot be written (told).
+    /// Makes this channel with its line the automatic calibrator. False without a line, or when the ini file cannot be
+    /// written (told).
     bool SetAutoCal();
 
-    /// Saves the points under a name of their own, then the session. False when one of it fails (told).
+    /// Saves the points under a name of their own, then the session. False when one of it fails (told): the channel's
+    /// row is then as it was.
     bool Save();
 
-    /// Puts the results into the channel's row. False without a channel or a line (told).
+    /// Puts the results into the channel's row. False without a channel or a line, or with an analysis for another use
+    /// than the one chosen (told).
     bool Store();
 
-    /// Store, and writes the session behind a backup copy. False when that fails (told).
+    /// Store, and writes the session behind a backup copy. False when that fails (told): the row is then as it was.
     bool SaveData();
+
+    /// What was saved last, and how the channel is read now.
+    const std::string& SavedText() const { return mSavedText; }
 
     /// Makes a reference table between the limits typed. False when there is none to be made: told, or with too few
     /// points in the text of Analys.
@@ -167,6 +175,11 @@ public:
 private:
     CalibrRow* Row() const;
     bool HasChannel() const;
+    bool HasLever() const;
+    bool HasFileName() const;
+    bool FitsUse() const;
+    std::string Reading() const;
+    std::string CountText() const;
     void ShowLimits();
     void TakeMode();
     void Analyse0();
@@ -174,6 +187,9 @@ private:
     void ShowExtremes();
     void ReCalculate();
     void RememberPoints();
+    void AskReading();
+    void TakeHint();
+    bool StoreAnd(const std::function<bool()>& Write);
     void AskForPointsOf(int16_t Former);
     double CalibratorValue() const;
     void KeepPointsWithin(double Min, double Max);
@@ -193,12 +209,16 @@ private:
     CalRange mAxes;
     CalLine mLine;
     CalAnalysis mAnalysis; // the last one that came to something
+    eApprox mAnalysedFor = ApproxLinear;
+    bool mIsOutdated = false; // points came after it
     double mThreshold = 0;
     bool mModified = false;
     bool mAutoRun = false;
     bool mTaking = false;
     bool mHasFrame = false; // since taking began
     CalPoints mUndo;
+    int16_t mUndoChan = 0;
+    std::string mUndoSensID;
     bool mHasUndo = false;
     std::array<std::string, CalBoxCnt> mBoxes;
     std::string mTypedPhys; // the user's own text of BoxPhys, which automatic mode writes over
@@ -206,4 +226,6 @@ private:
     std::string mArrMin;
     std::string mArrMax;
     std::string mAnalys = "Analysis Data Empty";
+    std::string mHint;
+    std::string mSavedText;
 };

@@ -11,6 +11,9 @@
 #include <tuple>
 
 namespace {
+constexpr const char* ReadBy[] = {"a line", "a curve", "two curves", "the absolute value of a line",
+                                  "a reference table"};
+
 bool WriteSession()
 {
     return BackupFile(gCurFile) && WriteDataFile(gCurFile, gFile, SectionFilter::Any);
@@ -31,10 +34,18 @@ bool cCalibr::SetAutoCal()
         MsgBox("Type the number of a channel to make it the automatic calibrator.", TitleInformation);
         return false;
     }
+    if (Val(mBoxes[BoxQ1]) == 0) {
+        MsgBox("A calibrator needs a line: take points first, or type Q0 and Q1.", TitleInformation);
+        return false;
+    }
+    const std::string Former =
+        FormatNum(gAutoCalCh, "0") + " (Q0 = " + FormatSig(gAutoCalQ0, 6) + ", Q1 = " + FormatSig(gAutoCalQ1, 9) + ")";
     gAutoCalCh = static_cast<int16_t>(Typed);
     gAutoCalQ0 = Val(mBoxes[BoxQ0]);
     gAutoCalQ1 = Val(mBoxes[BoxQ1]);
-    return WriteIni();
+    if (!WriteIni()) return false;
+    UpdateStatus("Channel " + FormatNum(gAutoCalCh, "0") + " is the automatic calibrator, in place of " + Former);
+    return true;
 }
 
 std::string cCalibr::FreeName() const
@@ -50,12 +61,89 @@ std::string cCalibr::FreeName() const
 // The points go first: once the session has changed, what it was calibrated from is on the disk.
 bool cCalibr::Save()
 {
-    return Store() && SaveRawCalData(FreeName()) && WriteStored();
+    const std::string Name = FreeName();
+    if (!HasFileName() || !StoreAnd([&] { return SaveRawCalData(Name) && WriteStored(); })) return false;
+    mSavedText = "Saved. " + Reading() + "; its points are in " + Name;
+    return true;
+}
+
+bool cCalibr::SaveData()
+{
+    if (!StoreAnd([&] { return WriteStored(); })) return false;
+    mSavedText = "Saved. " + Reading() + "; its points are not saved";
+    return true;
+}
+
+// Data that could not be written leave the session as it was.
+bool cCalibr::StoreAnd(const std::function<bool()>& Write)
+{
+    if (!HasChannel()) return false;
+    const CalibrRow Former = *Row();
+    if (Store()) {
+        AskReading();
+        if (Write()) return true;
+    }
+    *Row() = Former;
+    ResolveChannels();
+    return false;
+}
+
+bool cCalibr::HasFileName() const
+{
+    if (mSensID.find_first_of("/\t") == std::string::npos) return true;
+    MsgBox("The sensor identifier \"" + mSensID + "\" cannot name a file: type one without \"/\".", TitleInformation);
+    return false;
+}
+
+std::string cCalibr::Reading() const
+{
+    const int16_t Mode = Row()->ProcMode;
+    const bool IsNamed = Mode >= ApproxLinear && Mode <= ApproxRefTable;
+    return "Channel " + FormatNum(mChan, "0") + " is read by " + ReadBy[IsNamed ? static_cast<std::size_t>(Mode) : 0];
+}
+
+// Whether the analysis, where there is one, serves the use chosen: the coefficients of one would be nonsense for
+// another.
+bool cCalibr::FitsUse() const
+{
+    if (!mAnalysis.IsDone) return true;
+    const bool IsCurve = fApproxMode == ApproxOneLine || fApproxMode == ApproxTwoLines;
+    if (IsCurve && fApproxMode != mAnalysedFor) {
+        const std::string One = "\"Square one line\"", Two = "\"Square two lines\"";
+        const bool IsOne = fApproxMode == ApproxOneLine;
+        MsgBox((IsOne ? One : Two) + " is chosen, but the analysis is that of " + (IsOne ? Two : One) +
+                   ": press Analysis, then save.",
+               TitleInformation);
+        return false;
+    }
+    if (fApproxMode == ApproxRefTable && Row()->ProcMode != ApproxRefTable) {
+        MsgBox("The channel has no reference table yet: press Save Ref.Table, then save.", TitleInformation);
+        return false;
+    }
+    return true;
+}
+
+// A line that the channel is not read by would be saved for nothing.
+void cCalibr::AskReading()
+{
+    CalibrRow& Channel = *Row();
+    if (mAnalysis.IsDone) return;
+    const bool IsCurve = Channel.ProcMode == ApproxOneLine || Channel.ProcMode == ApproxTwoLines;
+    if (fApproxMode == ApproxLinear || fApproxMode == ApproxAbsolute) {
+        const bool IsLine = Channel.ProcMode < ApproxLinear || Channel.ProcMode > ApproxRefTable;
+        if (Channel.ProcMode == fApproxMode || (IsLine && fApproxMode == ApproxLinear)) return;
+        if (AskYesNo(Reading() + ". Do you want it to be read by " + ReadBy[fApproxMode] + " from now on?",
+                     TitleWarning))
+            Channel.ProcMode = fApproxMode;
+    } else if (IsCurve)
+        MsgBox(Reading() + " and stays so, since no analysis was made: Q0 and Q1 do not count for it. Press Analysis, "
+                           "then save again.",
+               TitleWarning);
 }
 
 bool cCalibr::Store()
 {
-    if (!HasChannel()) return false;
+    if (!HasChannel() || !FitsUse()) return false;
     const CalLine Typed{Val(mBoxes[BoxQ0]), Val(mBoxes[BoxQ1]), Val(mBoxes[BoxR2])};
     if (Typed.Q1 == 0 && !AskYesNo("The slope Q1 is 0: every count of the channel would give the same value. Do you "
                                    "want to save it nevertheless?",
@@ -86,11 +174,6 @@ bool cCalibr::WriteStored()
     if (Row()->ProcMode == ApproxRefTable) LoadRefTables();
     mModified = false;
     return true;
-}
-
-bool cCalibr::SaveData()
-{
-    return Store() && WriteStored();
 }
 
 bool cCalibr::MakeRefTable(RefTable& Table)
@@ -129,17 +212,23 @@ void cCalibr::StoreRefTable() const
 bool cCalibr::CreateRefTable3()
 {
     RefTable Table;
-    if (!MakeRefTable(Table)) return false;
+    if (!HasFileName() || !MakeRefTable(Table)) return false;
     const std::string Path = gCurDir + mSensID + ".ref";
     std::error_code Error;
     if (std::filesystem::exists(Path, Error) &&
         !AskYesNo("There is a table of sensor " + mSensID + " already. Do you want to replace it?", TitleWarning))
         return false;
     if (!WriteRefTable(Path, Table)) return false;
+    const CalibrRow Former = *Row();
     StoreRefTable();
     LoadRefTables();
     Row()->RefTabFN = mSensID + ".ref";
-    if (!WriteSession()) return false;
+    if (!WriteSession()) {
+        *Row() = Former;
+        LoadRefTables();
+        return false;
+    }
+    mSavedText = "Saved. " + Reading() + ": " + Path;
     KeepPointsWithin(Val(mArrMin), Val(mArrMax));
     return true;
 }

@@ -36,7 +36,8 @@ void fDoCalibr::ShowTexts()
     Show(*txtSensID, Calibr.SensID());
     Show(*txtArrMin, Calibr.ArrMin());
     Show(*txtArrMax, Calibr.ArrMax());
-    if (const QString Text = Shown(Calibr.Analys()).remove('\r').trimmed(); txtAnalys->toPlainText() != Text)
+    const std::string Hint = Calibr.AnalysHint().empty() ? "" : "\n" + Calibr.AnalysHint();
+    if (const QString Text = Shown(Calibr.Analys() + Hint).remove('\r').trimmed(); txtAnalys->toPlainText() != Text)
         txtAnalys->setPlainText(Text);
     if (Plain(State->text()) != Calibr.State()) State->setText(Shown(Calibr.State()));
     if (Plain(windowTitle()) != Calibr.Caption()) setWindowTitle(Shown(Calibr.Caption()));
@@ -93,7 +94,7 @@ bool fDoCalibr::Work(int Command)
     case cmdSetAuto:
         return Calibr.SetAutoCal();
     case cmdSaveTable:
-        return Calibr.CreateRefTable3();
+        return SaveTable();
     case cmdLimits:
         return Calibr.FindLimits();
     case cmdDelete:
@@ -126,7 +127,14 @@ bool fDoCalibr::StopData()
 bool fDoCalibr::SaveData()
 {
     const bool IsSaved = Calibr.Save();
-    if (IsSaved) UpdateStatus("The calibration and its points are saved: " + gCurDir);
+    if (IsSaved) UpdateStatus(Calibr.SavedText());
+    return IsSaved;
+}
+
+bool fDoCalibr::SaveTable()
+{
+    const bool IsSaved = Calibr.CreateRefTable3();
+    if (IsSaved) UpdateStatus(Calibr.SavedText());
     return IsSaved;
 }
 
@@ -151,8 +159,7 @@ bool fDoCalibr::TakeLetter(int Key)
         Obey(cmdStop);
         return true;
     case Qt::Key_S:
-        if (Guard("Calibration", [&] { return Calibr.SaveData(); }))
-            UpdateStatus("The calibration is saved, its points are not: " + gCurFile);
+        if (Guard("Calibration", [&] { return Calibr.SaveData(); })) UpdateStatus(Calibr.SavedText());
         ShowTexts();
         return true;
     case Qt::Key_D:

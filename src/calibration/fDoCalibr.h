@@ -68,6 +68,7 @@ private:
     bool StopData();
     bool TakePoint(bool IsPoint);
     bool SaveData();
+    bool SaveTable();
     void DrawAnew();
     bool IsTyping() const;
     bool TakeKey(const QKeyEvent& Event);

@@ -256,6 +256,40 @@ TEST_CASE_FIXTURE(Bench, "saved points come back one by one, the session takes w
     CHECK(Work.Points().size() == 11);
 }
 
+TEST_CASE_FIXTURE(Bench, "a channel never gets what was fitted for another use or channel, nor half of a failed save")
+{
+    Start("2");
+    for (int i = 0; i < 12; ++i)
+        CHECK(Point(1000 + 250 * i, 8.5 * i + 0.01 * i * i));
+    Work.SetApprox(ApproxOneLine);
+    REQUIRE(Work.AnalyseArr());
+    Work.SetApprox(ApproxTwoLines);
+    CHECK_FALSE(Work.SaveData()); // would be read by a falling curve of zeros
+    CHECK(gFile.Calibr[2].ProcMode == 0);
+    Work.SetApprox(ApproxOneLine);
+    REQUIRE(Work.SaveData());
+    CHECK(Point(5000, 104));
+    CHECK(Work.State().find("13 points, not saved, newer than the analysis") != std::string::npos);
+
+    Work.DelAllPoints();
+    Start("1");
+    Work.UndoPoints();
+    CHECK(Work.Chan() == 2);
+    CHECK(Work.SensID() == "H1s");
+    Work.SetApprox(ApproxLinear);
+    gCurDir = Folder.Path("gone/");
+    gCurFile = gCurDir + "s.txt";
+    CHECK_FALSE(Work.Save());
+    CHECK(gFile.Calibr[2].ProcMode == 1);
+    SetCurFile(Folder.Path("s.txt"));
+    Work.SetSensID("a/b");
+    CHECK_FALSE(Work.Save());
+    Work.SetSensID("H1s");
+    REQUIRE(Work.SaveData()); // asks whether the new line is what counts
+    CHECK(Dialogs.Told.back().find("read by a curve") != std::string::npos);
+    CHECK(gFile.Calibr[2].ProcMode == 0);
+}
+
 TEST_CASE_FIXTURE(Bench, "a table finds the curve again that its points were taken from, after opening the session too")
 {
     Load("sweep.xcl", Sweep(-60, 60, 3000, 3));
