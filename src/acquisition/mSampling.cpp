@@ -192,7 +192,7 @@ void Timer1_Timer()
         const bool IsEmpty = gFrameCnt == 0;
         StopAll();
         CloseDForms();
-        if (IsEmpty) MsgBox("There are no frames in file: " + gReplayFile.Path(), TitleInformation);
+        if (IsEmpty) MsgBox("There are no frames of a logger in the file: " + gReplayFile.Path(), TitleInformation);
         return;
     }
     const auto Taken = gReplayFile.Take();

@@ -89,6 +89,7 @@ void cData01real::InitViewID(int ViewID, int16_t Source)
 void cData01real::ReadModel()
 {
     IsMod = Numbers[0].Key == "Mod";
+    IsAcceleration = Numbers.size() > 1 && Numbers[1].Key == "As";
     const auto CritVals = SplitNum(View.Criteria);
     const auto CritStd = SplitNum(View.CritSTD);
     Targets.resize(Numbers.size());
@@ -121,9 +122,16 @@ void cData01real::SetScales()
     Y0 = Bottom + Wide(View.MinYPar) * YScale;
     DotR = Size.Y / 200.0;
     HeadR = Head / 4 * XScale;
-    // Places on a surface of another size are none on this one.
-    if (View.Oper < FigureFrom) Pts.fill(Nowhere);
+    for (std::size_t i = 0; View.Oper < FigureFrom && i < Pts.size(); ++i)
+        if (IsPlaced(Pts[i])) PlacePoint(i);
     DrawScales();
+}
+
+void cData01real::DrawAgain(int Last)
+{
+    for (int Cur = 1; gIsCurves && View.Oper < FigureFrom && Cur <= Last; ++Cur)
+        DrawStep(Cur - 1, Cur);
+    if (HasStroke) DrawStroke();
 }
 
 void cData01real::DrawScales()
@@ -196,14 +204,26 @@ void cData01real::TakeArguments()
 
 void cData01real::DrawLine(int Prev, int Cur)
 {
-    SurfacePoint& To = Pts[static_cast<std::size_t>(Cur)];
     const double Y = Oper.ArgVals[0];
     // The limits are single numbers, and so is the value when it is compared with them.
     const float Compared = static_cast<float>(Y);
     if (Compared >= View.MinYPar && Compared <= View.MaxYPar) {
-        To.X = ToUnit(XPos * XScale + Left).value_or(To.X);
-        To.Y = ToUnit(Bottom - (Y - Wide(View.MinYPar)) * YScale).value_or(To.Y);
+        Values[static_cast<std::size_t>(Cur)] = {XPos, Y};
+        PlacePoint(static_cast<std::size_t>(Cur));
     }
+    DrawStep(Prev, Cur);
+}
+
+void cData01real::PlacePoint(std::size_t Cur)
+{
+    SurfacePoint& To = Pts[Cur];
+    To.X = ToUnit(Values[Cur].X * XScale + Left).value_or(To.X);
+    To.Y = ToUnit(Bottom - (Values[Cur].Y - Wide(View.MinYPar)) * YScale).value_or(To.Y);
+}
+
+void cData01real::DrawStep(int Prev, int Cur)
+{
+    const SurfacePoint& To = Pts[static_cast<std::size_t>(Cur)];
     if (!IsPlaced(To)) return;
     const SurfacePoint& Last = Pts[static_cast<std::size_t>(Prev)];
     const SurfacePoint& From = IsPlaced(Last) ? Last : To;
@@ -251,14 +271,20 @@ void cData01real::DrawFigure(const Trace& Points, int32_t Ink)
 // With the values switched off the extremes run on.
 void cData01real::EndStroke()
 {
+    HasNumbers = HasStroke = gIsValue;
     if (gIsValue) {
         SetFuncs();
         if (IsMod) CheckModel();
-        HasNumbers = true;
-        DrawNumbers();
+        DrawStroke();
         Stats.ResetFuncs();
     }
     Model.Reset();
+}
+
+void cData01real::DrawStroke()
+{
+    if (IsMod) DrawMarks();
+    DrawNumbers();
 }
 
 void cData01real::SetFuncs()
@@ -269,9 +295,7 @@ void cData01real::SetFuncs()
 
 void cData01real::CheckModel()
 {
-    const bool IsAcceleration = Numbers.size() > 1 && Numbers[1].Key == "As";
     const auto Stroke = IsAcceleration ? Model.MeasureAcceleration(gRate, gTimeStep) : Model.MeasureForce();
-    int32_t Ink = Black;
     for (std::size_t i = 1; i < Numbers.size(); ++i) {
         StrokeNumber& Number = Numbers[i];
         const auto Score = Stroke ? ModelScore(Number.Key, *Stroke, Targets[i - 1], gRate) : std::nullopt;
@@ -279,14 +303,22 @@ void cData01real::CheckModel()
         if (!Score) continue;
         const bool IsClamped = *Score != NoScore && Number.Key != "As";
         Number.Value = IsClamped ? std::clamp(*Score, 1.0, 10.0) : *Score;
-        if (!IsAcceleration) DrawForceMark(static_cast<int>(i), *Score, Ink);
     }
-    if (!IsAcceleration || !Stroke) return;
+    MarkText.clear();
+    if (IsAcceleration && Stroke)
+        MarkText = "F=" + FormatNum(Numbers[1].Value, "0.0") + ", Min=" + FormatNum(Stroke->LowestY, "0.0") +
+                   ", Max=" + FormatNum(Stroke->Peak, "0.0") + ", DA=" + FormatNum(Stroke->Rise, "0.0");
+}
+
+void cData01real::DrawMarks()
+{
+    int32_t Ink = Black;
+    for (std::size_t i = 1; !IsAcceleration && i < Numbers.size(); ++i)
+        if (Numbers[i].IsMade) DrawForceMark(static_cast<int>(i), Numbers[i].Value, Ink);
+    if (MarkText.empty()) return;
     SetPen(Black);
     Panel->Surface->SetFont(MarkFont);
-    Panel->Surface->Text(MarkX, MarkY,
-                         "F=" + FormatNum(Numbers[1].Value, "0.0") + ", Min=" + FormatNum(Stroke->LowestY, "0.0") +
-                             ", Max=" + FormatNum(Stroke->Peak, "0.0") + ", DA=" + FormatNum(Stroke->Rise, "0.0"));
+    Panel->Surface->Text(MarkX, MarkY, MarkText);
 }
 
 // Only the circles form a column: the two texts of every key stand at the same place. An unknown key takes the colour

@@ -66,8 +66,11 @@ public:
     /// its curve or numbers only.
     void InitViewID(int ViewID, int16_t SrcMode);
 
-    /// Works the scales out for the surface's size and draws them; the trace begins anew.
+    /// Works the scales out for the surface's size and draws them.
     void SetScales();
+
+    /// Draws the trace anew up to its place Last, and the numbers of the last stroke.
+    void DrawAgain(int Last);
 
     /// Draws grid, zero lines and the row's name.
     void DrawScales();
@@ -90,12 +93,16 @@ private:
     std::optional<double> Calibrated(int Chan) const;
     void TakeArguments();
     void DrawLine(int Prev, int Cur);
+    void PlacePoint(std::size_t Cur);
+    void DrawStep(int Prev, int Cur);
     void DrawDots();
     void DrawAnimXY();
     void DrawFigure(const Trace& Points, int32_t Ink);
     void EndStroke();
     void SetFuncs();
     void CheckModel();
+    void DrawStroke();
+    void DrawMarks();
     void DrawForceMark(int Key, double Score, int32_t& Ink);
     void DrawNumbers();
     void SetPen(int32_t Ink) { Panel->Surface->SetPen(Ink, Panel->DrawWidth); }
@@ -110,14 +117,18 @@ private:
     std::vector<StrokeNumber> Numbers;
     std::vector<ModelTarget> Targets; // of the keys behind the first
     bool IsMod = false;
-    bool HasNumbers = false; // the last sample made them
-    int MarkDiam = 0;        // the radius of marks
+    bool IsAcceleration = false; // the model, instead of force
+    bool HasNumbers = false;     // the last sample made them
+    bool HasStroke = false;      // the last stroke's stand on the panel
+    std::string MarkText;        // of the acceleration model; empty for a stroke that it could not measure
+    int MarkDiam = 0;            // the radius of marks
     int MarkFont = 0;
     int MarkX = 0;
     int MarkY = 0;
 
     Trace Pts; // kept from stroke to stroke: a value outside the scale shows the point of the stroke before
     Trace OldPts;
+    std::array<SurfacePlace, TraceRoom> Values{}; // what Pts were placed for
     double Left = 0, Right = 0, Top = 0, Bottom = 0;
     double XSpan = 0, XScale = 0, YScale = 0, X0 = 0, Y0 = 0;
     double DotR = 0, HeadR = 0, Head = 0; // Head in metres

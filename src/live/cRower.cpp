@@ -86,6 +86,8 @@ void cRower::Resize()
         Plot.SetScales();
     InitTargCurves();
     DrawTargets();
+    for (cData01real& Plot : Plots)
+        Plot.DrawAgain(PrevIdx);
 }
 
 // Frames are counted anew: a replay or another link, whose first stroke is none of the run before.

@@ -130,9 +130,11 @@ TEST_CASE("the trace holds a point outside the limits and is as wide as the stro
     gIsInd = false;
     Panel.Cur = 1;
     CHECK(Panel.Sample(7, 0, 700) == Texts{"line 200 400 400 500 #FF0000 wide 3"});
-    Panel.Plot.SetScales(); // a surface of another size has no places yet
+    Panel.Log.Extent = {510, 300}; // two units a sample
+    Panel.Plot.SetScales();
     Panel.Log.Take();
-    CHECK(Panel.Sample(8, 0, 700).empty());
+    Panel.Plot.DrawAgain(2);
+    CHECK(Panel.Log.Take() == Texts{"line 2 200 2 200 #FF0000 wide 3", "line 2 200 4 250 #FF0000 wide 3"});
     ViewRow Low = PlainRow(0, "X,F");
     Low.MinYPar = -600;
     CHECK(LivePlot(Low).Sample(0, 0, 0) == Texts{"line 4 300 4 300 #FF0000 wide 3"});

@@ -227,5 +227,5 @@ TEST_CASE_FIXTURE(Panel, "a replay waits until its panel's messages are read, an
     CHECK(!Main.findChild<QWidget*>("fData01real"));
     Choose("mnuPlayRawRower");
     REQUIRE(QTest::qWaitFor([&] { return Slow.Told.back().ends_with(None); }, 20000));
-    CHECK(Slow.Told.back() == "Information: There are no frames in file: " + None);
+    CHECK(Slow.Told.back() == "Information: There are no frames of a logger in the file: " + None);
 }
