@@ -12,7 +12,7 @@ namespace {
 constexpr int32_t InkGrid = 0xECE8E4;
 constexpr int Letters = 11;
 constexpr int TitleLetters = 12;
-constexpr double TitleRoom = 20, LeftRoom = 42, BottomRoom = 17, RightRoom = 14;
+constexpr double TitleRoom = 18, LeftRoom = 42, BottomRoom = 16, RightRoom = 14;
 constexpr double ScaleGap = 5; // between a frame and the numbers on its left
 constexpr int LineHeight = 16;
 constexpr int MarkWidth = 12; // of the line ahead of a name in the legend

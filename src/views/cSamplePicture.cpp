@@ -61,19 +61,18 @@ void DrawAxes(iSurface& Surface, const Axis& X, const Axis& Y)
 
 int32_t CurveColour(int Index)
 {
-    return At(gRGB, Index % 8 + 1);
+    return PaperInk(At(gRGB, Index % 8 + 1));
 }
 
 // The last point is joined to the first: a stroke is a closed curve.
 void DrawCurve(iSurface& Surface, const OarCurve& Curve, const Axis& X, const Axis& Y)
 {
-    std::vector<SurfacePoint> Points;
+    std::vector<SurfacePlace> Places;
     for (std::size_t i = 0; i <= Curve.Angles.size(); ++i) {
         const std::size_t k = i % Curve.Angles.size();
-        Points.push_back({static_cast<int32_t>(RoundHalfEven(X.Place(Curve.Angles[k]))),
-                          static_cast<int32_t>(RoundHalfEven(Y.Place(Curve.Forces[k])))});
+        Places.push_back({X.Place(Curve.Angles[k]), Y.Place(Curve.Forces[k])});
     }
-    Surface.Polyline(Points);
+    Surface.Curve(Places);
 }
 
 const DataRow* FindRow(const std::string& SampleID, const std::string& ParamID)
@@ -122,6 +121,6 @@ void DrawSamplePicture(iSurface& Surface, const std::vector<OarCurve>& Curves)
         DrawCurve(Surface, Curve, X, Y);
         Surface.SetFont(Letters, true);
         Surface.Text(Legend, 4, Curve.Oar, eAlign::Right);
-        Legend -= 8 + 8.0 * static_cast<double>(Curve.Oar.size());
+        Legend -= Surface.TextWidth(Curve.Oar, Letters, true) + 8;
     }
 }

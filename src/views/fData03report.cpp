@@ -105,7 +105,7 @@ QWidget* fData03report::BuildTable()
     auto* Layout = new QVBoxLayout(Content);
     Values = new QGridLayout;
     Values->setVerticalSpacing(2);
-    Values->setColumnStretch(1, 1);
+    Values->setColumnStretch(0, 1);
     Layout->addLayout(Values);
     Layout->addStretch();
     picTable->setWidget(Content);
@@ -143,10 +143,12 @@ void fData03report::PrintReport()
             auto* Label = new QLabel(Shown(Each.Label).trimmed(), this);
             Label->setObjectName(QString("lParName_%1").arg(Row));
             Label->setTextFormat(Qt::PlainText);
+            Label->setWordWrap(true);
             auto* Box = new QLineEdit(Shown(ValueText(Each) + " " + ValueUnit(Line, Each)).trimmed(), this);
             Box->setObjectName(QString("txtR1_%1").arg(Row));
             Box->setAlignment(Qt::AlignRight);
             Box->setReadOnly(true);
+            Box->setFixedWidth(fontMetrics().horizontalAdvance("-0000.00 m/s²  "));
             Box->setAccessibleName(Label->text());
             Values->addWidget(Label, Row, 0);
             Values->addWidget(Box, Row, 1);

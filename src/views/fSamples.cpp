@@ -19,7 +19,8 @@
 int16_t gChosenSample;
 
 dSamples::dSamples(QWidget* Parent)
-    : QDialog(Parent), lstTests(new QListWidget(this)), lstSeats(new QListWidget(this)), Picture(new qSurface(this))
+    : QDialog(Parent), lstTests(new QListWidget(this)), lstSeats(new QListWidget(this)), lbSample(new QLabel(this)),
+      Picture(new qSurface(this))
 {
     setObjectName("dSamples");
     setWindowTitle("Choose a Sample");
@@ -28,6 +29,9 @@ dSamples::dSamples(QWidget* Parent)
     lstSeats->setObjectName("lstSeats");
     lstSeats->setSelectionMode(QAbstractItemView::NoSelection);
     lstSeats->setFocusPolicy(Qt::NoFocus);
+    lbSample->setObjectName("lbSample");
+    lbSample->setTextFormat(Qt::PlainText);
+    lbSample->setWordWrap(true);
     Picture->setObjectName("picSample");
     Picture->setMinimumSize(320, 240);
     Picture->OnResize = [this] { DrawPicture(); };
@@ -41,6 +45,7 @@ dSamples::dSamples(QWidget* Parent)
     Layout->addWidget(lstTests, 1, 0);
     Layout->addWidget(new QLabel("Crew", this), 2, 0);
     Layout->addWidget(lstSeats, 3, 0);
+    Layout->addWidget(lbSample, 0, 1);
     Layout->addWidget(Picture, 1, 1, 3, 1);
     Layout->addWidget(Buttons, 4, 0, 1, 2);
     Layout->setColumnStretch(0, 2);
@@ -56,11 +61,8 @@ dSamples::dSamples(QWidget* Parent)
 
 void dSamples::FillTestList()
 {
-    for (const DescRow& Sample : gFile.Desc) {
-        auto* Item = new QListWidgetItem(Shown(Sample.SampleID), lstTests);
-        Item->setToolTip(Shown(FormatNum(Sample.StrokeCount, "0") + " strokes at " + FormatNum(Sample.Rate, "0.0") +
-                               " 1/min\n" + Sample.Comment));
-    }
+    for (const DescRow& Sample : gFile.Desc)
+        lstTests->addItem(Shown(Sample.SampleID));
 }
 
 void dSamples::FillSeats()
@@ -74,6 +76,11 @@ void dSamples::ShowSample()
 {
     FillSeats();
     DrawPicture();
+    const int Row = lstTests->currentRow() + 1;
+    if (Row < 1) return;
+    const DescRow& Sample = gFile.Desc[Row];
+    lbSample->setText(Shown(FormatNum(Sample.StrokeCount, "0") + " strokes at " + FormatNum(Sample.Rate, "0.0") +
+                            " /min" + (Sample.Comment.empty() ? "" : "  ·  " + Sample.Comment)));
 }
 
 void dSamples::DrawPicture()

@@ -7,6 +7,7 @@
 #include <functional>
 
 class qSurface;
+class QLabel;
 class QListWidget;
 
 /// Row of gFile.Desc chosen last, 0 when the choice was cancelled.
@@ -30,5 +31,6 @@ private:
 
     QListWidget* lstTests;
     QListWidget* lstSeats;
+    QLabel* lbSample;
     qSurface* Picture;
 };
