@@ -56,7 +56,7 @@ public:
     static int32_t LastSample();
 
     /// Whether a stretch is selected.
-    bool HasSelection() const { return SelStart != SelStop; }
+    bool HasSelection() const { return SelStart < SelStop; }
 
     // Zoom. Each gives whether anything changed; gXScale is a setting.
     static bool ZoomOut();
@@ -128,6 +128,7 @@ private:
     double PointX(int k) const;
     double PointAt(double X) const;
     void AddBand(ViewBand::eKind Kind, int Chan, double Min, double Max);
+    void DrawNothing(); // but why there is nothing
     void DrawGrid();
     void DrawSelection();
     void DrawRawData();

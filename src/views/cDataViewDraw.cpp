@@ -37,7 +37,7 @@ int32_t Unit(double X)
 
 int32_t ColourOf(std::size_t Band)
 {
-    return gRGB[Band % 8 + 1];
+    return PaperInk(gRGB[Band % 8 + 1]);
 }
 } // namespace
 
@@ -45,12 +45,24 @@ void cDataView::Draw()
 {
     Surface.Clear(White);
     Surface.SetFill(NoFill);
+    if (BandArr.empty() || LastSample() < 1) return DrawNothing();
     DrawSelection();
     DrawTimes();
     DrawGrid();
     DrawRawData();
     DrawLabels();
     DrawCursor();
+}
+
+void cDataView::DrawNothing()
+{
+    Surface.SetPen(Ink);
+    Surface.SetFont(NameSize + 2);
+    Surface.Text(Surface.Size().X / 2.0, Height / 2,
+                 LastSample() < 1
+                     ? "There are fewer than two samples. Is the session's logger model that of the recording?"
+                     : "No channel is visible: mark some with 1 under Visible in the calibration table.",
+                 eAlign::Centre);
 }
 
 void cDataView::DrawGrid()
@@ -141,7 +153,7 @@ void cDataView::DrawLabels()
         const std::string Name = BandText(Band, -1);
         const double Y = NameTop(k);
         const bool IsShort = Surface.TextWidth(Name, NameSize) <= MarginX - KeyRoom;
-        Surface.SetPen(PaperInk(ColourOf(k)));
+        Surface.SetPen(ColourOf(k));
         Surface.SetFont(NameSize);
         Surface.Text(IsShort ? MarginX - KeyRoom : MarginX + KeyRoom, Y, Name, IsShort ? eAlign::Right : eAlign::Left);
         DrawScale(Band, TopOf(k));

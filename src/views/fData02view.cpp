@@ -25,6 +25,7 @@
 namespace {
 constexpr int DistChan = 16;
 constexpr int StripHeight = 110; // above the plot
+constexpr const char* ClickFirst = "Click on the curves first: that is where the cursor is put.";
 } // namespace
 
 bool fData02view::InitData(const std::string& FileName, int16_t Mode)
@@ -130,9 +131,12 @@ void fData02view::SaveData()
 {
     gDistInp = Val(Plain(txtInps[0]->text()));
     gTimeInp = Val(Plain(txtInps[1]->text()));
-    const bool IsSaved = IsStrip() && Nav.HasSelection() ? SaveRows(Nav.FirstRow, Nav.LastRow)
-                                                         : SaveFrames(View.SelStart, View.SelStop, Data.Map);
-    if (IsSaved) UpdateStatus("Saved.");
+    const bool HasRows = Data.HasStrokeTable() && Nav.HasSelection() && !View.HasSelection();
+    const bool IsSaved =
+        HasRows ? SaveRows(Nav.FirstRow, Nav.LastRow) : SaveFrames(View.SelStart, View.SelStop, Data.Map);
+    if (!IsSaved) return;
+    IsEdited = false;
+    UpdateStatus("Saved.");
 }
 
 void fData02view::Export()
@@ -177,7 +181,8 @@ void fData02view::Filter()
 
 void fData02view::Delete()
 {
-    if (!DeleteSamples(View.SelStart, View.SelStop, Data.Map, LastChange)) return;
+    if (!DeleteSamples(View.SelStart, View.SelStop, Data.Map, LastChange))
+        return UpdateStatus("Select the samples to be deleted first.");
     Changed();
     UpdateStatus("The selection is deleted in memory; Ctrl+Z brings it back.");
 }
@@ -191,10 +196,14 @@ void fData02view::Undo()
 
 void fData02view::SetStartSel()
 {
-    if (IsStrip())
+    if (IsStrip()) {
         Nav.FirstRow = Nav.Cursor;
-    else if (View.Cursor >= 0)
-        View.SelStart = View.Cursor;
+        return;
+    }
+    if (View.Cursor < 0) return UpdateStatus(ClickFirst);
+    View.SelStart = View.Cursor;
+    if (View.SelStop <= View.SelStart) View.SelStop = 0; // a new selection begins
+    if (View.HasSelection()) ShowNumbers();
 }
 
 void fData02view::SetStopSel()
@@ -203,7 +212,7 @@ void fData02view::SetStopSel()
         Nav.LastRow = Nav.Cursor;
         return;
     }
-    if (View.Cursor < 0) return;
+    if (View.Cursor < 0) return UpdateStatus(ClickFirst);
     View.SelStop = View.Cursor;
     if (View.SelStop < View.SelStart) std::swap(View.SelStart, View.SelStop);
     ShowNumbers();
@@ -287,8 +296,8 @@ void fData02view::SaveStrokeTable()
 
 void fData02view::AccVel()
 {
-    if (View.HasSelection() && AccToVel(View.SelStart, View.SelStop, LastChange))
-        WasChanged = std::exchange(IsChanged, true);
+    if (!View.HasSelection()) return UpdateStatus("Select the samples to be integrated first.");
+    if (AccToVel(View.SelStart, View.SelStop, LastChange)) WasChanged = std::exchange(IsChanged, true);
 }
 
 void fData02view::closeEvent(QCloseEvent* Event)

@@ -112,6 +112,7 @@ void fData02view::keyPressEvent(QKeyEvent* Event)
     case Qt::Key_Return:
     case Qt::Key_Enter:
         if (IsEdited) Run("Save Data", &fData02view::SaveData);
+        if (IsEdited) return; // not saved
         [[fallthrough]];
     case Qt::Key_Escape:
         (parentWidget() ? parentWidget() : this)->close();
