@@ -84,7 +84,7 @@ void fData02view::ShowStrip()
     Nav.Clip();
     Nav.Draw();
     const std::string Note = FrequencyNote();
-    lbStrip->setText(Shown(Nav.Caption() + (Note.empty() ? "" : "   (" + Note + ")")));
+    lbStrip->setText(Shown(Nav.Caption() + (Note.empty() ? "" : "\n" + Note)));
 }
 
 bool fData02view::IsStrip() const
@@ -210,6 +210,7 @@ void fData02view::SetStopSel()
 {
     if (IsStrip()) {
         Nav.LastRow = Nav.Cursor;
+        if (Nav.LastRow < Nav.FirstRow) std::swap(Nav.FirstRow, Nav.LastRow);
         return;
     }
     if (View.Cursor < 0) return UpdateStatus(ClickFirst);

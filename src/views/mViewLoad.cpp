@@ -27,13 +27,9 @@ FrameMap MapFrom(int32_t Start)
     return Map;
 }
 
-bool ReadFrames(const std::string& Path, int32_t Start, int32_t Stop, const char* Advice, ViewData& Data)
+bool ReadFrames(const std::string& Path, int32_t Start, int32_t Stop, ViewData& Data)
 {
     if (!ReadRawFile(Path, Start, Stop)) return false;
-    const std::string Count = FormatNum(gRaw.UBound() + 1, "0") + " samples are ";
-    UpdateStatus(gRaw.UBound() < SampleStore::MaxIndex
-                     ? Count + "read."
-                     : "The recording is longer than a view holds: the first " + Count + "shown. " + Advice);
     Data.Map = MapFrom(Start);
     return true;
 }
@@ -45,6 +41,23 @@ bool Scan(const std::string& Path)
     UpdateStatus(IsDone ? FormatNum(gScanRows.UBound(), "0") + " strokes found" : "");
     if (IsDone) gRaw.Create(gFile.ChanCnt, -1);
     return IsDone;
+}
+
+// A view that ends too early must not pass for the whole.
+void TellCount(const char* What, const char* Advice)
+{
+    const std::string Count = FormatNum(gRaw.UBound() + 1, "0");
+    UpdateStatus(Count + " samples are read");
+    if (gRaw.UBound() >= SampleStore::MaxIndex)
+        MsgBox(std::string(What) + " more samples than a view holds: the first " + Count + " are shown. " + Advice,
+               TitleWarning);
+}
+
+bool ReadWholeFile(const std::string& Path, ViewData& Data)
+{
+    if (!ReadFrames(Path, 0, 0, Data)) return false;
+    TellCount("The recording has", "Scan it for strokes to reach the rest.");
+    return true;
 }
 
 // The head of an old file tells its span of time, and no distance.
@@ -60,7 +73,7 @@ bool LoadKind(const std::string& Path, int16_t Mode, ViewData& Data)
     switch (Mode) {
     case DataRaw:
     case DataLogger:
-        return ReadFrames(Path, 0, 0, "Scan it to reach the rest.", Data);
+        return ReadWholeFile(Path, Data);
     case DataPrimary:
         return ReadPrimary(Path, Data);
     case DataScanned:
@@ -88,7 +101,7 @@ std::string CaptionOf(const ViewData& Data)
 std::string FrequencyNote()
 {
     if (gFile.TimeStep <= 0 || std::abs(gFile.TimeStep * gDataFreq - 1) < 0.01) return {};
-    return "times at " + FormatNum(gDataFreq, "0") + " Hz as the options say, but the session says " +
+    return "Attention: times at " + FormatNum(gDataFreq, "0") + " Hz as the options say, but the session says " +
            FormatNum(1 / gFile.TimeStep, "0") + " Hz";
 }
 
@@ -119,12 +132,12 @@ bool GetRawData(int FirstRow, int LastRow, ViewData& Data)
     }
     const int From = std::max(FirstRow - StrokesAround, 0);
     const int To = std::min(LastRow + StrokesAround, gScanRows.UBound());
-    constexpr const char* Advice = "Select fewer strokes.";
-    if (!ReadFrames(gRawFN, gScanRows[From].Pos, gScanRows[To].Pos, Advice, Data)) return false;
+    if (!ReadFrames(gRawFN, gScanRows[From].Pos, gScanRows[To].Pos, Data)) return false;
     // A long wait ahead of the first stroke would leave no room for the strokes.
     if (From == 0 && gRaw.UBound() >= SampleStore::MaxIndex &&
-        !ReadFrames(gRawFN, gScanRows[1].Pos, gScanRows[To].Pos, Advice, Data))
+        !ReadFrames(gRawFN, gScanRows[1].Pos, gScanRows[To].Pos, Data))
         return false;
+    TellCount("The selected strokes have", "Select fewer strokes.");
     const double Zero = gScanRows[1].Time;
     gScanStart = gScanRows[FirstRow].Time - Zero;
     gScanStop = gScanRows[LastRow].Time - Zero;
