@@ -82,7 +82,9 @@ std::string cCalibr::State() const
                (mTaking ? ", then data come. " : ". ") + Count + ". " + (mTaking ? "" : "Enter takes the channel, ") +
                "Escape leaves.";
     if (Link != cLinkWatch::eState::Open)
-        return "The link is being made. " + Count + ". " + (mTaking ? "" : "Enter starts the data, ") + "Escape stops.";
+        return (Link == cLinkWatch::eState::Lost ? "The link is lost and is being taken up again. "
+                                                 : "The link is being made. ") +
+               Count + ". " + (mTaking ? "" : "Enter starts the data, ") + "Escape stops.";
     if (!mTaking) return "The link is open. " + Count + ". Enter starts the data, Escape stops.";
     if (!mHasFrame || gLinkWatch.IsSilent()) return "No data are coming. " + Count + ". Escape stops.";
     const std::string Space = !gAutoCalibr ? "Enter and Space take a point"

@@ -79,9 +79,11 @@ bool cCalibr::StoreAnd(const std::function<bool()>& Write)
 {
     if (!HasChannel()) return false;
     const CalibrRow Former = *Row();
+    mHint.clear();
     if (Store()) {
         AskReading();
         if (Write()) return true;
+        mHint = "The session was not saved and is as it was. Save again once its folder can be written.";
     }
     *Row() = Former;
     ResolveChannels();

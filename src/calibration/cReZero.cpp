@@ -8,6 +8,7 @@
 #include "core/mNumText.h"
 #include "files/mBinIO.h"
 #include "files/mTextIO.h"
+#include "processing/mRefTable.h"
 #include "processing/mRefZero.h"
 
 #include <algorithm>
@@ -26,6 +27,11 @@ bool IsChannel(double Number)
 double Count(int16_t Chan)
 {
     return Chan >= 0 && Chan <= LastDataChan ? gData[static_cast<std::size_t>(Chan)] : 0;
+}
+
+bool AreDataComing()
+{
+    return gLinkWatch.State() == cLinkWatch::eState::Open && !gLinkWatch.IsSilent();
 }
 
 // The last frame of a file that can be decoded, in gData. False when there is none or the file cannot be read (told).
@@ -168,6 +174,10 @@ bool cReZero::ReZero()
         MsgBox("There is no automatic calibrator: set one in the calibration workbench first.", TitleInformation);
         return false;
     }
+    if (gLinkWatch.State() != cLinkWatch::eState::Closed && !AreDataComing() &&
+        !AskYesNo("No data are coming: the counts shown are old. Do you want to make them the zeros nevertheless?",
+                  TitleWarning))
+        return false;
     for (ReZeroRow& Row : mRows) {
         TakeZero(Row, Row.Log);
         if (mCalibrMode || gFile.Calibr[Row.Chan].ProcMode != 4) continue;
@@ -194,21 +204,20 @@ std::string cReZero::State(bool IsTaking) const
         return std::string(mChosen ? "The session has no channel of this group: choose another one"
                                    : "Choose a group") +
                ", or add a channel." + Leave;
-    const bool IsOpen = gLinkWatch.State() == cLinkWatch::eState::Open && !gLinkWatch.IsSilent();
     const bool HasData = mRows[0].HasData;
-    const bool IsLive = IsTaking && HasData && IsOpen;
-    std::string Text = IsLive      ? "Data are coming. "
-                       : !IsTaking ? "Data are stopped. "
-                       : HasData   ? "Data have stopped coming: the counts are old. "
-                                   : "No data are coming yet. ";
+    const bool IsLive = IsTaking && HasData && AreDataComing();
+    std::string Text = IsLive      ? "Data are coming."
+                       : !IsTaking ? "Data are stopped."
+                       : HasData   ? "Data have stopped coming: the counts are old."
+                                   : "No data are coming yet.";
     if (mDirty)
-        Text += "Changes are not saved: Save Data (Alt+S) keeps them.";
+        Text += " Changes are not saved: Save Data (Alt+S) keeps them.";
     else if (mSaved)
-        Text += "The zeros are saved.";
+        Text += " The zeros are saved.";
     else if (IsLive)
-        Text += "ReZero (Alt+Z) makes the present counts the zeros.";
+        Text += " ReZero (Alt+Z) makes the present counts the zeros.";
     else if (!IsTaking)
-        Text += "Leave the sensors unloaded; Start Data (a) shows the counts.";
+        Text += " Leave the sensors unloaded; Start Data (a) shows the counts.";
     if (const std::string Names = mDirty || mSaved ? Unmoved() : ""; !Names.empty())
         Text += " Read by curves, which do not move: " + Names + ".";
     return Text + Leave;
@@ -241,10 +250,20 @@ void cReZero::Store()
 
 bool cReZero::SaveData()
 {
+    const auto Former = gFile.Calibr;
+    const double FormerQ0 = gAutoCalQ0;
     Store();
     const bool IsSaved =
         mCalibrMode ? WriteIni() : BackupFile(gCurFile) && WriteDataFile(gCurFile, gFile, SectionFilter::Any);
     mSaved = IsSaved;
-    if (IsSaved) mDirty = false;
+    if (IsSaved)
+        mDirty = false;
+    else if (mCalibrMode)
+        gAutoCalQ0 = FormerQ0;
+    else {
+        gFile.Calibr = Former;
+        ResolveChannels();
+        LoadRefTables();
+    }
     return IsSaved;
 }

@@ -109,7 +109,8 @@ QLayout* fDoReZero::BuildRows()
             Box->setMinimumWidth(fontMetrics().horizontalAdvance("-0000.000000"));
             Box->setMaximumWidth(fontMetrics().horizontalAdvance("-0000000000.000000"));
             Box->setToolTip(Shape.Tip);
-            if (i == 0 && Shape.FirstColour) Box->setStyleSheet(QString("color: %1").arg(Shape.FirstColour));
+            if (i == 0 && Shape.FirstColour)
+                Box->setStyleSheet(QString("QLineEdit:enabled { color: %1 }").arg(Shape.FirstColour));
             Boxes[static_cast<std::size_t>(i)][static_cast<std::size_t>(c)] = Box;
             Grid->addWidget(Box, i + 1, c);
         }

@@ -99,8 +99,10 @@ bool SaveRawCal(const std::string& Path, const RawCal& Data)
         Text += FormatNum(static_cast<double>(i), "0") + "\t" + FormatSig6(Point.P) + "\t" + FormatSig6(Point.L) +
                 "\t" + EndLine;
     }
-    if (SaveWhole(Path, EncodeText(Text, TextEncoding::Legacy))) return true;
-    MsgBox("Can't write file: " + Path, TitleError);
+    WholeFile File(Path);
+    File.Append(EncodeText(Text, TextEncoding::Legacy));
+    if (File.Commit()) return true;
+    MsgBox("Can't write file: " + Path + " (" + File.Failure() + ")", TitleError);
     return false;
 }
 

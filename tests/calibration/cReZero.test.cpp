@@ -81,6 +81,9 @@ TEST_CASE_FIXTURE(Session, "the present counts of a group become its zeros, in t
         CHECK(gFile.Calibr[3].Min == doctest::Approx(-59));
         CHECK(gFile.Calibr[3].Max == doctest::Approx(41));
     }
+    SetCurFile(Folder.Path("gone/s.txt"));
+    CHECK_FALSE(Zeros.SaveData());
+    SetCurFile(Folder.Path("s.txt"));
     CHECK(gFile.Calibr[1].Q0 == -50);
     REQUIRE(Zeros.SaveData());
     CHECK_FALSE(Zeros.IsDirty());
