@@ -120,6 +120,8 @@ void ClickAt(QWidget& Window, const QString& Text)
 
 void Obey(QWidget& Window, const QString& Word)
 {
+    // Without a screen nobody gives the keyboard back to the window when a dialog has closed.
+    if (!QApplication::activeWindow()) QApplication::setActiveWindow(&Window);
     if (Word.startsWith("key:"))
         PressKey(QApplication::focusWidget(), QKeySequence(Word.mid(4))[0].key());
     else if (Word.startsWith("click:"))

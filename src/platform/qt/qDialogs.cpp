@@ -36,6 +36,9 @@ eAnswer qDialogs::MsgBox(const std::string& Text, const std::string& Title, eBut
 {
     QMessageBox Box(IconFor(Title, Buttons), Shown(Title), Shown(Text), ButtonsFor(Buttons),
                     QApplication::activeWindow());
+    // A warning asks before something is lost: Enter, pressed too soon, loses nothing.
+    if (Box.icon() == QMessageBox::Warning && Buttons != eButtons::Ok)
+        Box.setDefaultButton(Buttons == eButtons::YesNo ? QMessageBox::No : QMessageBox::Cancel);
     Box.setTextFormat(Qt::PlainText);
     Box.setTextInteractionFlags(Qt::TextSelectableByMouse);
     const int Chosen = Box.exec();
