@@ -18,7 +18,9 @@
 namespace {
 constexpr SurfacePoint Sheet = cReportPage::PageSize;
 constexpr int PdfDensity = 1200;      // dots an inch
-constexpr int PngScale = 2;           // dots a drawing unit: 240 an inch
+constexpr int SvgDensity = 121;       // drawing units an inch: a page is as wide as A4
+constexpr int PngScale = 2;           // dots a drawing unit
+constexpr int PngDensity = 9524;      // dots a metre: a page is as wide as A4
 constexpr double FinestStep = 1 / 8.; // of a drawing unit, on paper a fortieth of a millimetre
 
 // The pages one below another.
@@ -66,6 +68,8 @@ QByteArray Svg(cReportPage& Report, const QString& Title)
     QSvgGenerator Writer;
     Writer.setOutputDevice(&File);
     Writer.setTitle(Title);
+    Writer.setDescription("Skarvelin");
+    Writer.setResolution(SvgDensity);
     const QSize Size(Sheet.X, Sheet.Y * Report.Pages());
     Writer.setSize(Size);
     Writer.setViewBox(QRect(QPoint(), Size));
@@ -82,6 +86,8 @@ QByteArray Png(cReportPage& Report, const QString&)
     Painter.scale(PngScale, PngScale);
     PaintStrip(Painter, Report);
     Painter.end();
+    Picture.setDotsPerMeterX(PngDensity);
+    Picture.setDotsPerMeterY(PngDensity);
     QBuffer File;
     Picture.save(&File, "PNG");
     return File.data();
