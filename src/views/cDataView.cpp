@@ -105,6 +105,14 @@ bool cDataView::SetCursor(double X)
     return true;
 }
 
+void cDataView::MoveCursor(int Points)
+{
+    const int32_t Last = std::max(LastSample(), 0);
+    const int32_t From = Cursor < 0 ? FirstSample + Steps / 2 * gXScale : Cursor;
+    Cursor = std::clamp(From + Points * gXScale, 0, Last);
+    if (Cursor < FirstSample || Cursor > FirstSample + Steps * gXScale) ScrollTo(Cursor - Steps / 2.0 * gXScale);
+}
+
 std::string cDataView::PointerText(double X, double Y) const
 {
     const int32_t Sample = RawXtoLog(X);

@@ -86,6 +86,9 @@ public:
     /// Puts the cursor on the sample at a place. False when there is none.
     bool SetCursor(double X);
 
+    /// Moves the cursor by points of the plot, from the middle of the view when there is none, and the view with it.
+    void MoveCursor(int Points);
+
     /// Name and value of the band and time of the sample at a place, empty outside the plot.
     std::string PointerText(double X, double Y) const;
 

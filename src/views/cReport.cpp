@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 #include <set>
 
 namespace {
@@ -137,7 +138,8 @@ void cReport::MakeHead(const DescRow& Sample, int Kind, int32_t First, int32_t L
     const bool IsStored = Kind & ReportStored;
     const bool IsTypical = Kind & ReportTypical;
     const std::string Stretch = "Samples " + FormatNum(First, "0") + " to " + FormatNum(Last, "0");
-    Title = IsStored ? Sample.SampleID : IsTypical ? "Typical stroke" : Stretch;
+    const std::string File = std::filesystem::path(gRawFN).filename().string();
+    Title = IsStored ? Sample.SampleID : (IsTypical ? "Typical stroke" : Stretch) + (File.empty() ? "" : " of " + File);
     Session = Joined({gFile.SessID, gFile.BoatType, gFile.Category, gFile.Place, FormatDate(gFile.SessDate),
                       gFile.Coach.empty() ? "" : "Coach " + gFile.Coach},
                      "  ·  ");

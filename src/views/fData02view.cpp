@@ -100,7 +100,7 @@ void fData02view::ShowNumbers()
         if (Texts) txtSel[i]->setText(Shown((*Texts)[i]));
         txtSel[i]->setEnabled(Texts.has_value());
     }
-    if (!Texts) UpdateStatus("There is no whole stroke in the selection");
+    UpdateStatus(Texts ? GapNote(View.SelStart, View.SelStop) : "There is no whole stroke in the selection");
 }
 
 void fData02view::ShowCursor()
@@ -248,7 +248,7 @@ void fData02view::ProcSelection()
 
 void fData02view::ProcessSplits()
 {
-    ProcSplits(Data, Stretch(), SelectionDist);
+    if (ProcSplits(Data, Stretch(), SelectionDist)) UpdateStatus("Each split is stored as a sample.");
 }
 
 void fData02view::ProcessStart()

@@ -85,6 +85,12 @@ void fData02view::keyPressEvent(QKeyEvent* Event)
         View.MoveView(Frac);
         Show();
     };
+    const bool IsArrow = Event->key() == Qt::Key_Left || Event->key() == Qt::Key_Right;
+    if (IsArrow && (Event->modifiers() & Qt::ShiftModifier)) {
+        View.MoveCursor(Event->key() == Qt::Key_Left ? -1 : 1);
+        ShowCursor();
+        return Show();
+    }
     if (Event->matches(QKeySequence::SelectAll)) return Run("Selection", &fData02view::SelAllStrokes);
     switch (Event->key()) {
     case Qt::Key_Left:

@@ -37,6 +37,22 @@ std::optional<SelTexts> SelectionNumbers(int32_t Start, int32_t Stop)
     return Texts;
 }
 
+std::string GapNote(int32_t Start, int32_t Stop)
+{
+    constexpr double LeastSteps = 10;
+    const double MeanStep = SafeDiv(gRaw(0, Stop) - gRaw(0, Start), Stop - Start);
+    double Longest = LeastSteps * MeanStep;
+    std::string Note;
+    for (int32_t i = Start; i < Stop; ++i) {
+        const double Step = gRaw(0, i + 1) - gRaw(0, i);
+        if (Step <= Longest) continue;
+        Longest = Step;
+        Note = "No samples for " + FormatNum(Step, "0.0") + " s behind " + FormatNum(gRaw(0, i), "0.0") +
+               " s: they count as part of a stroke";
+    }
+    return Note;
+}
+
 bool FindAllStrokes(int32_t& Start, int32_t& Stop)
 {
     const int32_t Last = gRaw.UBound() - 1;

@@ -16,6 +16,10 @@ extern const std::array<const char*, 13> SelLabels;
 /// Throws RunError without a key channel.
 std::optional<SelTexts> SelectionNumbers(int32_t Start, int32_t Stop);
 
+/// What to tell of the longest stretch of time without samples, where one was cut out or lost; empty when there is
+/// none.
+std::string GapNote(int32_t Start, int32_t Stop);
+
 /// The stretch from the first to the last stroke boundary of the store. False without one: Start and Stop stay.
 bool FindAllStrokes(int32_t& Start, int32_t& Stop);
 

@@ -148,6 +148,25 @@ TEST_CASE_FIXTURE(Recording, "a dragged selection is deleted and brought back, a
     CHECK(gRaw(0, Frames - 1) == doctest::Approx(0.02 * (Frames - 1)));
 }
 
+TEST_CASE_FIXTURE(Recording, "without a mouse the cursor is moved, and the selection starts and stops at it")
+{
+    Choose("mnuViewRaw");
+    auto& View = Find<QWidget>("fData02view");
+    const auto Move = [&](Qt::Key Key, int Times) {
+        for (int i = 0; i < Times; ++i)
+            QTest::keyClick(&View, Key, Qt::ShiftModifier);
+    };
+    Move(Qt::Key_Right, 100);
+    Click("CmdArr_8");
+    Move(Qt::Key_Right, 200);
+    Click("CmdArr_9");
+    CHECK(Number(1) == "6.0");
+    CHECK(Number(2) == "10.0");
+    Move(Qt::Key_Left, 250);
+    Click("CmdArr_8");
+    CHECK(Number(1) == "5.0");
+}
+
 TEST_CASE_FIXTURE(Recording, "what is saved from a view with a gap is the frames that it shows, byte for byte")
 {
     Choose("mnuViewRaw");
@@ -156,6 +175,7 @@ TEST_CASE_FIXTURE(Recording, "what is saved from a view with a gap is the frames
     ViewUndo Undo;
     Drag(0.2, 0.3);
     Click("CmdArr_7");
+    CHECK(GapNote(0, gRaw.UBound()).starts_with("No samples for 0.8 s"));
     const int Gone = Frames - 2 - gRaw.UBound();
     Dialogs.Files = {Folder.Path("cut.qvn")};
     Drag(0.03, 0.999);
