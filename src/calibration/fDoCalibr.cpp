@@ -59,6 +59,7 @@ bool fDoCalibr::TakePoint(bool IsPoint)
 {
     if (IsPoint) Graph.AddPoint();
     ShowTexts();
+    if (IsPoint && Boxes[BoxPhys]->hasFocus()) AwaitLoad();
     return IsPoint;
 }
 
@@ -112,8 +113,18 @@ bool fDoCalibr::Work(int Command)
 bool fDoCalibr::StartData()
 {
     Tag.clear();
-    if (Calibr.StartData()) Tag = DataTag;
-    return !Tag.empty();
+    if (!Calibr.StartData()) return false;
+    Tag = DataTag;
+    AwaitLoad();
+    return true;
+}
+
+// By hand the next thing typed is a load, over the one before it.
+void fDoCalibr::AwaitLoad()
+{
+    if (Calibr.Flag(FlagAutomatic)) return;
+    Boxes[BoxPhys]->setFocus();
+    Boxes[BoxPhys]->selectAll();
 }
 
 bool fDoCalibr::StopData()

@@ -69,6 +69,7 @@ private:
     bool TakePoint(bool IsPoint);
     bool SaveData();
     bool SaveTable();
+    void AwaitLoad();
     void DrawAnew();
     bool IsTyping() const;
     bool TakeKey(const QKeyEvent& Event);
