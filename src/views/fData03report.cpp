@@ -178,6 +178,7 @@ bool fData03report::PrintOn(QPrinter& Printer)
     cReportPage Pages(Report);
     const double Width = std::min<double>(Printer.width(), static_cast<double>(Printer.height()) *
                                                                cReportPage::PageSize.X / cReportPage::PageSize.Y);
+    Painter.translate((Printer.width() - Width) / 2, 0); // in the middle of wider paper
     for (int Page = 0; Page < Pages.Pages(); ++Page) {
         if (Page > 0) Printer.newPage();
         PaintReportPage(Painter, Pages, Page, Width);
@@ -196,7 +197,8 @@ void fData03report::Print()
 
 void fData03report::Save()
 {
-    const std::string Path = ExecComDlg("Save the Report as .pdf, .svg or .png", "pdf", eFileMode::Out, gCurDir);
+    const std::string Proposed = gCurDir + gFileTitle + " " + Report.Title + ".pdf";
+    const std::string Path = ExecComDlg("Save the Report as .pdf, .svg or .png", "pdf", eFileMode::Out, Proposed);
     if (!Path.empty() && WriteReportFile(Report, Path)) UpdateStatus("Saved: " + Path);
 }
 
