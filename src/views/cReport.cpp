@@ -171,7 +171,8 @@ void cReport::SetDrawScale(const PlotRect& Area, double Pixel)
 void cReport::DrawData(iSurface& Surface) const
 {
     for (const cData03report* Plot : Shown()) {
-        Surface.SetPen(PaperInk(Plot->Colour()), 2);
+        constexpr std::size_t ManyDots = 2000;
+        Surface.SetPen(PaperInk(Plot->Colour()), Plot->IsPrimary() && Plot->Xs().size() > ManyDots ? 1 : 2);
         if (Plot->IsPrimary())
             Plot->DrawDot(Surface);
         else

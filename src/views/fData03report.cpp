@@ -155,7 +155,7 @@ void fData03report::PrintReport()
             ++Row;
         }
     if (Row > 0) return;
-    Values->addWidget(new QLabel("The rows of the report view\nname no functions.", this), 0, 0);
+    Values->addWidget(new QLabel("Values are those of the functions\nthat rows name, for typical strokes.", this), 0, 0);
 }
 
 void fData03report::DrawPlot()
