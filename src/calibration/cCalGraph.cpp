@@ -31,6 +31,16 @@ double Mapped(double Value, double Min, double Max, double From, double To)
 {
     return From + (Value - Min) / (Max - Min) * (To - From);
 }
+
+// A number with Places of it significant, 0 for a whole one; where the margin has no room, with a power of ten.
+std::string AxisText(double Value, int Places)
+{
+    constexpr double Longest = 1e6;
+    if (!(std::fabs(Value) < Longest)) return FormatGeneral(Value, 3);
+    std::string Text = FormatSig(Value, Places);
+    if (Text.ends_with('.')) Text.pop_back();
+    return Text;
+}
 } // namespace
 
 void cCalGraph::TakeScales()
@@ -119,9 +129,8 @@ void cCalGraph::DrawAxisNumbers()
     for (int k = 1; k < GridParts; ++k) {
         const double X = Mapped(k, 0, GridParts, Left, Right);
         const double Y = Mapped(k, 0, GridParts, Bottom, Top);
-        const std::string Logical = FormatNum(Mapped(k, 0, GridParts, Axes.MinL, Axes.MaxL), "0");
-        std::string Physical = FormatSig(Mapped(k, 0, GridParts, Axes.MinP, Axes.MaxP), Places);
-        if (Physical.ends_with('.')) Physical.pop_back();
+        const std::string Logical = AxisText(Mapped(k, 0, GridParts, Axes.MinL, Axes.MaxL), 0);
+        const std::string Physical = AxisText(Mapped(k, 0, GridParts, Axes.MinP, Axes.MaxP), Places);
         if (k % Every == 0) Surface.Text(X, Bottom + 3, IsXLogical ? Logical : Physical, eAlign::Centre);
         if (k % EveryUp == 0)
             Surface.Text(Left - 5, Y - NumberFont * 0.6, IsXLogical ? Physical : Logical, eAlign::Right);

@@ -41,6 +41,7 @@ cCalibr::cCalibr()
     LoadSetting("gAutoSwitchCal");
     if (fApproxMode < ApproxLinear || fApproxMode > ApproxRefTable) fApproxMode = ApproxOneLine;
     mBoxes[BoxCutOff] = FormatNum(fCutOff * 100, "0");
+    SetCalGr();
 }
 
 void cCalibr::KeepSettings() const
@@ -85,7 +86,9 @@ std::string cCalibr::State() const
         return (Link == cLinkWatch::eState::Lost ? "The link is lost and is being taken up again. "
                                                  : "The link is being made. ") +
                Count + ". " + (mTaking ? "" : "Enter starts the data, ") + "Escape stops.";
-    if (!mTaking) return "The link is open. " + Count + ". Enter starts the data, Escape stops.";
+    if (!mTaking)
+        return "The link is open. " + Count + ". " + (mBoxes[BoxChan].empty() ? "Type the channel: " : "") +
+               "Enter starts the data, Escape stops.";
     if (!mHasFrame || gLinkWatch.IsSilent()) return "No data are coming. " + Count + ". Escape stops.";
     const std::string Space = !gAutoCalibr ? "Enter and Space take a point"
                               : mAutoRun   ? "Each frame is a point: Space ends that"
@@ -241,8 +244,10 @@ void cCalibr::StopData()
     Analyse0();
 }
 
+// A line that overflowed is shown as none.
 void cCalibr::ShowLine()
 {
+    if (!std::isfinite(mLine.Q0 + mLine.Q1 + mLine.R2)) mLine = {};
     mBoxes[BoxQ0] = FormatNum(mLine.Q0, "0.000000");
     mBoxes[BoxQ1] = FormatNum(mLine.Q1, "0.000000000");
     mBoxes[BoxR2] = FormatNum(mLine.R2, "0.000000");
@@ -349,7 +354,7 @@ bool cCalibr::AnalyseArr()
     CalAnalysis Result;
     if (mPoints.size() < 2)
         Result.Text = TooFewPoints;
-    else if (!std::isfinite(mLine.Q0 + mLine.Q1 + mLine.R2) || mLine.Q1 == 0)
+    else if (mLine.Q1 == 0)
         Result.Text = NoSolution;
     else if (fApproxMode == ApproxLinear)
         return true;

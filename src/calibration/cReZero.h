@@ -76,8 +76,8 @@ public:
     /// Puts the results into the session, or the calibrator's into the ini file's globals.
     void Store();
 
-    /// Store, and writes the session behind a backup copy, or the ini file. False when that fails (told): what was stored
-    /// is then as it was.
+    /// Store, and writes the session behind a backup copy, or the ini file. False when that fails (told): what was
+    /// stored is then as it was.
     bool SaveData();
 
 private:

@@ -1,5 +1,6 @@
 // The controls of the calibration workbench.
 #include "calibration/fDoCalibr.h"
+#include "calibration/mChanGrid.h"
 #include "platform/qt/qMnemonics.h"
 #include "platform/qt/qText.h"
 #include "platform/qt/qWorkArea.h"
@@ -89,6 +90,7 @@ fDoCalibr::fDoCalibr()
     Layout->addWidget(State);
     Layout->addLayout(BuildChoices());
     Layout->addLayout(Controls);
+    Boxes[BoxChan]->setToolTip(Boxes[BoxChan]->toolTip() + ":\n" + Shown(ChanList()));
     TakeMnemonics(*this);
     setFocusProxy(Boxes[BoxChan]);
     connect(&Look, &QTimer::timeout, this, [this] { ShowTexts(); });
@@ -200,8 +202,8 @@ QLayout* fDoCalibr::BuildRanges()
     Grid->setVerticalSpacing(3);
     txtArrMin = AddText("txtArrMin", {}, "Lowest physical value of the reference table");
     txtArrMax = AddText("txtArrMax", {}, "Highest physical value of the reference table");
-    QLineEdit* LinMin = AddText("txtLinMin", "-30", "Lower end of the range that is taken for straight");
-    QLineEdit* LinMax = AddText("txtLinMax", "30", "Upper end of the range that is taken for straight");
+    QLineEdit* LinMin = AddText("txtLinMin", "-30", "Lower end of the straight range: a note, no command reads it");
+    QLineEdit* LinMax = AddText("txtLinMax", "30", "Upper end of the straight range: a note, no command reads it");
     connect(txtArrMin, &QLineEdit::textEdited, this, [this](const QString& Text) { Calibr.SetArrMin(Plain(Text)); });
     connect(txtArrMax, &QLineEdit::textEdited, this, [this](const QString& Text) { Calibr.SetArrMax(Plain(Text)); });
     Grid->addWidget(new QLabel("Min", this), 0, 1, Qt::AlignCenter);

@@ -52,6 +52,19 @@ std::string ChanLabel(int Chan)
     return Chan <= gFile.Calibr.UBound() ? Number + " " + gFile.Calibr[Chan].ParamID : Number;
 }
 
+std::string ChanList()
+{
+    constexpr int InLine = 8;
+    std::string Text;
+    int Count = 0;
+    for (int Chan = 1; Chan <= std::min(gFile.Calibr.UBound(), LastDataChan); ++Chan) {
+        if (gFile.Calibr[Chan].ParamID.empty()) continue;
+        Text += (Count == 0 ? "" : Count % InLine == 0 ? "\n" : ",  ") + ChanLabel(Chan);
+        ++Count;
+    }
+    return Text;
+}
+
 // White has 5.5 times the light of the text, more than small print needs indoors.
 int32_t Legible(int32_t Colour)
 {

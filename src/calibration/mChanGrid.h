@@ -19,6 +19,9 @@ int32_t ChanColour(int Chan);
 /// Number of a channel, and its ParamID where the channel table has a row for it.
 std::string ChanLabel(int Chan);
 
+/// Labels of all channels of the session that have a ParamID, some to a line.
+std::string ChanList();
+
 /// The colour, darkened until a text in it can be read on white in the sun.
 int32_t Legible(int32_t Colour);
 
