@@ -61,7 +61,7 @@ bool cReZero::ChooseGroup(int Index)
 {
     if (mDirty && !AskYesNo("Are you sure to discard changes?", TitleWarning)) return false;
     mRows.clear();
-    mDirty = mSaved = false;
+    mDirty = mSaved = mGainTyped = false;
     mChosen = true;
     for (int i = 1; i <= NamesInGroup; ++i)
         AddChannel(GroupLetters[Index] + FormatNum(i, "0"));
@@ -89,7 +89,7 @@ void cReZero::Fill(ReZeroRow& Row)
     Row.OldQ0Text = Row.NewQ0Text = FormatSig(Chan.Q0, 2);
     Row.Q1Text = FormatSig(Chan.Q1, 6);
     Row.LZeroText = FormatNum(Chan.Log0, "0.0");
-    Row.HasData = false;
+    Row.HasData = Row.IsZeroed = false;
 }
 
 bool cReZero::IsRow(int Row) const
@@ -104,6 +104,7 @@ void cReZero::StartData()
         ReZeroRow& Row = mRows[0];
         Row.Chan = gAutoCalCh;
         Row.NewQ0 = gAutoCalQ0;
+        Row.IsZeroed = false;
         Row.OldQ0Text = Row.NewQ0Text = FormatSig(gAutoCalQ0, 2);
         Row.Q1Text = FormatSig(gAutoCalQ1, 6);
         return;
@@ -132,7 +133,7 @@ void cReZero::SetQ1(int Row, const std::string& Text)
     const auto Number = LeadingNumber(Text);
     if (!Number) return;
     gFile.Calibr[Edited.Chan].Q1 = *Number;
-    mDirty = true;
+    mDirty = mGainTyped = true;
 }
 
 void cReZero::ShowCount(ReZeroRow& Row)
@@ -158,6 +159,8 @@ void cReZero::TakeZero(ReZeroRow& Row, double Count)
     const double Q1 = mCalibrMode ? gAutoCalQ1 : gFile.Calibr[Row.Chan].Q1;
     Row.LogZero = Count;
     Row.NewQ0 = -Q1 * Count;
+    Row.IsZeroed = true;
+    mGainTyped = false;
     Row.LZeroText = FormatNum(Row.LogZero, "0.0");
     Row.NewQ0Text = FormatNum(Row.NewQ0, mCalibrMode ? "0.0000" : "00.0000");
 }
@@ -210,7 +213,9 @@ std::string cReZero::State(bool IsTaking) const
                        : !IsTaking ? "Data are stopped."
                        : HasData   ? "Data have stopped coming: the counts are old."
                                    : "No data are coming yet.";
-    if (mDirty)
+    if (mDirty && mGainTyped)
+        Text += " The gain was changed: ReZero (Alt+Z) anew, then Save Data (Alt+S).";
+    else if (mDirty)
         Text += " Changes are not saved: Save Data (Alt+S) keeps them.";
     else if (mSaved)
         Text += " The zeros are saved.";
@@ -233,14 +238,17 @@ bool cReZero::GetFromFile(const std::string& Path)
     return true;
 }
 
+// A row without a new zero leaves its channel alone: it may have been calibrated since the row was filled.
 void cReZero::Store()
 {
     if (mCalibrMode) {
+        if (!mRows[0].IsZeroed) return;
         gAutoCalCh = mRows[0].Chan;
         gAutoCalQ0 = mRows[0].NewQ0;
         return;
     }
     for (const ReZeroRow& Row : mRows) {
+        if (!Row.IsZeroed) continue;
         gFile.Calibr[Row.Chan].Q0 = Row.NewQ0;
         gFile.Calibr[Row.Chan].Log0 = Row.LogZero;
     }
@@ -257,7 +265,7 @@ bool cReZero::SaveData()
         mCalibrMode ? WriteIni() : BackupFile(gCurFile) && WriteDataFile(gCurFile, gFile, SectionFilter::Any);
     mSaved = IsSaved;
     if (IsSaved)
-        mDirty = false;
+        mDirty = mGainTyped = false;
     else if (mCalibrMode)
         gAutoCalQ0 = FormerQ0;
     else {

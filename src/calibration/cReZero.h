@@ -16,7 +16,8 @@ struct ReZeroRow
     double Prev = 0;  // count before it, for channels with hysteresis
     double NewQ0 = 0; // what Save Data stores
     double LogZero = 0;
-    bool HasData = false; // a count has come
+    bool HasData = false;  // a count has come
+    bool IsZeroed = false; // NewQ0 and LogZero are results that are not saved
     std::string ChanText;
     std::string LogText;
     std::string PhysText;
@@ -88,7 +89,8 @@ private:
 
     const bool mCalibrMode;
     bool mDirty = false;
-    bool mSaved = false;  // what the rows show
-    bool mChosen = false; // a group
+    bool mGainTyped = false; // since the zeros were taken
+    bool mSaved = false;     // what the rows show
+    bool mChosen = false;    // a group
     std::vector<ReZeroRow> mRows;
 };

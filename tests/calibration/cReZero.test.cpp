@@ -118,6 +118,9 @@ TEST_CASE_FIXTURE(Session, "unsaved zeros are asked for, a typed gain counts at 
     CHECK(Dialogs.Told.back() == "Warning!: Are you sure to discard changes?");
     CHECK(gFile.Calibr[2].Q1 == 0.25);
     CHECK(gFile.Calibr[2].Q0 == -50);
+    gFile.Calibr[1].Q0 = -70; // calibrated meanwhile
+    Zeros.Store();
+    CHECK(gFile.Calibr[1].Q0 == -70);
 }
 
 TEST_CASE_FIXTURE(Session, "the calibrator's zero goes to the ini file and leaves the session alone")
@@ -127,6 +130,8 @@ TEST_CASE_FIXTURE(Session, "the calibrator's zero goes to the ini file and leave
     gAutoCalQ0 = 7;
     gAutoCalQ1 = 0.1;
     cReZero Zeros(true);
+    REQUIRE(Zeros.SaveData()); // nothing zeroed yet, nothing changed
+    CHECK(gAutoCalQ0 == 7);
     Zeros.StartData();
     gData[2] = 300;
     Zeros.DrawData();
