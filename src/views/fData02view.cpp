@@ -8,6 +8,7 @@
 #include "files/mQVN.h"
 #include "platform/qt/qPlace.h"
 #include "platform/qt/qText.h"
+#include "processing/mProcess.h"
 #include "processing/mStrokeLog.h"
 #include "views/cData03report.h"
 #include "views/mViewSave.h"
@@ -100,7 +101,8 @@ void fData02view::ShowNumbers()
         if (Texts) txtSel[i]->setText(Shown((*Texts)[i]));
         txtSel[i]->setEnabled(Texts.has_value());
     }
-    UpdateStatus(Texts ? GapNote(View.SelStart, View.SelStop) : "There is no whole stroke in the selection");
+    UpdateStatus(Texts ? GapNote(View.SelStart, View.SelStop)
+                       : "There is no whole stroke in the selection, by channel " + gFile.KeyChanID);
 }
 
 void fData02view::ShowCursor()
@@ -163,13 +165,15 @@ void fData02view::ShowDist()
 {
     if (!View.ShowDist()) return;
     const auto Texts = DistTexts(View.SelStart, View.SelStop);
-    for (std::size_t i = 0; i < Texts.size(); ++i)
+    for (std::size_t i = 0; i < Texts.size(); ++i) {
         txtSel[7 + i]->setText(Shown(Texts[i]));
+        txtSel[7 + i]->setEnabled(true);
+    }
 }
 
 void fData02view::ShowRate()
 {
-    View.ShowRate();
+    if (HasKeyChannel()) View.ShowRate();
 }
 
 void fData02view::Filter()
@@ -222,6 +226,7 @@ void fData02view::SetStopSel()
 void fData02view::SelAllStrokes()
 {
     if (IsStrip()) return Nav.SelectAll();
+    if (!HasKeyChannel()) return;
     if (FindAllStrokes(View.SelStart, View.SelStop))
         ShowNumbers();
     else

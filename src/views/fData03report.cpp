@@ -155,7 +155,8 @@ void fData03report::PrintReport()
             ++Row;
         }
     if (Row > 0) return;
-    Values->addWidget(new QLabel("Values are those of the functions\nthat rows name, for typical strokes.", this), 0, 0);
+    Values->addWidget(new QLabel("Values are those of the functions\nthat rows name, for typical strokes.", this), 0,
+                      0);
 }
 
 void fData03report::DrawPlot()

@@ -13,6 +13,7 @@ const std::array<const char*, 13> SelLabels = {"",          "",         "",     
 
 std::optional<SelTexts> SelectionNumbers(int32_t Start, int32_t Stop)
 {
+    if (gKeyChan < 1 || gKeyChan > gRaw.ChannelUBound()) return {};
     ScanUpTo(Start);
     if (!CycleStats(Start, Stop)) return {};
     SelTexts Texts;

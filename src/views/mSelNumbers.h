@@ -12,8 +12,8 @@ using SelTexts = std::array<std::string, 13>;
 /// Labels of the boxes, empty where a box has none of its own.
 extern const std::array<const char*, 13> SelLabels;
 
-/// The numbers of samples Start to Stop. Nothing when there is no whole stroke: then the texts shown keep standing.
-/// Throws RunError without a key channel.
+/// The numbers of samples Start to Stop. Nothing without a key channel or a whole stroke: then the texts shown keep
+/// standing.
 std::optional<SelTexts> SelectionNumbers(int32_t Start, int32_t Stop);
 
 /// What to tell of the longest stretch of time without samples, where one was cut out or lost; empty when there is

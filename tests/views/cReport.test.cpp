@@ -134,6 +134,28 @@ TEST_CASE_FIXTURE(ReportState, "samples are dots on the edges of their rectangle
     CHECK(Dots.back().starts_with("point 399 140"));
 }
 
+TEST_CASE_FIXTURE(ReportState,
+                  "like rows of a table stand below each other, with their quantity above and values of zero unsigned")
+{
+    const auto Row = [](std::string ID, const char* Name, const char* Key, double Value) {
+        return ReportLine{std::move(ID), {}, {Name, "N"}, {{"", Key, Value}}};
+    };
+    std::vector<ReportLine> Rows;
+    for (const char* Name : {"Force", "Lift"})
+        for (const char* ID : {"1", "2", "3", "4", "5", "6", "7"})
+            Rows.push_back(Row(ID, Name, *Name == 'F' ? "MaxY" : "DelY", *ID == '1' ? -1e-9 : 20));
+    SurfaceLog Surface(1000, 1000);
+    cReportTable Table(Rows);
+    Table.Draw(Surface, 0, Table.Count(), {0, 900, 0, 500});
+    const Texts Page = Surface.Take();
+    for (const char* Part : {"\"Force, N\"", "\"Lift, N\"", "\"Max\"", "\"Range\""})
+        CHECK_MESSAGE(Count(Page, Part) == 1, Part);
+    CHECK(Count(Page, "\"20.0\"") == 12);
+    CHECK(Count(Page, "\"0.00\"") == 2);
+    CHECK(Table.Height(0, 14, 900) == Table.Height(0, 7, 200));
+    CHECK(Table.EndFor(0, 100, Table.Height(0, 5, 100)) == 5);
+}
+
 TEST_CASE_FIXTURE(ReportState, "a table that is too long goes on, every row once")
 {
     for (int i = 3; i <= 200; ++i)
