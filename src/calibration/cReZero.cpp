@@ -218,7 +218,7 @@ std::string cReZero::State(bool IsTaking) const
     else if (mDirty)
         Text += " Changes are not saved: Save Data (Alt+S) keeps them.";
     else if (mSaved)
-        Text += " The zeros are saved.";
+        Text += " Saved.";
     else if (IsLive)
         Text += " ReZero (Alt+Z) makes the present counts the zeros.";
     else if (!IsTaking)

@@ -1,6 +1,7 @@
 // The controls of the calibration workbench.
 #include "calibration/fDoCalibr.h"
 #include "calibration/mChanGrid.h"
+#include "platform/qt/qDecimal.h"
 #include "platform/qt/qMnemonics.h"
 #include "platform/qt/qText.h"
 #include "platform/qt/qWorkArea.h"
@@ -107,6 +108,7 @@ QLineEdit* fDoCalibr::AddText(const char* Name, const QString& Text, const char*
     Box->setAlignment(Qt::AlignRight);
     Box->setMinimumWidth(fontMetrics().horizontalAdvance("-00000.00"));
     Box->installEventFilter(this);
+    TakeDecimalComma(*Box);
     return Box;
 }
 
@@ -135,6 +137,7 @@ QLayout* fDoCalibr::BuildBoxes()
     for (int i = 0; i < CalBoxCnt; ++i)
         AddBox(*Grid, i, i % Rows, i / Rows * 2);
     txtSensID = AddText("txtSensID", {}, "Identifier of the sensor; names its files");
+    txtSensID->setValidator(nullptr);
     connect(txtSensID, &QLineEdit::textEdited, this, [this](const QString& Text) { Calibr.SetSensID(Plain(Text)); });
     Grid->addWidget(Caption("Sensor ID", txtSensID), CalBoxCnt - Rows, 2);
     Grid->addWidget(txtSensID, CalBoxCnt - Rows, 3);

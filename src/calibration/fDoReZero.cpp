@@ -5,6 +5,7 @@
 #include "core/mGlobData.h"
 #include "core/mHost.h"
 #include "core/mIni.h"
+#include "platform/qt/qDecimal.h"
 #include "platform/qt/qMnemonics.h"
 #include "platform/qt/qPlace.h"
 #include "platform/qt/qText.h"
@@ -109,6 +110,7 @@ QLayout* fDoReZero::BuildRows()
             Box->setMinimumWidth(fontMetrics().horizontalAdvance("-0000.000000"));
             Box->setMaximumWidth(fontMetrics().horizontalAdvance("-0000000000.000000"));
             Box->setToolTip(Shape.Tip);
+            TakeDecimalComma(*Box);
             if (i == 0 && Shape.FirstColour)
                 Box->setStyleSheet(QString("QLineEdit:enabled { color: %1 }").arg(Shape.FirstColour));
             Boxes[static_cast<std::size_t>(i)][static_cast<std::size_t>(c)] = Box;

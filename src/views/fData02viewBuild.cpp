@@ -1,6 +1,7 @@
 // The controls of the data view and where they stand.
 #include "core/mNumText.h"
 #include "core/mSettings.h"
+#include "platform/qt/qDecimal.h"
 #include "platform/qt/qMnemonics.h"
 #include "platform/qt/qText.h"
 #include "platform/qt/qWorkArea.h"
@@ -92,6 +93,7 @@ QLineEdit* fData02view::AddBox(const char* Name, bool IsReadOnly)
     Box->setAlignment(Qt::AlignRight);
     Box->setFixedWidth(fontMetrics().horizontalAdvance("0000000.0"));
     if (IsReadOnly) Box->setFocusPolicy(Qt::NoFocus);
+    TakeDecimalComma(*Box);
     return Box;
 }
 

@@ -3,6 +3,7 @@
 
 #include "core/mHost.h"
 #include "core/mNumText.h"
+#include "platform/qt/qDecimal.h"
 #include "platform/qt/qMnemonics.h"
 #include "platform/qt/qPlace.h"
 #include "platform/qt/qText.h"
@@ -66,6 +67,7 @@ QLayout* fSwap::BuildBoxes()
     txtWith = AddBox(*Form, "txtWith", "W&ith (parameter or seat)");
     txtAverTo = AddBox(*Form, "txtAverTo", "Average &to (parameter)");
     txtOffset = AddBox(*Form, "txtOffset", "&Number (offset or factor)");
+    TakeDecimalComma(*txtOffset);
     for (QLineEdit* Box : {txtWhat, txtWith, txtAverTo})
         Box->setCompleter(new QCompleter(ParamIDs(), Box));
     return Form;

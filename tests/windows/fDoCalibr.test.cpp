@@ -69,6 +69,8 @@ TEST_CASE_FIXTURE(RigState,
     CHECK(State().startsWith("The link is closed"));
     Key(Qt::Key_Space); // no data, no point
     CHECK(State().contains("4 points"));
+    Type("TBoxArr_10", "1,5");
+    CHECK(Text("TBoxArr_10") == "1.5");
     Type("txtSensID", "sad ox"); // its letters are no commands
     Click("cmdArr_3");
     REQUIRE(OpenSession(Plain(Session)));
