@@ -153,6 +153,13 @@ void cDataView::DrawLabels()
         const std::string Name = BandText(Band, -1);
         const double Y = NameTop(k);
         const bool IsShort = Surface.TextWidth(Name, NameSize) <= MarginX - KeyRoom;
+        if (!IsShort) {
+            Surface.SetPen(White);
+            Surface.SetFill(White);
+            Surface.Box(MarginX + 2, Unit(Y) + 1, Unit(MarginX + 2 * KeyRoom + Surface.TextWidth(Name, NameSize)),
+                        Unit(Y) + NameSize + 2);
+            Surface.SetFill(NoFill);
+        }
         Surface.SetPen(ColourOf(k));
         Surface.SetFont(NameSize);
         Surface.Text(IsShort ? MarginX - KeyRoom : MarginX + KeyRoom, Y, Name, IsShort ? eAlign::Right : eAlign::Left);

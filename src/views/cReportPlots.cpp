@@ -212,20 +212,54 @@ void DrawEntry(iSurface& Surface, const Entry& Each, double X, double Y)
     Surface.Text(X + MarkWidth + 3, Y, Each.Text);
 }
 
-// Lines of entries, each as long as fits, from the right edge; the last line in the room may not hold them all.
-void DrawLegend(iSurface& Surface, const Plot& Each, const std::vector<Entry>& Entries, double Y)
+// The entries in lines, each as long as fits.
+std::vector<std::vector<Entry>> LinesOf(const std::vector<Entry>& Entries, double Room)
 {
-    const double Room = Each.Frame.Width() - 16;
-    auto Next = Entries.begin();
-    while (Next != Entries.end() && Y < Each.Frame.Bottom - LineHeight) {
-        double Length = 0;
-        auto End = Next;
-        while (End != Entries.end() && (End == Next || Length + End->Width <= Room))
-            Length += (End++)->Width;
-        double X = Each.Frame.Right - 4 - Length;
-        for (; Next != End; ++Next) {
-            DrawEntry(Surface, *Next, X, Y);
-            X += Next->Width;
+    std::vector<std::vector<Entry>> Lines;
+    double Free = -1;
+    for (const Entry& Each : Entries) {
+        if (Lines.empty() || Free < Each.Width) {
+            Lines.emplace_back();
+            Free = Room;
+        }
+        Lines.back().push_back(Each);
+        Free -= Each.Width;
+    }
+    return Lines;
+}
+
+// How much of the curves lies between two heights, in points.
+std::size_t PointsBetween(const Plot& Each, double Top, double Bottom)
+{
+    std::size_t Count = 0;
+    for (const cData03report* Row : Each.Rows)
+        for (const double Value : Row->Ys()) {
+            const double Y = Row->PlaceY(Value);
+            if (Y >= Top && Y <= Bottom) ++Count;
+        }
+    return Count;
+}
+
+// A height in the plot for that many lines: at the top, or at the bottom where the curves leave more room there.
+double LegendTop(const Plot& Each, std::size_t Lines)
+{
+    const double Height = LineHeight * static_cast<double>(Lines);
+    const double Top = Each.Frame.Top + 5.0 + (Each.TitleInside ? LineHeight : 0);
+    const double Low = Each.Frame.Bottom - Height - (Each.BottomInside ? LineHeight : 0);
+    return PointsBetween(Each, Top, Top + Height) <= PointsBetween(Each, Low, Low + Height) ? Top : Low;
+}
+
+// Lines from the right edge; the room may not hold them all.
+void DrawLegend(iSurface& Surface, const Plot& Each, const std::vector<std::vector<Entry>>& Lines, double Y)
+{
+    for (const std::vector<Entry>& Line : Lines) {
+        if (Y >= Each.Frame.Bottom - LineHeight / 2.0) return;
+        double X = Each.Frame.Right - 4;
+        for (const Entry& Part : Line)
+            X -= Part.Width;
+        for (const Entry& Part : Line) {
+            DrawEntry(Surface, Part, X, Y);
+            X += Part.Width;
         }
         Y += LineHeight;
     }
@@ -252,8 +286,8 @@ void DrawTitle(iSurface& Surface, const Plot& Each)
         Length += Part.Width;
     const bool FitsBehind = Length < Each.Frame.Width();
     if (!FitsBehind && Each.LegendElsewhere) return;
-    DrawLegend(Surface, Each, Entries,
-               FitsBehind ? Top + 1 : Each.Frame.Top + 5.0 + (Each.TitleInside ? LineHeight : 0));
+    const auto Lines = LinesOf(Entries, Each.Frame.Width() - 16);
+    DrawLegend(Surface, Each, Lines, FitsBehind ? Top + 1 : LegendTop(Each, Lines.size()));
 }
 
 void DrawGround(iSurface& Surface, const Plot& Each)

@@ -23,7 +23,7 @@ public:
     /// The line up to which the lines from From on fit into Room.
     std::size_t EndFor(std::size_t From, double Width, double Room) const;
 
-    /// Draws the lines From up to, but not including, To with their left upper corner at Left and Top.
+    /// Draws the lines From up to, but not including, To across the width of Place, from its top on.
     void Draw(iSurface& Surface, std::size_t From, std::size_t To, const PlotRect& Place) const;
 
 private:
