@@ -21,6 +21,7 @@ class QLayout;
 class QLineEdit;
 class QPushButton;
 class QScrollBar;
+class QWheelEvent;
 
 class fData02view : public QWidget
 {
@@ -52,6 +53,7 @@ private:
 
     bool MouseOnPlot(QEvent* Event);
     bool MouseOnStrip(QEvent* Event);
+    void Turn(const QWheelEvent& Wheel);
 
     void Run(const char* What, Command Action);
     void Show();
@@ -106,6 +108,7 @@ private:
     ViewData Data;
     ViewUndo LastChange;
     double DragFrom = 0;     // where the mouse button went down
+    int WheelTurn = 0;       // of the mouse wheel towards its next notch, eighths of a degree
     bool IsEdited = false;   // distance or time was typed
     bool IsChanged = false;  // samples differ from those of the file
     bool WasChanged = false; // and did before the last change

@@ -45,14 +45,28 @@ bool fData02view::MouseOnPlot(QEvent* Event)
         });
         Show();
         return true;
-    case QEvent::Wheel: {
-        const auto* Wheel = static_cast<QWheelEvent*>(Event);
-        if (View.ZoomAt(Wheel->position().x(), Wheel->angleDelta().y() > 0)) Show();
+    case QEvent::Wheel:
+        Turn(*static_cast<QWheelEvent*>(Event));
         return true;
-    }
     default:
         return false;
     }
+}
+
+// A touchpad turns the wheel in small parts of a notch; a turn sideways moves.
+void fData02view::Turn(const QWheelEvent& Wheel)
+{
+    constexpr int Notch = 120; // eighths of a degree
+    const QPoint Angle = Wheel.angleDelta();
+    const bool IsSideways = std::abs(Angle.x()) > std::abs(Angle.y());
+    WheelTurn += IsSideways ? Angle.x() : Angle.y();
+    if (std::abs(WheelTurn) < Notch) return;
+    if (IsSideways)
+        View.MoveView(WheelTurn > 0 ? -ArrowStep : ArrowStep);
+    else
+        View.ZoomAt(Wheel.position().x(), WheelTurn > 0);
+    WheelTurn = 0;
+    Show();
 }
 
 bool fData02view::MouseOnStrip(QEvent* Event)

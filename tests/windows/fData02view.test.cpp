@@ -10,6 +10,7 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QWheelEvent>
 
 #include <cmath>
 
@@ -148,7 +149,8 @@ TEST_CASE_FIXTURE(Recording, "a dragged selection is deleted and brought back, a
     CHECK(gRaw(0, Frames - 1) == doctest::Approx(0.02 * (Frames - 1)));
 }
 
-TEST_CASE_FIXTURE(Recording, "without a mouse the cursor is moved, and the selection starts and stops at it")
+TEST_CASE_FIXTURE(
+    Recording, "Shift and arrows move the cursor, where a selection starts and stops, and a touchpad zooms by notches")
 {
     Choose("mnuViewRaw");
     auto& View = Find<QWidget>("fData02view");
@@ -165,6 +167,11 @@ TEST_CASE_FIXTURE(Recording, "without a mouse the cursor is moved, and the selec
     Move(Qt::Key_Left, 250);
     Click("CmdArr_8");
     CHECK(Number(1) == "5.0");
+    for (const int Scale : {1, 1, 2}) { // a third of a notch each
+        QWheelEvent Turn({300, 60}, {300, 60}, {}, {0, -40}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&Find<QWidget>("picData"), &Turn);
+        CHECK(gXScale == Scale);
+    }
 }
 
 TEST_CASE_FIXTURE(Recording, "what is saved from a view with a gap is the frames that it shows, byte for byte")
