@@ -150,19 +150,7 @@ void frmMain::Cascade()
 
 void frmMain::Tile(Qt::Orientation Direction)
 {
-    QList<QMdiSubWindow*> Frames;
-    for (QMdiSubWindow* Frame : Area->subWindowList())
-        if (Frame->isVisible() && !Frame->isMinimized()) Frames.push_back(Frame);
-    const QSize Room = Area->viewport()->size();
-    const auto Count = static_cast<int>(Frames.size());
-    for (int i = 0; i < Count; ++i) {
-        const bool AsBands = Direction == Qt::Horizontal;
-        const int Long = AsBands ? Room.height() : Room.width();
-        const int From = Long * i / Count, To = Long * (i + 1) / Count;
-        Frames[i]->showNormal();
-        Frames[i]->setGeometry(AsBands ? QRect(0, From, Room.width(), To - From)
-                                       : QRect(From, 0, To - From, Room.height()));
-    }
+    Area->Tile(Direction);
 }
 
 // A place kept on a screen that is gone would hide the window, so it is moved onto one that is there.

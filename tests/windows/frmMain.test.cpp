@@ -1,6 +1,7 @@
 // The main window as its users find it: menus, toolbar, sessions, windows, start and end.
 #include "ShellState.h"
 #include "calibration/fCheckChans.h"
+#include "calibration/fDoCalibr.h"
 #include "calibration/fTrackChans.h"
 #include "core/fFolders.h"
 #include "core/fMenu.h"
@@ -135,6 +136,15 @@ TEST_CASE_FIXTURE(ShellState, "windows are laid in bands, side by side, and clos
     Choose("mnuWindowTileHorizontal");
     CHECK(Area.subWindowList()[1]->geometry().bottom() == Room.bottom());
     CHECK(Area.subWindowList()[1]->width() == Room.width());
+    auto* Bench = new fDoCalibr;
+    Main.AddWindow(Bench);
+    Main.resize(1280, 800);
+    QTest::qWait(20);
+    Choose("mnuWindowTileVertical");
+    CHECK(Bench->width() >= Bench->minimumSizeHint().width()); // more than its third
+    CHECK(Area.viewport()->rect().contains(Bench->parentWidget()->geometry()));
+    Bench->Unload();
+    REQUIRE(QTest::qWaitFor([] { return LoadedWindows().size() == 2; }, 2000));
     Choose("mnuWindowCascade");
     CHECK(Area.subWindowList()[0]->geometry().intersects(Area.subWindowList()[1]->geometry()));
     CHECK(LoadedWindows().size() == 2);

@@ -6,6 +6,35 @@
 #include <QMdiSubWindow>
 #include <QPainter>
 
+#include <algorithm>
+
+namespace {
+constexpr int Smallest = 280; // length of a share in which a window is of use
+
+// Lengths that together fill Room: equal, but for those that need more.
+QList<int> Shares(const QList<int>& Needs, int Room)
+{
+    QList<int> Lengths(Needs.size(), 0);
+    auto Count = static_cast<int>(Needs.size());
+    for (bool IsFair = false; !IsFair;) {
+        IsFair = true;
+        for (qsizetype i = 0; i < Needs.size(); ++i) {
+            if (Lengths[i] > 0 || Count == 1 || Needs[i] * Count <= Room) continue;
+            Lengths[i] = Needs[i];
+            Room -= Needs[i];
+            --Count;
+            IsFair = false;
+        }
+    }
+    for (int& Length : Lengths) {
+        if (Length > 0) continue;
+        Length = Room / Count--;
+        Room -= Length;
+    }
+    return Lengths;
+}
+} // namespace
+
 qWorkArea::qWorkArea(QWidget* Parent) : QMdiArea(Parent)
 {
     setBackground(QColor(222, 228, 234));
@@ -24,6 +53,33 @@ bool qWorkArea::CloseAsking()
         if (!IsClosed) return false;
     }
     return true;
+}
+
+void qWorkArea::Tile(Qt::Orientation Direction)
+{
+    const bool AsBands = Direction == Qt::Horizontal;
+    const QSize Room = viewport()->size();
+    const int Long = AsBands ? Room.height() : Room.width();
+    QList<QMdiSubWindow*> Frames;
+    QList<int> Needs;
+    for (QMdiSubWindow* Frame : subWindowList()) {
+        if (!Frame->isVisible() || Frame->isMinimized()) continue;
+        Frames.push_back(Frame);
+        const QSize Need = Frame->minimumSizeHint();
+        Needs.push_back(AsBands ? Need.height() : Need.width());
+    }
+    const auto Count = static_cast<int>(Frames.size());
+    const QList<int> Lengths = Shares(Needs, Long);
+    const bool IsRoomy =
+        std::all_of(Lengths.begin(), Lengths.end(), [&](int Each) { return Each >= std::min(Smallest, Long / Count); });
+    int From = 0;
+    for (int i = 0; i < Count; ++i) {
+        const int Length = IsRoomy ? Lengths[i] : std::min(std::max(Needs[i], Long / Count), Long);
+        if (!IsRoomy) From = std::min(Long * i / Count, Long - Length);
+        Frames[i]->showNormal();
+        Frames[i]->setGeometry(AsBands ? QRect(0, From, Room.width(), Length) : QRect(From, 0, Length, Room.height()));
+        From += Length;
+    }
 }
 
 void qWorkArea::paintEvent(QPaintEvent* Event)

@@ -17,6 +17,10 @@ public:
     /// Closes the windows that ask before it. False as soon as one stays.
     bool CloseAsking();
 
+    /// Puts the windows beside one another, or below one another with Qt::Horizontal. One that needs more room than its
+    /// share gets it: of the shares of the others, or, where these have none to spare, lying over them.
+    void Tile(Qt::Orientation Direction);
+
 protected:
     void paintEvent(QPaintEvent* Event) override;
 };
