@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace {
 constexpr int32_t InkGrid = 0xECE8E4;
@@ -127,7 +128,7 @@ void DrawXScale(iSurface& Surface, const Plot& Each)
     const int Wanted = static_cast<int>(std::clamp(Each.Frame.Width() / 60, 1.0, 8.0));
     const double Per = ShownPer(Row);
     const std::vector<double> Values = Ticks(Row.LeftValue() * Per, Row.RightValue() * Per, Wanted);
-    const double Step = NiceStep((Row.RightValue() - Row.LeftValue()) * Per, Wanted);
+    const double Step = NiceStep(std::abs(Row.RightValue() - Row.LeftValue()) * Per, Wanted);
     const double Y = Each.BottomInside ? Each.Frame.Bottom - Letters - 4 : Each.Frame.Bottom + 3;
     for (const double Value : Values) {
         const double X = Row.PlaceX(Value / Per);
