@@ -31,6 +31,23 @@ bool Process(int32_t Start, int32_t Stop, int Run)
     return ProcessCycles(Start, Stop, Run);
 }
 
+// A run that accepts no stroke cannot be averaged: it is not begun, and nothing is written.
+bool TellEmptyBand(int32_t Start, int32_t Stop)
+{
+    if (gKeyChan < 1 || gKeyChan > gRaw.ChannelUBound()) return false;
+    if (Stop == 0) Stop = gRaw.UBound();
+    ScanUpTo(Start);
+    if (!CycleStats(Start, Stop)) return false;
+    ScanUpTo(Start);
+    int32_t Count = 0;
+    double Mean = 0, SD = 0;
+    if (CycleStatsInRange(Start, Stop, Count, Mean, SD)) return false;
+    MsgBox("No stroke lies within the filter of " + FormatShortest(StdFilter) +
+               " SD around the mean: widen it. Nothing that was stored has been changed.",
+           TitleWarning);
+    return true;
+}
+
 bool RunAndSave(const ViewData& Data, int32_t Start, int32_t Stop)
 {
     if (!Process(Start, Stop, 1)) return false;
@@ -49,6 +66,7 @@ bool RunAndSave(const ViewData& Data, int32_t Start, int32_t Stop)
 bool ProcSel(const ViewData& Data, const ProcStretch& Stretch)
 {
     constexpr double SecondsInMinute = 60;
+    if (TellEmptyBand(Stretch.Start, Stretch.Stop)) return false;
     const bool IsMade = RunAndSave(Data, Stretch.Start, Stretch.Stop);
     if (gFile.Desc.UBound() < 1) return false;
     DescRow& Row = gFile.Desc[gFile.Desc.UBound()];
@@ -117,6 +135,7 @@ bool ProcStart(int32_t Start)
 
 bool PlotProc(int32_t Start, int32_t Stop)
 {
+    if (TellEmptyBand(Start, Stop)) return false;
     if (!Process(Start, Stop, 1)) return false;
     if (gProcRuns == 2) return Process(Start, Stop, 2);
     CopyRun1();

@@ -20,8 +20,8 @@ struct ProcStretch
 };
 
 /// Averages the strokes of the stretch into a sample of the session and writes the session data file. A run that fails
-/// (told) writes start, finish, distance and time into the last sample all the same, and says so. False when no sample
-/// was made or the file could not be written.
+/// (told) writes start, finish, distance and time into the last sample all the same, and says so; without a stroke
+/// inside the filter (told) it is not begun. False when no sample was made or the file could not be written.
 bool ProcSel(const ViewData& Data, const ProcStretch& Stretch);
 
 /// Sample indices at which the splits begin and end, from 0 on: splits by time, one after the other, with gSplitPar 1;

@@ -174,6 +174,13 @@ TEST_CASE_FIXTURE(Outing, "a failed run writes the four fields of the last sampl
     gErgoMode = 1;
     CHECK(ProcSel(Data, {10, 500, 1000, 200, 800}));
     CHECK(gFile.Desc[3].DistReal == 1000);
+    // No stroke is as long as the mean of a long one and the others.
+    for (int i = 300; i <= gRaw.UBound(); ++i)
+        gRaw(0, i) += 1;
+    StdFilter = 0;
+    CHECK_FALSE(ProcSel(Data, {10, 500, 1, 1, {}}));
+    CHECK(Dialogs.Told.back().find("No stroke lies within the filter of 0 SD") != std::string::npos);
+    CHECK(gFile.Desc[3].DistReal == 1000);
 }
 
 TEST_CASE_FIXTURE(Outing, "splits follow one another by their durations, and one without strokes stops no other")
