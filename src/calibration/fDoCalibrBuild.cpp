@@ -138,6 +138,8 @@ QLayout* fDoCalibr::BuildBoxes()
         AddBox(*Grid, i, i % Rows, i / Rows * 2);
     txtSensID = AddText("txtSensID", {}, "Identifier of the sensor; names its files");
     txtSensID->setValidator(nullptr);
+    constexpr int MostLetters = 30; // that the channel table keeps
+    txtSensID->setMaxLength(MostLetters);
     connect(txtSensID, &QLineEdit::textEdited, this, [this](const QString& Text) { Calibr.SetSensID(Plain(Text)); });
     Grid->addWidget(Caption("Sensor ID", txtSensID), CalBoxCnt - Rows, 2);
     Grid->addWidget(txtSensID, CalBoxCnt - Rows, 3);

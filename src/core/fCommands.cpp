@@ -186,10 +186,11 @@ void SetCalibrator(frmMain& Main)
     Main.Tile(Qt::Vertical);
 }
 
-void AutoReZero(frmMain& Main)
+std::string AutoReZero(frmMain& Main)
 {
     constexpr int WaitMs = 1000; // for frames to arrive
-    if (!OpenLink()) return;
+    std::string Names;
+    if (!OpenLink()) return Names;
     SendRun();
     AwaitLink();
     for (const int Group : {0, 2}) {
@@ -197,19 +198,26 @@ void AutoReZero(frmMain& Main)
         Window->ChooseGroup(Group);
         Window->StartData();
         gHost.Clock->Wait(WaitMs);
-        if (!Window) return;
-        const bool IsEmpty = Window->Zeros().Rows().empty();
-        if (!IsEmpty && (!Window->Zeros().ReZero() || !Window->Zeros().SaveData())) return Window->ShowRows();
+        if (!Window) return Names;
+        cReZero& Zeros = Window->Zeros();
+        const bool IsDone = Zeros.Rows().empty() || (Zeros.ReZero() && Zeros.SaveData());
+        Window->ShowRows();
+        if (!IsDone) return Names;
+        for (const ReZeroRow& Row : Zeros.Rows())
+            Names += (Names.empty() ? "" : ", ") + Row.Name;
         Window->Unload();
     }
+    return Names;
 }
 
 void AskAutoReZero(frmMain& Main)
 {
-    if (AskYesNo("The horizontal angles and the handle forces will be zeroed at their present counts, and the session "
-                 "saved. Are all these sensors unloaded and at rest?",
-                 TitleWarning))
-        AutoReZero(Main);
+    if (!AskYesNo("The horizontal angles and the handle forces will be zeroed at their present counts, and the session "
+                  "saved. Are all these sensors unloaded and at rest?",
+                  TitleWarning))
+        return;
+    const std::string Names = AutoReZero(Main);
+    MsgBox(Names.empty() ? "No channel was zeroed." : "Zeroed and saved: " + Names, TitleInformation);
 }
 
 void ViewTypical(frmMain& Main)

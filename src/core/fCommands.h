@@ -19,10 +19,10 @@ void ReZeroChannels(frmMain& Main);
 void SetCalibrator(frmMain& Main);
 
 /// Zeroes horizontal angles and handle forces by the counts of the next second, and saves the session. A group without
-/// channels is passed over.
-void AutoReZero(frmMain& Main);
+/// channels is passed over. Gives the names of the channels zeroed.
+std::string AutoReZero(frmMain& Main);
 
-/// AutoReZero, once it is confirmed that the sensors are at rest.
+/// AutoReZero, once it is confirmed that the sensors are at rest; tells which channels were zeroed.
 void AskAutoReZero(frmMain& Main);
 
 /// Asks for a stored sample and opens its report.

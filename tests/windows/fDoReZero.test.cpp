@@ -82,7 +82,7 @@ TEST_CASE_FIXTURE(ShellState, "angles and handle forces are zeroed by the counts
         DrawDataWindows();
     });
     Frames.start(20);
-    AutoReZero(Main);
+    CHECK(AutoReZero(Main) == "H1");
     CHECK(gFile.Calibr[1].Q0 == 0);
     CHECK(gFile.Calibr[2].Q0 == -100);
     CHECK(gFile.Calibr[2].Log0 == 200);
