@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QWheelEvent>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -100,8 +101,14 @@ void fData02view::keyPressEvent(QKeyEvent* Event)
         Show();
     };
     const bool IsArrow = Event->key() == Qt::Key_Left || Event->key() == Qt::Key_Right;
+    const int Way = Event->key() == Qt::Key_Left ? -1 : 1;
+    if (IsArrow && IsStrip()) {
+        Nav.Cursor = std::max(Nav.Cursor + Way, 1);
+        ShowStrip();
+        return lbPointer->setText(Shown(cDataNav::RowText(Nav.Cursor)));
+    }
     if (IsArrow && (Event->modifiers() & Qt::ShiftModifier)) {
-        View.MoveCursor(Event->key() == Qt::Key_Left ? -1 : 1);
+        View.MoveCursor(Way);
         ShowCursor();
         return Show();
     }

@@ -206,6 +206,12 @@ TEST_CASE_FIXTURE(Recording,
     Choose("mnuViewScanQVN");
     CHECK(gScanRows.UBound() == 10);
     CHECK(gRaw.UBound() == -1);
+    for (const int Presses : {2, 3}) {
+        for (int i = 0; i < Presses; ++i)
+            QTest::keyClick(&Find<QWidget>("fData02view"), Qt::Key_Right);
+        Click(Presses == 2 ? "CmdArr_8" : "CmdArr_9");
+    }
+    CHECK(Find<QLabel>("lbStrip").text().contains("Strokes=3   Rate="));
     Click("cmdSelAll");
     CHECK(Find<QLabel>("lbStrip").text().contains("Strokes=9   Rate="));
     Click("cmdTrim");
