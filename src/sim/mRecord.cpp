@@ -63,10 +63,12 @@ std::string Summary(const SimOptions& Options, const LoggerSettings& Used, const
     const FaultCounts& Faults = Logger.FaultsDone();
     return Options.Recording + ": " + FormatNum(static_cast<double>(Logger.FrameCnt()), "0") + " frames of model " +
            FormatNum(Used.Model, "0") + " at " + FormatNum(Used.Freq, "0") + " Hz, " + FormatNum(Seconds, "0.00") +
-           " s at " + FormatShortest(Used.Rate) + " strokes per minute with a spread of " +
-           FormatShortest(Used.Spread) + "%" + Counted(Faults.Junk, " with stray bytes") +
-           Counted(Faults.Corrupt, " with a broken bit") + Counted(Faults.Drop, " lost") +
-           Counted(Faults.Spikes, " with a spike");
+           " s " +
+           (Used.Rigs.empty() ? "at " + FormatShortest(Used.Rate) + " strokes per minute with a spread of " +
+                                    FormatShortest(Used.Spread) + "%"
+                              : "on the rig") +
+           Counted(Faults.Junk, " with stray bytes") + Counted(Faults.Corrupt, " with a broken bit") +
+           Counted(Faults.Drop, " lost") + Counted(Faults.Spikes, " with a spike");
 }
 
 bool Told(const WholeFile& File, const std::string& Path)
