@@ -118,6 +118,11 @@ bool cCalibr::FitsUse() const
                TitleInformation);
         return false;
     }
+    if (IsCurve && mIsOutdated &&
+        !AskYesNo("Points were taken after the analysis, and the curves know nothing of them. Do you want to save "
+                  "nevertheless?",
+                  TitleWarning))
+        return false;
     if (fApproxMode == ApproxRefTable && Row()->ProcMode != ApproxRefTable) {
         MsgBox("The channel has no reference table yet: press Save Ref.Table, then save.", TitleInformation);
         return false;

@@ -207,6 +207,8 @@ std::string cReZero::State(bool IsTaking) const
         return std::string(mChosen ? "The session has no channel of this group: choose another one"
                                    : "Choose a group") +
                ", or add a channel." + Leave;
+    if (mCalibrMode && mRows[0].Chan < 1)
+        return "There is no automatic calibrator: calibrate a channel and press \"Set as Auto-Calibr\" there." + Leave;
     const bool HasData = mRows[0].HasData;
     const bool IsLive = IsTaking && HasData && AreDataComing();
     std::string Text = IsLive      ? "Data are coming."
