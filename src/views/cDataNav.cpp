@@ -20,7 +20,7 @@ constexpr int32_t CursorColour = 0x3030D0;
 constexpr int32_t SpeedColour = 0xC07000;
 constexpr int Letters = 11;
 constexpr double SideRoom = 40;
-constexpr double TickRoom = 110;
+constexpr double TickRoom = 150;
 constexpr double MaxRate = 60;
 constexpr int RateStep = 20;
 
