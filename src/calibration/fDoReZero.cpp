@@ -59,7 +59,7 @@ fDoReZero::fDoReZero(bool CalibratorMode)
     State->setWordWrap(true);
     setProperty(AsksToClose, true);
     auto* Layout = new QGridLayout(this);
-    Layout->setHorizontalSpacing(16);
+    Layout->setHorizontalSpacing(CalibratorMode ? 0 : 16); // no groups, no gap
     Layout->setVerticalSpacing(10);
     Layout->addWidget(State, 0, 0, 1, 3);
     Layout->addWidget(BuildGroups(), 1, 0, Qt::AlignTop);
