@@ -29,7 +29,6 @@ std::optional<SelTexts> SelectionNumbers(int32_t Start, int32_t Stop)
     Texts[8] = Dist[1];
     int32_t Count = 0;
     double Mean = 0, SD = 0;
-    ScanUpTo(Start);
     CycleStatsInRange(Start, Stop, Count, Mean, SD);
     Texts[9] = FormatNum(Count, "0");
     Texts[10] = FormatNum(SafeDiv(Count, gStrokeCnt), "0.0%");

@@ -24,13 +24,6 @@ float SplitLength(std::size_t k)
     return k < gSplitsArr.size() ? static_cast<float>(gSplitsArr[k]) : 0;
 }
 
-// The band of strokes comes from the stretch alone, whatever was scanned before.
-bool Process(int32_t Start, int32_t Stop, int Run)
-{
-    ScanUpTo(Start);
-    return ProcessCycles(Start, Stop, Run);
-}
-
 // A run that accepts no stroke cannot be averaged: it is not begun, and nothing is written.
 bool TellEmptyBand(int32_t Start, int32_t Stop)
 {
@@ -38,7 +31,6 @@ bool TellEmptyBand(int32_t Start, int32_t Stop)
     if (Stop == 0) Stop = gRaw.UBound();
     ScanUpTo(Start);
     if (!CycleStats(Start, Stop)) return false;
-    ScanUpTo(Start);
     int32_t Count = 0;
     double Mean = 0, SD = 0;
     if (CycleStatsInRange(Start, Stop, Count, Mean, SD)) return false;
@@ -50,8 +42,10 @@ bool TellEmptyBand(int32_t Start, int32_t Stop)
 
 bool RunAndSave(const ViewData& Data, int32_t Start, int32_t Stop)
 {
-    if (!Process(Start, Stop, 1)) return false;
-    if (gProcRuns == 2 && !Process(Start, Stop, 2)) return false;
+    // As in a program that has scanned nothing else: the same stretch gives the same sample here and in a batch.
+    ScanUpTo(Start);
+    if (!ProcessCycles(Start, Stop, 1)) return false;
+    if (gProcRuns == 2 && !ProcessCycles(Start, Stop, 2)) return false;
     if (gProcRuns != 1 && gProcRuns != 2) {
         MsgBox("The number of processing runs is neither 1 nor 2: no sample is stored.", TitleInformation);
         return false;
@@ -136,8 +130,9 @@ bool ProcStart(int32_t Start)
 bool PlotProc(int32_t Start, int32_t Stop)
 {
     if (TellEmptyBand(Start, Stop)) return false;
-    if (!Process(Start, Stop, 1)) return false;
-    if (gProcRuns == 2) return Process(Start, Stop, 2);
+    ScanUpTo(Start);
+    if (!ProcessCycles(Start, Stop, 1)) return false;
+    if (gProcRuns == 2) return ProcessCycles(Start, Stop, 2);
     CopyRun1();
     return true;
 }
