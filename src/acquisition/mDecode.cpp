@@ -1,7 +1,6 @@
 // Frame bodies of both kinds, with the optional and slave blocks of the long one and the measures of the stream.
 #include "acquisition/mDecode.h"
 
-#include "core/mGlobData.h"
 #include "core/mNumText.h"
 #include "core/mSettings.h"
 
@@ -205,4 +204,17 @@ bool DecodeShort(std::span<const uint8_t> Bytes)
     if (Time != LastShortTime) gFrequency = 1 / (Time - LastShortTime);
     LastShortTime = Time;
     return Body.FrameOK;
+}
+
+StreamState::StreamState() : LongTime(LastLongTime), ShortTime(LastShortTime) {}
+
+void StreamState::Restore() const
+{
+    gData = Data;
+    gLastGPS = LastGPS;
+    gSignedADC = SignedADC;
+    LastLongTime = LongTime;
+    LastShortTime = ShortTime;
+    gFrameCnt = FrameCnt;
+    gMissed = Missed;
 }

@@ -1,6 +1,8 @@
 // The decoders of frame bodies: from 7-bit groups to raw counts in the current sample vector.
 #pragma once
 
+#include "core/mGlobData.h"
+
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -111,3 +113,21 @@ bool DecodeLong(std::span<const uint8_t> Body);
 
 /// Decodes a body of a slave without a master into gData and counts the frame. False for one that ends too early.
 bool DecodeShort(std::span<const uint8_t> Body);
+
+/// The current sample and what the decoders remember of the frames before it. A file that is read while a link is open
+/// or a recording is played would leave its own there: times that jump, values of channels that frames leave out.
+struct StreamState
+{
+    decltype(gData) Data = gData;
+    decltype(gLastGPS) LastGPS = gLastGPS;
+    bool SignedADC = gSignedADC;
+    double LongTime; // s, of the last long frame
+    double ShortTime;
+    int32_t FrameCnt = gFrameCnt;
+    int32_t Missed = gMissed;
+
+    StreamState();
+
+    /// Makes it the current one.
+    void Restore() const;
+};

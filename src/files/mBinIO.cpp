@@ -1,6 +1,7 @@
 // Reading of recordings: frames are gathered in small tiles, so that the store is filled along its channels.
 #include "files/mBinIO.h"
 
+#include "acquisition/mDecode.h"
 #include "core/mGlobData.h"
 #include "core/mHost.h"
 #include "core/mNumText.h"
@@ -14,6 +15,8 @@
 RawFile gScanFile;
 
 namespace {
+std::optional<StreamState> Beside; // the stream that was there before gScanFile was opened
+
 // What the reading of a recording carries from frame to frame.
 struct ReadState
 {
@@ -167,15 +170,28 @@ bool OpenScanFile(const std::string& Path, int32_t Start)
         MsgBox("Can't open file: " + Path, TitleError);
         return false;
     }
+    Beside.emplace();
     return true;
 }
 
 bool CloseScanFile()
 {
+    if (Beside) Beside->Restore();
+    Beside.reset();
     const bool HasFailed = gScanFile.HasFailed();
     gScanFile.Close();
     if (HasFailed) MsgBox("Can't read file: " + gScanFile.Path(), TitleError);
     return !HasFailed;
+}
+
+bool GoOnReading(int Percent)
+{
+    const StreamState Read;
+    if (Beside) Beside->Restore();
+    const bool GoesOn = GoOn(Percent);
+    if (Beside) Beside.emplace();
+    Read.Restore();
+    return GoesOn;
 }
 
 bool ReadFrame()

@@ -52,8 +52,12 @@ extern RawFile gScanFile;
 /// Opens gScanFile at a position; a file that cannot be read or is larger than 2 GB is told and gives false.
 bool OpenScanFile(const std::string& Path, int32_t Start = 1);
 
-/// Closes gScanFile. False when the device failed while it was read (told).
+/// Closes gScanFile and puts back the stream of a link or a replay as it was before the reading. False when the device
+/// failed while it was read (told).
 bool CloseScanFile();
+
+/// GoOn for the reading of gScanFile: what happens meanwhile, as in a replay, has its own stream.
+bool GoOnReading(int Percent);
 
 /// Decodes the next frame of gScanFile into gData. False when there is no whole frame or the decoder refused it.
 bool ReadFrame();

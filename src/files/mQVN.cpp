@@ -130,7 +130,7 @@ std::optional<int32_t> ScanFrames(StrokeScan& Scan)
         const int32_t Position = gScanFile.Position();
         if (Meter.IsReached(Position)) {
             ShowReading(ProgressText(Meter.Percent()));
-            if (!GoOn(Meter.Percent())) return {};
+            if (!GoOnReading(Meter.Percent())) return {};
         }
         if (gScanFile.AtEnd() || Position + gFrameMin >= Length) break;
     }

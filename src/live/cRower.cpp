@@ -186,19 +186,18 @@ void cRower::CountCycle()
     const double Time = SampleTime();
     if (gFirstCycle) {
         gFirstCycle = false;
-        gStrokeCnt = 0;
-        gCycleTime = 0;
-        gCycleSum = 0;
-        gRate = 0; // that of the run before is none of this one's
-        gRateAver = 0;
+        Figures = {};
     } else {
-        gStrokeCnt = ToInt16(gStrokeCnt + 1);
-        gCycleTime = Time - LastCycleTime;
-        gCycleSum += gCycleTime;
-        gRate = SafeDiv(60, gCycleTime);
-        gRateAver = SafeDiv(gStrokeCnt * 60, gCycleSum);
+        Figures.StrokeCnt = ToInt16(Figures.StrokeCnt + 1);
+        Figures.CycleTime = Time - LastCycleTime;
+        Figures.CycleSum += Figures.CycleTime;
     }
     LastCycleTime = Time;
+    gStrokeCnt = Figures.StrokeCnt;
+    gCycleTime = Figures.CycleTime;
+    gCycleSum = Figures.CycleSum;
+    gRate = SafeDiv(60, gCycleTime);
+    gRateAver = SafeDiv(gStrokeCnt * 60, gCycleSum);
 }
 
 // Curves are kept in unit form: the target's catch angle, total angle and peak force give them their size.

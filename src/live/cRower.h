@@ -70,6 +70,14 @@ private:
     double SampleTime() const;
     double KeyValue() const;
 
+    // The panel's own: the public ones are also those of selections and runs, which may be made beside it.
+    struct CycleFigures
+    {
+        int16_t StrokeCnt = 0;
+        double CycleTime = 0; // s
+        double CycleSum = 0;  // s
+    };
+
     PlotSurface Panel;
     int16_t Mode = SourceFrames;
     std::vector<cData01real> Plots;
@@ -86,6 +94,7 @@ private:
     bool HasKeys = false; // a key value has come
     double KeyPrev = 0;
     double KeyPrev2 = 0;
+    CycleFigures Figures;
     double LastCycleTime = 0; // s
     bool IsNewStroke = false;
     int32_t FramesSeen = 0; // gFrameCnt at the last sample

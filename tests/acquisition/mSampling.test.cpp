@@ -2,6 +2,7 @@
 #include "acquisition/mSampling.h"
 
 #include "acquisition/mComFast.h"
+#include "acquisition/mDecode.h"
 #include "support/Case.h"
 #include "support/ScriptedLink.h"
 
@@ -204,6 +205,26 @@ TEST_CASE_FIXTURE(Recording,
     CHECK_FALSE(gLogging);
     CHECK_FALSE(gReplaying);
     CHECK(Recorded() == LongFrame(40) + Part.Kept + Tail);
+}
+
+TEST_CASE_FIXTURE(Recording, "a file that is read beside a live link leaves the link's measures and values alone")
+{
+    Open(0);
+    gFile.ChanCnt = 0;
+    Port.Feed(LongFrame(100040));
+    gLastGPS[0] = 7;
+    gData[84] = 8;
+    REQUIRE(SaveWhole(Folder.Path("old.qvn"), LongFrame(40) + LongFrame(80) + LongFrame(800)));
+    int32_t Start = 0;
+    int32_t Stop = 0;
+    REQUIRE(ReadRawFile(Folder.Path("old.qvn"), Start, Stop));
+    CHECK(gRaw.UBound() > 0);
+    CHECK(gLastGPS[0] == 7);
+    CHECK(gData[84] == 8);
+    Port.Feed(LongFrame(100080));
+    CHECK(gDeltaT == doctest::Approx(0.04));
+    CHECK(Panel(2) == "SampleTime=100.08s, Frequency=025.000Hz, Missed=0pc, ");
+    CHECK(gFrameCnt == 2);
 }
 
 TEST_CASE_FIXTURE(Recording,

@@ -80,6 +80,8 @@ TEST_CASE("the first start arms the clock, later ones give rate, mean rate and c
         CHECK(Test.Panel.RateText == Rate);
         CHECK(Test.Panel.StrokesText == Strokes);
         CHECK(gRateAver == doctest::Approx(Mean));
+        gStrokeCnt = 500; // a selection is looked at meanwhile
+        gRate = gCycleSum = 0;
     }
     CHECK(Test.Panel.TimeText == "06.0");
     gKeyChan = 2; // no such channel: nothing ever starts
