@@ -21,6 +21,7 @@ void cRower::Load(int16_t Source)
 {
     Mode = Source;
     gDeltaT = gFile.TimeStep;
+    if (Mode == SourceFrames) gTimeStep = gDeltaT;
     Panel.DrawWidth = gDrawWidth;
     Plots.clear();
     for (int Row = 1; Row <= gFile.View1.UBound(); ++Row)
@@ -72,7 +73,6 @@ bool cRower::InitMode(const std::string& RawPath) const
 {
     gFrameCnt = 0;
     if (Mode == SourceTimer) gDeltaT = gTimeStep;
-    if (Mode == SourceFrames) gTimeStep = gDeltaT = gFile.TimeStep;
     if (!IsTableSource(Mode)) return true;
     int32_t Start = 0;
     int32_t Stop = 0;
@@ -90,12 +90,12 @@ void cRower::Resize()
         Plot.DrawAgain(PrevIdx);
 }
 
-// Frames are counted anew: a replay or another link, whose first stroke is none of the run before.
+// The panel's first frames, whose link may have been opened behind it with another sampling period, or frames that are
+// counted anew, for a replay or another link: their first stroke is none of the run before.
 void cRower::Restart()
 {
     const double Step = gDeltaT;
     Load(Mode);
-    if (Mode == SourceFrames) gTimeStep = gFile.TimeStep;
     if (gFrameCnt > 1) gDeltaT = Step; // measured already
     Resize();
 }
@@ -113,7 +113,7 @@ void cRower::Clear()
 // A stroke's first sample is drawn with the ring already begun anew, from the last point of the trace before.
 void cRower::DrawData()
 {
-    if (gFrameCnt < FramesSeen) Restart();
+    if (gFrameCnt < FramesSeen || (FramesSeen == 0 && gFrameCnt > 0)) Restart();
     FramesSeen = gFrameCnt;
     TimeText = FormatNum(SampleTime(), "00.0");
     IsNewStroke = CheckCycle();

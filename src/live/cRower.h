@@ -24,11 +24,12 @@ class cRower
 public:
     explicit cRower(iSurface& Surface) : Panel{&Surface} {}
 
-    /// Opens the panel on samples of a source: makes a plot for each row of View1 and arms the cycle clock.
+    /// Opens the panel on samples of a source: makes a plot for each row of View1, arms the cycle clock, and takes the
+    /// session's sampling period.
     void Load(int16_t Source = SourceFrames);
 
-    /// Sets the sampling period of the source; the table is read from the raw file RawPath. False when that cannot be
-    /// read (told).
+    /// Counts the source's frames anew; the table is read from the raw file RawPath. False when that cannot be read
+    /// (told).
     bool InitMode(const std::string& RawPath = "") const;
 
     /// Draws everything anew for the surface's size.

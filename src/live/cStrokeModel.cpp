@@ -39,19 +39,19 @@ bool cStrokeModel::IsFinish(int i) const
     return A(i - 2) < A(i) && A(i - 1) <= A(i) && A(i + 1) <= A(i) && A(i + 2) < A(i);
 }
 
-// A search that would have to look behind the room ends without a result: what stands there is no longer the stroke.
+// A stroke whose samples go on behind the room has no result; a turn that would need samples there is not found.
 std::optional<cStrokeModel::Turns> cStrokeModel::FindTurns() const
 {
     Turns Found;
     if (ModCnt < LeastSamples) return {};
     for (int i = 2; i <= ModCnt - 3; ++i) {
-        const bool Searching = Found.Catch == 0 || Found.Finish == 0;
-        if (i >= Room || (Searching && i + 2 >= Room)) return {};
+        if (i >= Room) return {};
         if (Y(i) < Found.LowestY) {
             Found.LowestY = Y(i);
             Found.Lowest = i;
         }
         if (Y(i) > Found.HighestY) Found.HighestY = Y(i);
+        if (i + 2 >= Room) continue;
         if (Found.Catch == 0) {
             if (IsCatch(i)) Found.Catch = i;
         } else if (Found.Finish == 0 && IsFinish(i)) {

@@ -204,8 +204,11 @@ cGrid TargetsToGrid()
 
 std::string TargetCell(int Column, const std::string& Typed)
 {
-    if (Column >= TargetRow::FieldCnt) return FormatNum(Val(Typed), "0.00");
     std::string Text = Typed;
+    if (Column >= TargetRow::FieldCnt) {
+        std::replace(Text.begin(), Text.end(), ',', '.');
+        return FormatNum(Val(Text), "0.00");
+    }
     std::replace_if(
         Text.begin(), Text.end(), [](char C) { return C == '\t' || C == '\r' || C == '\n'; }, ' ');
     return Text;

@@ -55,7 +55,8 @@ bool LoadCurves();
 /// The texts of gTargets for the editing grid.
 cGrid TargetsToGrid();
 
-/// The text that a cell of the grid takes when Typed is put in: of a value its leading number with two decimals.
+/// The text that a cell of the grid takes when Typed is put in: of a value its leading number, with a point or a comma,
+/// with two decimals.
 std::string TargetCell(int Column, const std::string& Typed);
 
 /// Which row of the grid the open session would take, in words.

@@ -228,6 +228,14 @@ TEST_CASE("the acceleration model tells the rise behind the lowest value in one 
     const Texts Drawn = Panel.Sample(12, 0, 0, true);
     CHECK(Drawn[1] == "text 700 40 \"F=42.0, Min=-8.0, Max=4.0, DA=12.0\" 30 #000000 wide 3");
     CHECK(NumbersOf(Panel) == "Mod=0.0000 As=42.00 ");
+    // Two samples behind the room cost a turn only, which this model does not need.
+    const std::pair<int, const char*> Lengths[] = {{258, "Mod=0.0000 As=42.00 "}, {259, "Mod=0.0000 As=none "}};
+    for (const auto& [Samples, Numbers] : Lengths) {
+        for (int i = 0; i < Samples - 1; ++i, Panel.Cur = 0)
+            Panel.Sample(i, i, i < 12 ? Curve[i] : 0);
+        Panel.Sample(Samples, 0, 0, true);
+        CHECK(NumbersOf(Panel) == Numbers);
+    }
 }
 
 TEST_CASE("a bad row loses its curve or numbers and nothing else")

@@ -69,9 +69,15 @@ TEST_CASE("the first start arms the clock, later ones give rate, mean rate and c
 {
     RowerPanel Test;
     gKeyMode = 1;
+    gTimeStep = 0.04; // of the session before
     Test.Panel.Load();
-    Test.Panel.InitMode();
     CHECK(gTimeStep == 0.5);
+    Test.Panel.InitMode();
+    gTimeStep = gDeltaT = 0.04; // a link that is opened behind the panel
+    gFrameCnt = 1;
+    Test.Sample(2, 0);
+    CHECK(gTimeStep == 0.5);
+    CHECK(gDeltaT == 0.5);
     const std::tuple<double, const char*, const char*, double> Starts[] = {
         {3, "00.0", "000", 0}, {5, "30.0", "001", 30}, {6, "60.0", "002", 40}, {6, "00.0", "003", 60}};
     for (const auto& [Time, Rate, Strokes, Mean] : Starts) {
@@ -88,6 +94,7 @@ TEST_CASE("the first start arms the clock, later ones give rate, mean rate and c
     Test.Panel.Load();
     Test.Sample(7, 0);
     CHECK_FALSE(Test.Sample(7, 200));
+    gFrameCnt = 0;
 }
 
 TEST_CASE("a stroke's start clears the picture and begins the trace from the point before it")

@@ -73,6 +73,8 @@ TEST_CASE("the grid's rows go back to the file with its backup, values with two 
     REQUIRE(LoadTargets());
     cGrid Grid = TargetsToGrid();
     CHECK(Grid.Current() == 0);
+    CHECK(TargetCell(6, "-0,86 m") == "-0.86");
+    CHECK(TargetCell(4, "1x,2x\t") == "1x,2x ");
     Grid.DeleteRow();
     Grid.DeleteRow();
     CHECK(Grid.Cell(Grid.Current(), 1) == "Other");
