@@ -12,7 +12,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
-#include <QShortcut>
 
 fData02view::fData02view()
     : Surface(new qSurface(this)), Strip(new qSurface(this)), Bar(new QScrollBar(Qt::Horizontal, this)),
@@ -37,8 +36,7 @@ fData02view::fData02view()
     Layout->addWidget(Surface, 100);
     Layout->addWidget(Bar);
     Layout->addLayout(Below);
-    connect(new QShortcut(QKeySequence::Undo, this), &QShortcut::activated, this,
-            [this] { Run("Undo", &fData02view::Undo); });
+    TakeKey(*this, QKeySequence::Undo, [this] { Run("Undo", &fData02view::Undo); });
     TakeMnemonics(*this);
 }
 

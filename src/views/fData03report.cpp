@@ -3,6 +3,7 @@
 
 #include "core/frmMain.h"
 #include "core/mHost.h"
+#include "platform/qt/qMnemonics.h"
 #include "platform/qt/qPlace.h"
 #include "platform/qt/qReportFile.h"
 #include "platform/qt/qSurface.h"
@@ -28,12 +29,6 @@ constexpr const char* Section = "fData03report";
 constexpr const char* TableKey = "IsTable";
 constexpr int32_t White = 0xFFFFFF;
 constexpr int TableWidth = 240;
-
-// Keys that the main window's menus have too: the window that is in front takes them.
-bool IsOwnKey(const QKeyEvent& Event)
-{
-    return Event.matches(QKeySequence::Save) || Event.matches(QKeySequence::Print);
-}
 } // namespace
 
 fData03report::fData03report() : picGraph(new qSurface(this)), picTable(new QScrollArea(this))
@@ -64,6 +59,8 @@ fData03report::fData03report() : picGraph(new qSurface(this)), picTable(new QScr
     Layout->addWidget(Head);
     Layout->addWidget(Split, 1);
     Layout->addWidget(Notes);
+    TakeKey(*this, QKeySequence::Save, [this] { Save(); });
+    TakeKey(*this, QKeySequence::Print, [this] { Print(); });
 }
 
 QMenuBar* fData03report::BuildMenus()
@@ -203,19 +200,9 @@ void fData03report::Save()
     if (!Path.empty() && WriteReportFile(Report, Path)) UpdateStatus("Saved: " + Path);
 }
 
-bool fData03report::event(QEvent* Event)
-{
-    if (Event->type() == QEvent::ShortcutOverride && IsOwnKey(*static_cast<QKeyEvent*>(Event))) Event->accept();
-    return QWidget::event(Event);
-}
-
 void fData03report::keyPressEvent(QKeyEvent* Event)
 {
-    if (Event->matches(QKeySequence::Save))
-        Save();
-    else if (Event->matches(QKeySequence::Print))
-        Print();
-    else if (Event->key() == Qt::Key_Escape)
+    if (Event->key() == Qt::Key_Escape)
         (parentWidget() ? parentWidget() : this)->close();
     else
         QWidget::keyPressEvent(Event);

@@ -24,7 +24,6 @@ public:
     bool PrintOn(QPrinter& Printer);
 
 protected:
-    bool event(QEvent* Event) override;
     void keyPressEvent(QKeyEvent* Event) override;
     void closeEvent(QCloseEvent* Event) override;
 

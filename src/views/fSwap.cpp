@@ -16,7 +16,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QShortcut>
 #include <QVBoxLayout>
 
 namespace {
@@ -46,8 +45,8 @@ fSwap::fSwap() : lbOutput(new QLabel(this))
     Layout->addLayout(BuildButtons());
     Layout->addWidget(lbOutput);
     Layout->addStretch();
-    connect(new QShortcut(QKeySequence::Undo, this), &QShortcut::activated, this, [this] { Undo(); });
-    connect(new QShortcut(QKeySequence::Save, this), &QShortcut::activated, this, [this] { Save(); });
+    TakeKey(*this, QKeySequence::Undo, [this] { Undo(); });
+    TakeKey(*this, QKeySequence::Save, [this] { Save(); });
     TakeMnemonics(*this);
     setFocusProxy(txtWhat);
 }

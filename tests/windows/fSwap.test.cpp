@@ -60,7 +60,8 @@ TEST_CASE_FIXTURE(ShellState, "a correction is typed in, undone, kept from being
     CHECK(gCurFile == Folder.Path("s.txt"));
     CHECK(!Main.close());
     CHECK(Dialogs.Told.size() == 3);
-    Click("cmdSave");
+    QTest::keyClick(&Find<QWidget>("cmdOffset"), Qt::Key_S, Qt::ControlModifier); // a key of the File menu, too
+    CHECK(Find<QLabel>("lbOutput").text().startsWith("Saved: "));
     CHECK(std::filesystem::file_size(Folder.Path("s.bak")) == 6);
     CHECK(std::filesystem::file_size(gCurFile) > 1000);
     QTest::keyClick(&Find<QWidget>("fSwap"), Qt::Key_Escape);

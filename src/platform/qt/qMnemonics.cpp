@@ -1,10 +1,12 @@
-// A filter of the window's keys that looks for a control before menus see them.
+// Filters of a window's keys that look for a control or a command before menus see them.
 #include "platform/qt/qMnemonics.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
+
+#include <utility>
 
 namespace {
 // A key that is not left to the menus goes to the widget with the keyboard, where a text box would write it: so the
@@ -48,9 +50,36 @@ private:
             Control.setFocus(Qt::ShortcutFocusReason);
     }
 };
+
+class KeyTaker : public QObject
+{
+public:
+    KeyTaker(QWidget& Window, QKeySequence::StandardKey OfKey, std::function<void()> AtKey)
+        : QObject(&Window), Key(OfKey), Action(std::move(AtKey))
+    {
+    }
+
+    bool eventFilter(QObject*, QEvent* Event) override
+    {
+        if (Event->type() != QEvent::ShortcutOverride && Event->type() != QEvent::KeyPress) return false;
+        if (!static_cast<const QKeyEvent&>(*Event).matches(Key)) return false;
+        Event->accept();
+        if (Event->type() == QEvent::KeyPress) Action();
+        return true;
+    }
+
+private:
+    QKeySequence::StandardKey Key;
+    std::function<void()> Action;
+};
 } // namespace
 
 void TakeMnemonics(QWidget& Window)
 {
     Window.installEventFilter(new qMnemonics(Window));
+}
+
+void TakeKey(QWidget& Window, QKeySequence::StandardKey Key, std::function<void()> Action)
+{
+    Window.installEventFilter(new KeyTaker(Window, Key, std::move(Action)));
 }
