@@ -158,7 +158,7 @@ void cReZero::TakeZero(ReZeroRow& Row, double Count)
 {
     const double Q1 = mCalibrMode ? gAutoCalQ1 : gFile.Calibr[Row.Chan].Q1;
     Row.LogZero = Count;
-    Row.NewQ0 = -Q1 * Count;
+    Row.NewQ0 = 0 - Q1 * Count; // a minus alone would give a count of 0 a zero with a sign
     Row.IsZeroed = true;
     mGainTyped = false;
     Row.LZeroText = FormatNum(Row.LogZero, "0.0");

@@ -110,6 +110,7 @@ QLayout* fDoReZero::BuildRows()
             Box->setMinimumWidth(fontMetrics().horizontalAdvance("-0000.000000"));
             Box->setMaximumWidth(fontMetrics().horizontalAdvance("-0000000000.000000"));
             Box->setToolTip(Shape.Tip);
+            Box->installEventFilter(this);
             TakeDecimalComma(*Box);
             if (i == 0 && Shape.FirstColour)
                 Box->setStyleSheet(QString("QLineEdit:enabled { color: %1 }").arg(Shape.FirstColour));
@@ -254,11 +255,17 @@ void fDoReZero::SaveData()
     ShowState();
 }
 
-// A space typed by chance must not press a button.
+// A space typed by chance must not press a button, and in a box for numbers the commands' letters are no text.
 bool fDoReZero::eventFilter(QObject* Watched, QEvent* Event)
 {
     const bool IsKey = Event->type() == QEvent::KeyPress || Event->type() == QEvent::KeyRelease;
-    if (IsKey && static_cast<QKeyEvent*>(Event)->key() == Qt::Key_Space) return true;
+    auto* const Key = IsKey ? static_cast<QKeyEvent*>(Event) : nullptr;
+    if (Key && Key->key() == Qt::Key_Space) return true;
+    const bool IsLetter = Key && (Key->key() == Qt::Key_A || Key->key() == Qt::Key_O || Key->key() == Qt::Key_S);
+    if (IsLetter && !(Key->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))) {
+        if (Event->type() == QEvent::KeyPress) keyPressEvent(Key);
+        return true;
+    }
     return qDataWindow::eventFilter(Watched, Event);
 }
 

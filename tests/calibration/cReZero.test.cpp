@@ -118,6 +118,11 @@ TEST_CASE_FIXTURE(Session, "unsaved zeros are asked for, a typed gain counts at 
     CHECK(Dialogs.Told.back() == "Warning!: Are you sure to discard changes?");
     CHECK(gFile.Calibr[2].Q1 == 0.25);
     CHECK(gFile.Calibr[2].Q0 == -50);
+    gData[1] = 0;
+    Zeros.DrawData();
+    REQUIRE(Zeros.ReZero());
+    CHECK(Zeros.Rows()[0].NewQ0Text == "00.0000"); // a zero has no sign
+    CHECK(Zeros.ChooseGroup(0));
     gFile.Calibr[1].Q0 = -70; // calibrated meanwhile
     Zeros.Store();
     CHECK(gFile.Calibr[1].Q0 == -70);

@@ -34,7 +34,10 @@ TEST_CASE_FIXTURE(ShellState,
     CHECK(Find<QLineEdit>("txtNames_1").text() == "H2");
     CHECK(Find<QLineEdit>("txtNames_1").isVisible());
     CHECK(!Find<QLineEdit>("txtNames_2").isVisible());
-    QTest::keyClick(&Find<QWidget>("fDoReZero"), Qt::Key_A);
+    Find<QLineEdit>("txtQ1_0").setFocus();
+    QTest::keyClick(&Find<QWidget>("txtQ1_0"), Qt::Key_A); // a command there too, not a letter of the gain
+    CHECK(gFile.Calibr[1].Q1 == 0.1);
+    CHECK(Find<QLabel>("lbState").text().startsWith("No data are coming yet."));
     gData[1] = 800;
     gData[2] = 1200;
     DrawDataWindows();
