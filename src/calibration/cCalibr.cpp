@@ -99,6 +99,14 @@ bool cCalibr::HasChannel() const
     return false;
 }
 
+bool cCalibr::HasCalibrator() const
+{
+    if (!gAutoCalibr || (gAutoCalCh >= 1 && gAutoCalCh <= LastDataChan)) return true;
+    MsgBox("There is no automatic calibrator: calibrate a channel and press \"Set as Auto-Calibr\" first.",
+           TitleInformation);
+    return false;
+}
+
 // A lever of 0 would make every physical value 0.
 bool cCalibr::HasLever() const
 {
@@ -117,9 +125,11 @@ void cCalibr::SetBox(eCalBox Index, const std::string& Text)
 void cCalibr::SetFlag(eCalFlag Index, bool On)
 {
     FlagOf(Index) = On ? 1 : 0;
-    if (Index == FlagXisLog || Index == FlagAutoAxes) return SetCalGr();
+    if (Index == FlagXisLog || Index == FlagAutoAxes) return TakeAxes();
     mAutoRun = false;
-    if (mTaking) TakeMode();
+    if (!mTaking) return;
+    TakeMode();
+    mTaking = HasCalibrator() && HasLever();
 }
 
 void cCalibr::SetApprox(eApprox Mode)
@@ -163,14 +173,9 @@ bool cCalibr::StartData()
     if (mChan != Former) AskForPointsOf(Former);
     mTaking = mHasFrame = false;
     mSensID = Row()->SensorID;
-    SetCalGr();
+    TakeAxes();
     TakeMode();
-    if (gAutoCalibr && (gAutoCalCh < 1 || gAutoCalCh > LastDataChan)) {
-        MsgBox("There is no automatic calibrator: calibrate a channel and press \"Set as Auto-Calibr\" first.",
-               TitleInformation);
-        return false;
-    }
-    return mTaking = HasLever();
+    return mTaking = HasCalibrator() && HasLever();
 }
 
 // Points of two channels would give a line of neither.

@@ -175,6 +175,7 @@ public:
 private:
     CalibrRow* Row() const;
     bool HasChannel() const;
+    bool HasCalibrator() const;
     bool HasLever() const;
     bool HasFileName() const;
     bool FitsUse() const;
@@ -185,6 +186,7 @@ private:
     void Analyse0();
     void ShowLine();
     void ShowExtremes();
+    void TakeAxes();
     void ReCalculate();
     void RememberPoints();
     void AskReading();
@@ -205,13 +207,12 @@ private:
     CalPoints mPoints;
     std::size_t mPntCnt = 0; // points that are stored in a file: of those loaded, all but the last
     CalSums mSums;
-    CalRange mExtremes; // of all points taken, dropped ones included
+    CalRange mExtremes; // of all points taken since TakeAxes, dropped ones included
     CalRange mAxes;
     CalLine mLine;
     CalAnalysis mAnalysis; // the last one that came to something
     eApprox mAnalysedFor = ApproxLinear;
     bool mIsOutdated = false; // points came after it
-    double mThreshold = 0;
     bool mModified = false;
     bool mAutoRun = false;
     bool mTaking = false;

@@ -109,6 +109,13 @@ void cCalibr::SetCalGr()
     if (mAxes.MaxP <= mAxes.MinP) Widen(mAxes.MinP, mAxes.MaxP, 0);
 }
 
+// With automatic axes the extremes begin anew with the points that are there.
+void cCalibr::TakeAxes()
+{
+    if (fAutoAxes && !mPoints.empty()) mExtremes = FindMinMax(mPoints);
+    SetCalGr();
+}
+
 void cCalibr::Analyse0()
 {
     constexpr int Digits = 15;
@@ -117,7 +124,6 @@ void cCalibr::Analyse0()
 
 bool cCalibr::AnalyseArr()
 {
-    mThreshold = Val(mBoxes[BoxThreshold]);
     mHint.clear();
     if (fApproxMode == ApproxAbsolute || fApproxMode == ApproxRefTable) {
         mHint = fApproxMode == ApproxAbsolute ? "Absolute takes the line: there is nothing to analyse."

@@ -43,6 +43,7 @@ bool cCalibr::SetAutoCal()
     gAutoCalCh = static_cast<int16_t>(Typed);
     gAutoCalQ0 = Val(mBoxes[BoxQ0]);
     gAutoCalQ1 = Val(mBoxes[BoxQ1]);
+    if (gAutoCalibr) mTaking = mAutoRun = false; // the factors in use are those of the former one
     if (!WriteIni()) return false;
     UpdateStatus("Channel " + FormatNum(gAutoCalCh, "0") + " is the automatic calibrator, in place of " + Former);
     return true;
@@ -82,6 +83,8 @@ bool cCalibr::StoreAnd(const std::function<bool()>& Write)
     mHint.clear();
     if (Store()) {
         AskReading();
+        if (fApproxMode == ApproxAbsolute && Row()->ProcMode == ApproxAbsolute)
+            Row()->Threshold = Val(mBoxes[BoxThreshold]);
         if (Write()) return true;
         mHint = "The session was not saved and is as it was. Save again once its folder can be written.";
     }
@@ -165,7 +168,7 @@ bool cCalibr::Store()
     if (mAnalysis.IsDone) {
         Channel.ProcMode = fApproxMode;
         // With a reference table it is the table's number.
-        if (fApproxMode != ApproxRefTable) Channel.Threshold = mThreshold;
+        if (fApproxMode != ApproxRefTable) Channel.Threshold = Val(mBoxes[BoxThreshold]);
         std::tie(Channel.Qup0, Channel.Qup1, Channel.Qup2) = std::tuple_cat(mAnalysis.Up.Q);
         std::tie(Channel.Qdn0, Channel.Qdn1, Channel.Qdn2) = std::tuple_cat(mAnalysis.Down.Q);
         Channel.Rup = mAnalysis.Up.R;
@@ -287,7 +290,7 @@ bool cCalibr::LoadRawCalData(const std::string& Path)
     ShowLine();
     mPoints = std::move(Data->Points);
     mPntCnt = mPoints.empty() ? 0 : mPoints.size() - 1;
-    SetCalGr();
+    TakeAxes();
     if (!mPoints.empty()) ReCalculate();
     return true;
 }

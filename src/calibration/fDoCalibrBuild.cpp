@@ -59,9 +59,10 @@ constexpr CommandShape CommandShapes[] = {
     {"&Undo", "Brings back the points that were deleted, dropped or replaced last"},
 };
 
-QLabel* Caption(const QString& Text, QWidget* Buddy)
+QLabel* Caption(const QString& Text, int Index, QWidget* Parent, QWidget* Buddy = nullptr)
 {
-    auto* Label = new QLabel(Text, Buddy->parentWidget());
+    auto* Label = new QLabel(Text, Parent);
+    Label->setObjectName(QString("LabArr1_%1").arg(Index));
     Label->setBuddy(Buddy);
     Label->setMinimumWidth(Label->sizeHint().width());
     return Label;
@@ -116,8 +117,7 @@ void fDoCalibr::AddBox(QGridLayout& Grid, int Index, int Row, int Column)
 {
     const BoxShape& Shape = BoxShapes[Index];
     QLineEdit* Box = AddText(qPrintable(QString("TBoxArr_%1").arg(Index)), {}, Shape.Tip);
-    QLabel* Label = Caption(Shape.Caption, Box);
-    Label->setObjectName(QString("LabArr1_%1").arg(Index));
+    QLabel* Label = Caption(Shape.Caption, Index, this, Box);
     if (Column == 0) Box->setMinimumWidth(fontMetrics().horizontalAdvance("-00.000000000"));
     Box->setReadOnly(!Shape.IsTyped);
     if (!Shape.IsTyped) Box->setFocusPolicy(Qt::NoFocus);
@@ -141,7 +141,7 @@ QLayout* fDoCalibr::BuildBoxes()
     constexpr int MostLetters = 30; // that the channel table keeps
     txtSensID->setMaxLength(MostLetters);
     connect(txtSensID, &QLineEdit::textEdited, this, [this](const QString& Text) { Calibr.SetSensID(Plain(Text)); });
-    Grid->addWidget(Caption("Sensor ID", txtSensID), CalBoxCnt - Rows, 2);
+    Grid->addWidget(Caption("Sensor ID", 11, this, txtSensID), CalBoxCnt - Rows, 2);
     Grid->addWidget(txtSensID, CalBoxCnt - Rows, 3);
     Grid->setRowStretch(Rows, 1);
     return Grid;
@@ -211,12 +211,12 @@ QLayout* fDoCalibr::BuildRanges()
     QLineEdit* LinMax = AddText("txtLinMax", "30", "Upper end of the straight range: a note, no command reads it");
     connect(txtArrMin, &QLineEdit::textEdited, this, [this](const QString& Text) { Calibr.SetArrMin(Plain(Text)); });
     connect(txtArrMax, &QLineEdit::textEdited, this, [this](const QString& Text) { Calibr.SetArrMax(Plain(Text)); });
-    Grid->addWidget(new QLabel("Min", this), 0, 1, Qt::AlignCenter);
-    Grid->addWidget(new QLabel("Max", this), 0, 2, Qt::AlignCenter);
-    Grid->addWidget(Caption("All", txtArrMin), 1, 0);
+    Grid->addWidget(Caption("Min", 12, this), 0, 1, Qt::AlignCenter);
+    Grid->addWidget(Caption("Max", 13, this), 0, 2, Qt::AlignCenter);
+    Grid->addWidget(Caption("All", 14, this, txtArrMin), 1, 0);
     Grid->addWidget(txtArrMin, 1, 1);
     Grid->addWidget(txtArrMax, 1, 2);
-    Grid->addWidget(Caption("Lin", LinMin), 2, 0);
+    Grid->addWidget(Caption("Lin", 15, this, LinMin), 2, 0);
     Grid->addWidget(LinMin, 2, 1);
     Grid->addWidget(LinMax, 2, 2);
     txtAnalys = new QPlainTextEdit(this);

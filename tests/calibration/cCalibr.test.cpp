@@ -176,6 +176,33 @@ TEST_CASE_FIXTURE(Bench, "the calibrator made last for a channel gives the value
         gLinkWatch.Opened("link", 0);
     }
     CHECK(Work.Points() == CalPoints{{700, 100}, {700, 100}});
+    gAppDir = Folder.Path("");
+    Start("2");
+    Work.Space();
+    Work.SetBox(BoxQ1, "0.5");
+    REQUIRE(Work.SetAutoCal()); // its factors count from the next start on
+    gData[2] = 800;
+    CHECK_FALSE(Work.DrawData());
+}
+
+TEST_CASE_FIXTURE(Bench, "without a calibrator or a lever nothing is taken, though automatic is chosen while data come")
+{
+    for (const int16_t Calibrator : {int16_t{0}, int16_t{3}, int16_t{3000}}) {
+        Work.SetFlag(FlagAutomatic, false);
+        gAutoCalCh = Calibrator;
+        Start("2");
+        CHECK(Point(700, 5));
+        const std::size_t Count = Work.Points().size();
+        Work.SetFlag(FlagTorque, Calibrator == 3);
+        Work.SetBox(BoxPhys, "0");
+        Work.SetFlag(FlagAutomatic, true);
+        Work.Space();
+        gData = {99, 1, 700, 120};
+        CHECK_FALSE(Work.DrawData());
+        CHECK_FALSE(Work.PutDataPoint());
+        CHECK(Work.Points().size() == Count);
+    }
+    CHECK(Dialogs.Told.size() == 3);
 }
 
 TEST_CASE("curves are those of least squares through the points that count, and too few change nothing")
@@ -224,8 +251,8 @@ TEST_CASE_FIXTURE(Bench, "saved points come back one by one, the session takes w
     for (int i = 0; i < 12; ++i)
         CHECK(Point(1000 + 250 * i, -3.25 + 8.5 * i + 0.01 * i * i));
     Work.SetApprox(ApproxOneLine);
-    Work.SetBox(BoxThreshold, "12.5");
     REQUIRE(Work.AnalyseArr());
+    Work.SetBox(BoxThreshold, "12.5");
     Work.SetBox(BoxQ0, "-40");
     for (int Times = 0; Times < 3; ++Times)
         REQUIRE(Work.Save());
@@ -250,6 +277,10 @@ TEST_CASE_FIXTURE(Bench, "saved points come back one by one, the session takes w
     REQUIRE(Work.SaveRawCalData(Folder.Path("again.xcl"))); // a loaded file's last point is not stored again
     REQUIRE(Work.LoadRawCalData(Folder.Path("again.xcl")));
     CHECK(Work.Points().size() == 11);
+    Load("other.xcl", {{10, 2}, {20, 4}}); // with extremes of its own
+    CHECK(Work.Box(BoxMinP) == "2.00");
+    CHECK(Work.Box(BoxMaxP) == "4.00");
+    REQUIRE(Work.LoadRawCalData(Folder.Path("again.xcl")));
     REQUIRE(SaveWhole(Folder.Path("other.xcl"), "Raw Data\r\n"));
     CHECK_FALSE(Work.LoadRawCalData(Folder.Path("other.xcl")));
     CHECK(Dialogs.Told.back() == "Error: " + Folder.Path("other.xcl") + " is not a Calibration Data File.");
