@@ -7,6 +7,7 @@
 #include "files/mTextIO.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace {
@@ -68,14 +69,18 @@ std::string cSwap::Times() const
 
 std::string cSwap::OffScale(char Kind, double Number)
 {
+    bool IsTooLarge = false;
     RowArray<DataRow> Data = OnSamples(Count, [&](const std::string& Sample, RowArray<DataRow>& Rows) {
         const int P = GetVarPos(Rows, Sample, What);
         for (int j = 0; P > 0 && j <= LastValue; ++j) {
             double& Value = At(Rows[P].Values, j);
-            Value = Kind == 'S' ? Number * Value : Number + Value;
+            const double Corrected = Kind == 'S' ? Number * Value : Number + Value;
+            IsTooLarge = IsTooLarge || (std::isfinite(Value) && !std::isfinite(Corrected));
+            Value = Corrected;
         }
         return P > 0;
     });
+    if (IsTooLarge) return FormatGeneral(Number, 15) + " takes " + What + " beyond all numbers: nothing was changed.";
     Commit({gFile.Calibr, std::move(Data)});
     return What + (Kind == 'S' ? " was scaled " : " was offsetted ") + FormatGeneral(Number, 15) + " " + Times();
 }

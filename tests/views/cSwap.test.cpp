@@ -87,6 +87,8 @@ TEST_CASE_FIXTURE(FreshState, "each correction touches the rows it should, leave
     }
     cSwap Swap;
     Swap.What = "H1";
+    CHECK(Swap.OffScale('S', 1e308).ends_with(" takes H1 beyond all numbers: nothing was changed."));
+    CHECK(State() == Before);
     Swap.OffScale('S', 3);
     gFile.Data.Grow().SampleID = "recorded since";
     CHECK_FALSE(Swap.Undo());

@@ -93,6 +93,7 @@ TEST_CASE_FIXTURE(ShellState, "the sample chooser shows each sample's strokes an
     CHECK(Picture->Grab() != Second);
     QTest::keyClick(List, Qt::Key_Up);
     CHECK(Picture->Grab() == Second);
+    Picture->Line(10, 20, HUGE_VAL, std::nan("")); // what a session with such values asks for
     QTest::keyClick(List, Qt::Key_Return);
     CHECK(Chosen == 2);
     CHECK(gChosenSample == 2);

@@ -73,11 +73,14 @@ QPainter& qSurface::Brush()
     return Painter;
 }
 
-// The line's width and half a pixel of rounding stand out on every side.
+// The line's width and half a pixel of rounding stand out on every side. What has no place, as a curve through values
+// beyond all numbers, may have touched anything.
 void qSurface::Changed(const QRectF& Place)
 {
-    const int Margin = static_cast<int>(std::ceil(Pencil.PenWidth())) + 1;
-    Dirty |= Place.toAlignedRect().adjusted(-Margin, -Margin, Margin, Margin) & rect();
+    const double Margin = std::ceil(Pencil.PenWidth()) + 1;
+    const bool IsFinite = std::isfinite(Place.x() + Place.y() + Place.width() + Place.height());
+    const QRectF Seen = Place.adjusted(-Margin, -Margin, Margin, Margin) & QRectF(rect());
+    Dirty |= IsFinite ? Seen.toAlignedRect() : rect();
     if (!Refresh.isActive()) Refresh.start(RefreshDelay());
 }
 
