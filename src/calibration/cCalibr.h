@@ -178,6 +178,7 @@ private:
     bool HasCalibrator() const;
     bool HasLever() const;
     bool HasFileName() const;
+    void TrimSensID();
     bool FitsUse() const;
     std::string Reading() const;
     std::string CountText() const;

@@ -1,6 +1,7 @@
 // Where the workbench keeps its results: the session, the ini file, raw calibration files and reference tables.
 #include "calibration/cCalibr.h"
 #include "calibration/mRefBuild.h"
+#include "core/mFields.h"
 #include "core/mHost.h"
 #include "core/mIni.h"
 #include "core/mNumText.h"
@@ -100,6 +101,12 @@ bool cCalibr::HasFileName() const
     return false;
 }
 
+// The session keeps no blanks around it, and finds a table by what it keeps.
+void cCalibr::TrimSensID()
+{
+    StoreText(mSensID, {FieldForm::Trimmed}, std::string(mSensID));
+}
+
 std::string cCalibr::Reading() const
 {
     const int16_t Mode = Row()->ProcMode;
@@ -154,6 +161,7 @@ void cCalibr::AskReading()
 bool cCalibr::Store()
 {
     if (!HasChannel() || !FitsUse()) return false;
+    TrimSensID();
     const CalLine Typed{Val(mBoxes[BoxQ0]), Val(mBoxes[BoxQ1]), Val(mBoxes[BoxR2])};
     if (Typed.Q1 == 0 && !AskYesNo("The slope Q1 is 0: every count of the channel would give the same value. Do you "
                                    "want to save it nevertheless?",
@@ -190,6 +198,7 @@ bool cCalibr::MakeRefTable(RefTable& Table)
 {
     const double Min = Val(mArrMin), Max = Val(mArrMax);
     if (!HasChannel()) return false;
+    TrimSensID();
     if (!(Min < Max) || mSensID.empty()) {
         MsgBox("A reference table needs a sensor identifier and a range whose Min is below its Max.", TitleInformation);
         return false;

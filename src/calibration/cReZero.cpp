@@ -266,9 +266,11 @@ bool cReZero::SaveData()
     const bool IsSaved =
         mCalibrMode ? WriteIni() : BackupFile(gCurFile) && WriteDataFile(gCurFile, gFile, SectionFilter::Any);
     mSaved = IsSaved;
-    if (IsSaved)
+    if (IsSaved) {
         mDirty = mGainTyped = false;
-    else if (mCalibrMode)
+        for (ReZeroRow& Row : mRows)
+            Row.IsZeroed = false;
+    } else if (mCalibrMode)
         gAutoCalQ0 = FormerQ0;
     else {
         gFile.Calibr = Former;

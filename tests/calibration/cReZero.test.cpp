@@ -88,6 +88,11 @@ TEST_CASE_FIXTURE(Session, "the present counts of a group become its zeros, in t
     REQUIRE(Zeros.SaveData());
     CHECK_FALSE(Zeros.IsDirty());
     CHECK(ReadWhole(Folder.Path("s.bak")).has_value());
+    gFile.Calibr[1].Q0 = -70; // calibrated since
+    REQUIRE(Zeros.SaveData());
+    CHECK(gFile.Calibr[1].Q0 == -70);
+    gFile.Calibr[1].Q0 = -60;
+    REQUIRE(Zeros.SaveData());
     gFile = DataFile{};
     REQUIRE(ReadDataFile(gCurFile, gFile, SectionFilter::Any));
     CHECK(Value(1, 120) == doctest::Approx(0));
