@@ -69,9 +69,16 @@ bool ProcessStrokes(int32_t Start, int16_t MaxCnt)
     double PrevT = FirstT;
     double CycleTime = 0;
     int Done = 0;
+    std::string Cut;
     ResetNorm(1);
     while (DetectCycle(Cur, Stop, CycleTime) && Done < MaxCnt) {
         AddStroke(PrevSample, PrevT, CycleTime, 1);
+        if (gFile.ChanCnt > 0 && gNormCnt1(NormSteps, 1) == 0) {
+            Cut = " The one that begins at " + FormatNum(PrevT, "0.0") +
+                  " s lies too near to the end of the recording to be brought to 51 points.";
+            ResetNorm(1);
+            break;
+        }
         gTestTime = CycleTime - FirstT;
         FinishNorm(1);
         SaveNormSample(1, "Stroke ");
@@ -85,6 +92,6 @@ bool ProcessStrokes(int32_t Start, int16_t MaxCnt)
     }
     const bool HasCycles = CycleStats(Start, Stop);
     Before.Finish();
-    MsgBox(FormatNum(Done, "0") + " strokes processed.", TitleInformation);
+    MsgBox(FormatNum(Done, "0") + " strokes processed." + Cut, TitleInformation);
     return HasCycles;
 }

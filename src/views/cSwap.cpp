@@ -8,6 +8,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
+#include <optional>
 #include <utility>
 
 namespace {
@@ -34,9 +36,12 @@ RowArray<DataRow> OnSamples(int16_t& Count, const Work& Correct)
     return Data;
 }
 
-int16_t SeatNumber(const std::string& Text)
+std::optional<int16_t> SeatNumber(const std::string& Text)
 {
-    return ToInt16(static_cast<int64_t>(std::clamp(RoundHalfEven(Val(Text)), -1e6, 1e6)));
+    const double Number = RoundHalfEven(Val(Text));
+    using Limits = std::numeric_limits<int16_t>;
+    if (!(Number >= Limits::min() && Number <= Limits::max())) return {};
+    return static_cast<int16_t>(Number);
 }
 
 template <class Row>
@@ -87,7 +92,9 @@ std::string cSwap::OffScale(char Kind, double Number)
 
 std::string cSwap::Swap()
 {
-    const int16_t A = SeatNumber(What), B = SeatNumber(With);
+    const auto SeatA = SeatNumber(What), SeatB = SeatNumber(With);
+    if (!SeatA || !SeatB) return "There is no seat " + (SeatA ? With : What) + ": nothing was changed.";
+    const int16_t A = *SeatA, B = *SeatB;
     RowArray<CalibrRow> Calibr = gFile.Calibr;
     RowArray<DataRow> Data = gFile.Data;
     Count = ToInt16(SwapSeats(Calibr, A, B) + SwapSeats(Data, A, B));

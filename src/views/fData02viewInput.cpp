@@ -4,6 +4,7 @@
 #include "views/fData02view.h"
 
 #include <QLabel>
+#include <QPushButton>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -112,7 +113,9 @@ void fData02view::keyPressEvent(QKeyEvent* Event)
         ShowCursor();
         return Show();
     }
-    if (Event->matches(QKeySequence::SelectAll)) return Run("Selection", &fData02view::SelAllStrokes);
+    // As the buttons, which are grey when there is nothing for them to do.
+    const auto Press = [this](const char* Button) { findChild<QPushButton*>(Button)->click(); };
+    if (Event->matches(QKeySequence::SelectAll)) return Press("cmdSelAll");
     switch (Event->key()) {
     case Qt::Key_Left:
         return Move(-ArrowStep);
@@ -129,13 +132,13 @@ void fData02view::keyPressEvent(QKeyEvent* Event)
         View.ScrollToEnd();
         return Show();
     case Qt::Key_O:
-        return Run("Zoom", &fData02view::ZoomOut);
+        return Press("CmdArr_2");
     case Qt::Key_I:
-        return Run("Zoom", &fData02view::ZoomIn);
+        return Press("CmdArr_3");
     case Qt::Key_X:
-        return Run("Export", &fData02view::Export);
+        return Press("CmdArr_1");
     case Qt::Key_Delete:
-        return Run("Delete", &fData02view::Delete);
+        return Press("CmdArr_7");
     case Qt::Key_Return:
     case Qt::Key_Enter:
         if (IsEdited) Run("Save Data", &fData02view::SaveData);

@@ -12,6 +12,7 @@
 #include "processing/mSample.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace {
 bool WriteSession()
@@ -119,7 +120,8 @@ bool ProcStart(int32_t Start)
 {
     const std::string Answer = InputBox("Number of strokes to process:", "Input Data", "8");
     if (Answer.empty()) return false;
-    const auto Count = ToInt16(static_cast<int64_t>(std::clamp(RoundHalfEven(Val(Answer)), -1e6, 1e6)));
+    constexpr double All = std::numeric_limits<int16_t>::max();
+    const auto Count = static_cast<int16_t>(std::clamp(RoundHalfEven(Val(Answer)), 0.0, All));
     const int Before = gFile.Desc.UBound();
     ScanUpTo(Start);
     ProcessStrokes(Start, Count);
