@@ -42,6 +42,15 @@ bool StoreTable(cCalibr& Bench, const std::string& Out)
     return WriteRefTable((std::filesystem::path(Out).parent_path() / (Bench.SensID() + ".ref")).string(), Table);
 }
 
+// A line does not change how a channel is read.
+void TellUnused(const cCalibr& Bench)
+{
+    const int16_t Mode = gFile.Calibr[Bench.Chan()].ProcMode;
+    const bool IsByLine = Mode != ApproxOneLine && Mode != ApproxTwoLines && Mode != ApproxRefTable;
+    if (Bench.Approx() == ApproxLinear && !IsByLine)
+        MsgBox(Bench.Reading() + " and stays so: Q0 and Q1 are stored, but do not count for it.", TitleWarning);
+}
+
 bool IsNumber(const std::string& Text)
 {
     return LeadingNumber(Text) && Text.find_first_not_of("0123456789.+-eE") == std::string::npos;
@@ -65,6 +74,7 @@ bool DoCalibrate(const Args& Line)
     const bool IsStored =
         Bench.AnalyseArr() && Bench.Store() && (Line.Text("--apply", "") != "4" || StoreTable(Bench, Out));
     PrintAnalysis(Bench);
+    if (IsStored) TellUnused(Bench);
     return IsStored && SaveSession(Session, Out);
 }
 

@@ -150,6 +150,9 @@ public:
     /// Store, and writes the session behind a backup copy. False when that fails (told): the row is then as it was.
     bool SaveData();
 
+    /// How the channel is read, in words.
+    std::string Reading() const;
+
     /// What was saved last, and how the channel is read now.
     const std::string& SavedText() const { return mSavedText; }
 
@@ -180,7 +183,6 @@ private:
     bool HasFileName() const;
     void TrimSensID();
     bool FitsUse() const;
-    std::string Reading() const;
     std::string CountText() const;
     void ShowLimits();
     void TakeMode();

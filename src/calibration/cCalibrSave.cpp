@@ -197,7 +197,7 @@ bool cCalibr::WriteStored()
 bool cCalibr::MakeRefTable(RefTable& Table)
 {
     const double Min = Val(mArrMin), Max = Val(mArrMax);
-    if (!HasChannel()) return false;
+    if (!HasChannel() || !HasFileName()) return false;
     TrimSensID();
     if (!(Min < Max) || mSensID.empty()) {
         MsgBox("A reference table needs a sensor identifier and a range whose Min is below its Max.", TitleInformation);
@@ -231,7 +231,7 @@ void cCalibr::StoreRefTable() const
 bool cCalibr::CreateRefTable3()
 {
     RefTable Table;
-    if (!HasFileName() || !MakeRefTable(Table)) return false;
+    if (!MakeRefTable(Table)) return false;
     const std::string Path = gCurDir + mSensID + ".ref";
     std::error_code Error;
     if (std::filesystem::exists(Path, Error) &&

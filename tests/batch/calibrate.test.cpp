@@ -47,7 +47,12 @@ TEST_CASE("a channel is calibrated from a raw calibration file, and looked up")
     REQUIRE(Folder.Batch("lookup two.txt 3 1000 1000 500") == 0);
     CHECK(Folder.Out == "90\n91\n34.5\n"); // rising, standing, falling
 
+    REQUIRE(Folder.Batch("calibrate two.txt a.xcl --channel 3 --apply 0") == 0);
+    CHECK(Folder.Bytes("err.log").find("Channel 3 is read by two curves and stays so") != std::string::npos);
+
     REQUIRE(Folder.Batch("calibrate s.txt a.xcl --channel In4 --apply 4") == 2);
+    REQUIRE(Folder.Batch("calibrate s.txt a.xcl --channel 4 --apply 4 --min 20 --max 120 --sensor a/b") == 1);
+    CHECK(Folder.Bytes("err.log").find("cannot name a file") != std::string::npos);
     REQUIRE(Folder.Batch("calibrate s.txt a.xcl --channel 4 --apply 4 --min 20 --max 120 --out t/x.txt") == 1);
     std::filesystem::create_directory(Folder.Path("t"));
     Folder.Write("b.xcl", 400, 0);
