@@ -31,7 +31,8 @@ int32_t Unit(double X)
 
 std::string Minutes(double Seconds)
 {
-    return FormatNum(std::trunc(Seconds / 60), "0") + "m " + FormatNum(std::fmod(Seconds, 60), "0.0") + "s";
+    const double Tenths = RoundHalfEven(Seconds * 10); // before the minutes part: no 60.0 seconds
+    return FormatNum(std::trunc(Tenths / 600), "0") + "m " + FormatNum(std::fmod(Tenths, 600) / 10, "0.0") + "s";
 }
 
 double MaxSpeed()

@@ -210,7 +210,7 @@ bool cDataView::ShowDist()
         MsgBox("There is no distance without a channel \"Vs\", the boat's speed.", TitleInformation);
         return false;
     }
-    if (SelStop == 0) SelStop = LastSample();
+    EndSelection();
     gDist.assign(static_cast<std::size_t>(LastSample() + 1), 0);
     double Dist = 0;
     gDistStart = gDistStop = std::max(SelStart, 0);

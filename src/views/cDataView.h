@@ -58,6 +58,12 @@ public:
     /// Whether a stretch is selected.
     bool HasSelection() const { return SelStart < SelStop; }
 
+    /// Ends a selection that has no end with the last sample.
+    void EndSelection()
+    {
+        if (SelStop == 0) SelStop = LastSample();
+    }
+
     // Zoom. Each gives whether anything changed; gXScale is a setting.
     static bool ZoomOut();
     static bool ZoomIn();

@@ -51,8 +51,8 @@ std::string NonZero(double X, const char* Pattern, const char* Unit)
 std::string Duration(double Seconds)
 {
     if (Seconds <= 0) return "";
-    const double Minutes = std::floor(Seconds / 60);
-    return FormatNum(Minutes, "0") + ":" + FormatNum(Seconds - 60 * Minutes, "00.0");
+    const double Tenths = RoundHalfEven(Seconds * 10); // before the minutes part: no 60.0 seconds
+    return FormatNum(std::floor(Tenths / 600), "0") + ":" + FormatNum(std::fmod(Tenths, 600) / 10, "00.0");
 }
 } // namespace
 

@@ -133,7 +133,7 @@ void fData02view::SaveData()
 {
     gDistInp = Val(Plain(txtInps[0]->text()));
     gTimeInp = Val(Plain(txtInps[1]->text()));
-    const bool HasRows = Data.HasStrokeTable() && Nav.HasSelection() && !View.HasSelection();
+    const bool HasRows = IsStrip() || (Data.HasStrokeTable() && Nav.HasSelection() && !View.HasSelection());
     const bool IsSaved =
         HasRows ? SaveRows(Nav.FirstRow, Nav.LastRow) : SaveFrames(View.SelStart, View.SelStop, Data.Map);
     if (!IsSaved) return;
@@ -143,6 +143,7 @@ void fData02view::SaveData()
 
 void fData02view::Export()
 {
+    if (cDataView::LastSample() < 1) return UpdateStatus("There are no samples to be exported.");
     if (!View.HasSelection()) {
         if (!AskOkCancel("The selection is not set. Do you want to export the whole sample?", TitleWarning)) return;
         View.SelStart = 0;
@@ -235,8 +236,7 @@ void fData02view::SelAllStrokes()
 
 void fData02view::ProcStrokes()
 {
-    int32_t Stop = View.SelStop;
-    if (ExportStrokes(View.SelStart, Stop)) UpdateStatus("The strokes are in " + StrokeLogFN);
+    if (ExportStrokes(View.SelStart, View.SelStop)) UpdateStatus("The strokes are in " + StrokeLogFN);
 }
 
 void fData02view::ProcAll()
@@ -248,6 +248,7 @@ void fData02view::ProcAll()
 
 void fData02view::ProcSelection()
 {
+    View.EndSelection();
     if (ProcSel(Data, Stretch())) UpdateStatus("Sample " + gFile.Desc[gFile.Desc.UBound()].SampleID + " is stored.");
 }
 
@@ -263,6 +264,7 @@ void fData02view::ProcessStart()
 
 void fData02view::Plot()
 {
+    View.EndSelection();
     if (PlotProc(View.SelStart, View.SelStop) && OnPlot) OnPlot(ReportTypical, 0, 0);
 }
 

@@ -75,6 +75,7 @@ std::array<std::string, 2> DistTexts(int32_t Start, int32_t Stop)
 
 std::optional<double> SelectionDist(int32_t Start, int32_t Stop)
 {
+    if (Stop == 0) Stop = gRaw.UBound();
     if (gDist.empty() || Start < gDistStart || Stop > gDistStop) return {};
     return At(gDist, Stop) - At(gDist, Start);
 }

@@ -26,5 +26,5 @@ bool FindAllStrokes(int32_t& Start, int32_t& Stop);
 /// The texts 7 and 8, distance and speed of a selection; empty where no distance band runs.
 std::array<std::string, 2> DistTexts(int32_t Start, int32_t Stop);
 
-/// Metres between two samples by gDist, nothing where it does not run.
+/// Metres between two samples by gDist, Stop 0 being the last one; nothing where it does not run.
 std::optional<double> SelectionDist(int32_t Start, int32_t Stop);

@@ -43,7 +43,7 @@ bool TellEmptyBand(int32_t Start, int32_t Stop)
 
 bool RunAndSave(const ViewData& Data, int32_t Start, int32_t Stop)
 {
-    // As in a program that has scanned nothing else: the same stretch gives the same sample here and in a batch.
+    // Whatever was scanned before, the same stretch gives the same sample.
     ScanUpTo(Start);
     if (!ProcessCycles(Start, Stop, 1)) return false;
     if (gProcRuns == 2 && !ProcessCycles(Start, Stop, 2)) return false;

@@ -144,6 +144,8 @@ TEST_CASE_FIXTURE(Outing, "strokes of a scanned recording are read with three on
     CHECK(Numbers() == "150 349 ");
     CHECK(Undo.Run());
     CHECK(gScanRows.UBound() == 6);
+    gScanRows[6].Time = gScanRows[1].Time + 119.97;
+    CHECK(cDataNav::RowText(6).starts_with("Stroke 6 at 2m 0.0s "));
 }
 
 TEST_CASE_FIXTURE(Outing, "a scan or a cut that is given up leaves everything as it was")

@@ -174,6 +174,21 @@ TEST_CASE_FIXTURE(
     }
 }
 
+TEST_CASE_FIXTURE(Recording, "a selection without an end runs to the last sample, and so does its distance")
+{
+    Choose("mnuViewRaw");
+    auto& View = Find<QWidget>("fData02view");
+    Click("CmdArr_4");
+    for (const char* Command : {"CmdArr_9", "CmdArr_8"}) {
+        for (int i = 0; i < 50; ++i)
+            QTest::keyClick(&View, Qt::Key_Right, Qt::ShiftModifier);
+        Click(Command);
+    }
+    Click("CmdArr_12");
+    REQUIRE(gFile.Desc.UBound() == 1);
+    CHECK(gFile.Desc[1].DistReal == doctest::Approx(5 * 0.02 * (Frames - 2 - 300)));
+}
+
 TEST_CASE_FIXTURE(Recording, "what is saved from a view with a gap is the frames that it shows, byte for byte")
 {
     Choose("mnuViewRaw");
