@@ -233,6 +233,11 @@ void StopReplay()
     gReplayFile.Close();
 }
 
+bool IsReplayOpen()
+{
+    return Timer1 != 0;
+}
+
 void StopAll()
 {
     if (gLogging) TakeRest();

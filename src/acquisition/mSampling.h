@@ -40,6 +40,9 @@ void SetReplayInterval(int Milliseconds);
 
 void StopReplay();
 
+/// Whether a raw file is played or held.
+bool IsReplayOpen();
+
 /// Closes whichever of the raw log, the replay file and the dump is open.
 void StopAll();
 

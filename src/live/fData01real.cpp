@@ -138,7 +138,7 @@ void fData01real::DrawData()
 // What a recording gave is as good while it is held.
 void fData01real::SetLive(bool Live)
 {
-    const bool IsGood = Live || gFromFile || IsTableSource(Mode);
+    const bool IsGood = Live || IsReplayOpen() || IsTableSource(Mode);
     Surface->setEnabled(IsGood);
     for (QLabel* Label : lbData)
         Label->setEnabled(IsGood);
@@ -168,7 +168,7 @@ void fData01real::Obey(eRowerWish Wish)
         return;
     case eRowerWish::ToggleReplay:
         // Without a file there is nothing to hold or to go on with.
-        if (gFromFile) gReplaying = !gReplaying;
+        if (IsReplayOpen()) gReplaying = !gReplaying;
         return;
     case eRowerWish::Close:
         return Unload();

@@ -79,8 +79,11 @@ TEST_CASE_FIXTURE(Panel, "strokes are counted on the labels, which are large and
     CHECK(Time.text().size() > 6);
     CHECK(QFontMetrics(Time.font()).horizontalAdvance(Time.text()) <= Time.width());
     CHECK(Plots().size() == Plot);
+    gFromFile = true; // a recording was scanned meanwhile
     Window().LoseFrames();
     CHECK(!Find<QLabel>("lbData_2").isEnabled());
+    QTest::keyClick(&Window(), Qt::Key_Space);
+    CHECK(!gReplaying);
 }
 
 TEST_CASE_FIXTURE(Panel, "targets that were edited show at the next opening, behind the curves")
