@@ -51,7 +51,7 @@ std::size_t qSocket::BytesReceived() const
 
 std::size_t qSocket::GetData(std::span<uint8_t> Bytes)
 {
-    if (Bytes.empty()) return 0;
+    if (Bytes.empty() || !Socket.isReadable()) return 0;
     const qint64 Taken = Socket.read(reinterpret_cast<char*>(Bytes.data()), static_cast<qint64>(Bytes.size()));
     return Taken > 0 ? static_cast<std::size_t>(Taken) : 0;
 }
