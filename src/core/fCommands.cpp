@@ -300,7 +300,8 @@ void PlayRawRower(frmMain& Main)
     if (!gReplaying) return;
     gReplaying = false; // held until the panel is there to be played on
     ShowRower(Main);
-    SetReplayInterval(static_cast<int>(RoundHalfEven(gDeltaT * 1000 / 10)));
+    constexpr int32_t Minute = 60000; // ms
+    SetReplayInterval(RoundWithin(gDeltaT * 1000 / 10, 1, Minute));
     gReplaying = true;
     TellPlaying(Path);
 }

@@ -94,6 +94,11 @@ double RoundHalfEven(double X)
     return std::nearbyint(X);
 }
 
+int32_t RoundWithin(double X, int32_t Low, int32_t High)
+{
+    return static_cast<int32_t>(RoundHalfEven(X > Low ? std::min<double>(X, High) : Low));
+}
+
 void AppendFixed(std::string& Line, double X, int Decimals, int Whole)
 {
     std::array<char, FixedRoom> Room;

@@ -9,6 +9,9 @@
 /// X rounded to a whole number, halves to the even one.
 double RoundHalfEven(double X);
 
+/// X rounded half to even and kept between Low and High; Low for what is no number.
+int32_t RoundWithin(double X, int32_t Low, int32_t High);
+
 /// X by a literal pattern: zeros ahead of the point are the least number of whole digits, zeros behind it the
 /// decimals ("00", "0.000"); "0." keeps its point; a "%" at the end shows X times 100. A tie goes to the even digit.
 std::string FormatNum(double X, std::string_view Pattern);

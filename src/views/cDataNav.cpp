@@ -26,7 +26,8 @@ constexpr int RateStep = 20;
 
 int32_t Unit(double X)
 {
-    return static_cast<int32_t>(RoundHalfEven(X));
+    constexpr int32_t Far = 100000; // beyond every screen
+    return RoundWithin(X, -Far, Far);
 }
 
 std::string Minutes(double Seconds)
@@ -55,7 +56,7 @@ int cDataNav::RowAt(double X) const
     const int Rows = gScanRows.UBound();
     if (Rows < 1) return 0;
     const double Width = std::max(Surface.Size().X - 2 * SideRoom, 1.0);
-    return std::clamp(1 + static_cast<int>(RoundHalfEven((X - SideRoom) / Width * (Rows - 1))), 1, Rows);
+    return RoundWithin(1 + (X - SideRoom) / Width * (Rows - 1), 1, Rows);
 }
 
 void cDataNav::Select(double X1, double X2)

@@ -28,11 +28,11 @@ constexpr double UnitRoom = 52;       // height from which a band shows its unit
 constexpr double NameRoom = 10;       // between the names of low bands
 constexpr double ScaleRoom = 34;      // height from which a band shows its scale
 constexpr double TimeRoom = 90;       // between the times below
-constexpr double Far = 100000;        // beyond every screen
+constexpr int32_t Far = 100000;       // beyond every screen
 
 int32_t Unit(double X)
 {
-    return static_cast<int32_t>(RoundHalfEven(std::clamp(X, -Far, Far)));
+    return RoundWithin(X, -Far, Far);
 }
 
 int32_t ColourOf(std::size_t Band)

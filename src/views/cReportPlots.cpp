@@ -75,7 +75,7 @@ std::vector<std::pair<std::string, int32_t>> Explained(const Plot& Each)
 std::pair<std::vector<double>, double> TicksY(const Plot& Each)
 {
     const double Low = Each.First().Row().MinYPar, High = Each.First().Row().MaxYPar;
-    const int Wanted = static_cast<int>(std::clamp(Each.Frame.Height() / 26, 1.0, 8.0));
+    const int Wanted = RoundWithin(std::trunc(Each.Frame.Height() / 26), 1, 8);
     return {Ticks(Low, High, Wanted), NiceStep(std::abs(High - Low), Wanted)};
 }
 
@@ -125,7 +125,7 @@ double ShownPer(const cData03report& Row)
 void DrawXScale(iSurface& Surface, const Plot& Each)
 {
     const cData03report& Row = Each.First();
-    const int Wanted = static_cast<int>(std::clamp(Each.Frame.Width() / 60, 1.0, 8.0));
+    const int Wanted = RoundWithin(std::trunc(Each.Frame.Width() / 60), 1, 8);
     const double Per = ShownPer(Row);
     const std::vector<double> Values = Ticks(Row.LeftValue() * Per, Row.RightValue() * Per, Wanted);
     const double Step = NiceStep(std::abs(Row.RightValue() - Row.LeftValue()) * Per, Wanted);

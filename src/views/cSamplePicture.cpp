@@ -35,7 +35,8 @@ Axis MakeAxis(double Low, double High, int Wanted, double From, double To)
 template <class Work>
 void ForTicks(const Axis& Scale, const Work& Draw)
 {
-    const auto Count = static_cast<int>(RoundHalfEven((Scale.High - Scale.Low) / Scale.Step));
+    constexpr int MostTicks = 100;
+    const int Count = RoundWithin((Scale.High - Scale.Low) / Scale.Step, 0, MostTicks);
     for (int i = 0; i <= Count; ++i)
         Draw(Scale.Low + i * Scale.Step);
 }

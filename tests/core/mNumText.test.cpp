@@ -46,6 +46,14 @@ TEST_CASE("the leading number of a text is read, words are none")
     CHECK(std::signbit(*LeadingNumber("-0.00")));
 }
 
+TEST_CASE("a rounded number stays between its limits, whatever it was")
+{
+    const std::tuple<double, int32_t> Cases[] = {{2.5, 2},   {3.5, 4},        {-7.4, -7},
+                                                 {1e300, 9}, {-HUGE_VAL, -9}, {std::nan(""), -9}};
+    for (const auto& [X, Whole] : Cases)
+        CHECK(RoundWithin(X, -9, 9) == Whole);
+}
+
 TEST_CASE("dates read back as they were written")
 {
     const std::pair<const char*, const char*> Cases[] = {

@@ -26,7 +26,8 @@ QRect Room(const QWidget& Moved)
 
 int Kept(const std::string& Section, const std::string& Key)
 {
-    return static_cast<int>(RoundHalfEven(Val(gHost.Settings->GetSetting(Section, Key).value_or("0"))));
+    constexpr int32_t Far = 1 << 20; // beyond every screen
+    return RoundWithin(Val(gHost.Settings->GetSetting(Section, Key).value_or("0")), -Far, Far);
 }
 } // namespace
 
