@@ -244,5 +244,5 @@ void fData01real::closeEvent(QCloseEvent* Event)
     Panel.Unload();
     if (WasLogging) StopAll();
     qDataWindow::closeEvent(Event);
-    if (WasLogging && Mode < 16 && OnRecorded) OnRecorded(gRawFN);
+    if (WasLogging && Mode < 16 && OnRecorded) OnRecorded(gLogFile.Path());
 }

@@ -52,6 +52,7 @@ bool fData02view::InitData(const std::string& FileName, int16_t Mode)
 void fData02view::Run(const char* What, Command Action)
 {
     const std::string Name = Plain(QString(What).remove('&'));
+    if (!Data.RawFN.empty()) gRawFN = Data.RawFN; // a recording that was started since has another
     Guard(Name, [&] {
         (this->*Action)();
         return true;

@@ -113,7 +113,7 @@ bool LoadView(const std::string& FileName, int16_t Mode, ViewData& Data)
     New.Caption = CaptionOf(New);
     if (!LoadKind(FileName, Mode, New)) return false;
     LoadSetting("StdFilter");
-    if (Mode != DataPrimary && Mode != DataTypical) gRawFN = FileName;
+    if (Mode != DataPrimary && Mode != DataTypical) New.RawFN = gRawFN = FileName;
     if (Mode == DataRaw || Mode == DataPrimary)
         New.DescIdx = FindDesc(gFile, New.FileName, Mode == DataRaw ? DescKey::RawFN : DescKey::PrimFN);
     if (New.DescIdx >= 1 && gFile.SampleCnt >= 1) {

@@ -27,6 +27,7 @@ struct ViewData
 {
     int16_t Mode = DataRaw;
     std::string FileName; // without folder
+    std::string RawFN;    // path of a recording, empty for other data
     std::string Caption;
     int DescIdx = -1;     // row of gFile.Desc of the file, below 1 when there is none
     std::string DistText; // distance and time of the sample, empty where there are none

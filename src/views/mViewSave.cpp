@@ -7,6 +7,7 @@
 #include "files/mBinIO.h"
 #include "files/mExport.h"
 #include "files/mQVN.h"
+#include "files/mRawLog.h"
 #include "files/mSafeSave.h"
 
 #include <algorithm>
@@ -18,11 +19,15 @@ double gTimeInp;
 namespace {
 constexpr const char* SaveTitle = "Save Raw Data as text";
 
-// The file to write, empty when cancelled. A piece never takes the place of the recording it is cut from (told).
+// The file to write, empty when cancelled. A piece never takes the place of the recording it is cut from, nor of one
+// that is running (told).
 std::string AskTarget(const char* Ext, const std::string& Proposed)
 {
     const std::string Path = ExecComDlg(SaveTitle, Ext, eFileMode::Out, Proposed);
     std::error_code Ignored;
+    const bool IsRunning = gLogging && std::filesystem::equivalent(Path, gLogFile.Path(), Ignored);
+    if (IsRunning) MsgBox("The recording is still running: " + Path, TitleError);
+    if (IsRunning) return {};
     if (Path.empty() || !std::filesystem::equivalent(Path, gRawFN, Ignored)) return Path;
     MsgBox("This is the recording itself: a piece of it would take its place. Choose another name. " + Path,
            TitleError);

@@ -6,6 +6,7 @@
 #include "views/mViewSave.h"
 
 #include "files/mQVN.h"
+#include "files/mRawLog.h"
 #include "platform/plain/sSurface.h"
 #include "support/Case.h"
 #include "support/Hex.h"
@@ -117,6 +118,12 @@ TEST_CASE_FIXTURE(Outing, "what was deleted comes back, and a save leaves out it
     CHECK(ReadWhole(Piece) == FramesFrom(98, 2) + FramesFrom(150, 2));
     CHECK_FALSE(SaveFrames(98, 101, Data.Map)); // a piece in the place of its own recording
     CHECK(ReadWhole(Raw)->size() == 3 + Frames * FrameSize);
+    const std::string Running = Folder.Path("running.qvn");
+    REQUIRE(OpenLog(Running, OldBytes::Kept));
+    Dialogs.Files = {Running};
+    CHECK_FALSE(SaveFrames(98, 101, Data.Map));
+    CHECK(Dialogs.Told.back() == "Error: The recording is still running: " + Running);
+    StopLog();
 }
 
 TEST_CASE_FIXTURE(Outing, "strokes of a scanned recording are read with three on either side, cut and trimmed")

@@ -196,6 +196,8 @@ TEST_CASE_FIXTURE(Recording, "what is saved from a view with a gap is the frames
     const std::size_t Size = Bytes.size() / Frames;
     ViewUndo Undo;
     Drag(0.2, 0.3);
+    gRawFN = Folder.Path("b.qvn"); // a recording is started meanwhile
+    REQUIRE(SaveWhole(gRawFN, std::string(Bytes.size(), '\0')));
     Click("CmdArr_7");
     CHECK(GapNote(0, gRaw.UBound()).starts_with("No samples for 0.8 s"));
     const int Gone = Frames - 2 - gRaw.UBound();
