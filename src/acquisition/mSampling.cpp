@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <utility>
 
 bool FrameSynced = false;
 bool gReplaying = false;
@@ -91,10 +92,10 @@ bool PassFrame(FrameRoad Road, ByteSource& Source)
     return Taken && PassFrame(Road, *Taken);
 }
 
-// A window that fails is told once; the recording goes on without it.
+// A window that fails is told once; the recording goes on without it, also while the message stands.
 void ShowFrame(const std::string& Text)
 {
-    if (!HasDrawFailed)
+    if (!std::exchange(HasDrawFailed, true))
         HasDrawFailed = !Guard("Showing the frame", [] {
             DrawDataWindows();
             return true;
@@ -189,6 +190,7 @@ void Timer1_Timer()
 {
     if (!gReplaying) return;
     if (gReplayFile.AtEnd()) {
+        if (IsAsking()) return; // windows close at the end: not the one whose work waits for the answer
         const bool IsEmpty = gFrameCnt == 0;
         StopAll();
         CloseDForms();

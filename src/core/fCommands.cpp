@@ -70,8 +70,7 @@ fCheckChans& ShowIndicators(frmMain& Main)
     return Check;
 }
 
-// What there is to tell of the targets is told ahead of the window: one that opens while a message stands may be closed
-// by the end of a replay.
+// What there is to tell of the targets is told ahead of the window.
 void ShowRower(frmMain& Main)
 {
     if (!FindOne<fData01real>()) {
@@ -198,7 +197,7 @@ std::string AutoReZero(frmMain& Main)
         Window->ChooseGroup(Group);
         Window->StartData();
         gHost.Clock->Wait(WaitMs);
-        if (!Window) return Names;
+        if (!Window || Window->Tag != DataTag) return Names; // closed in the meantime, though perhaps not gone yet
         cReZero& Zeros = Window->Zeros();
         const bool IsDone = Zeros.Rows().empty() || (Zeros.ReZero() && Zeros.SaveData());
         Window->ShowRows();

@@ -5,28 +5,50 @@
 
 Host gHost;
 
+namespace {
+int Standing = 0; // dialogs, one above the other
+
+struct Asking
+{
+    Asking() { ++Standing; }
+    ~Asking() { --Standing; }
+    Asking(const Asking&) = delete;
+    Asking& operator=(const Asking&) = delete;
+};
+} // namespace
+
+bool IsAsking()
+{
+    return Standing > 0;
+}
+
 void MsgBox(const std::string& Text, const std::string& Title)
 {
+    const Asking Here;
     gHost.Dialogs->MsgBox(Text, Title, eButtons::Ok);
 }
 
 bool AskYesNo(const std::string& Text, const std::string& Title)
 {
+    const Asking Here;
     return gHost.Dialogs->MsgBox(Text, Title, eButtons::YesNo) == eAnswer::Yes;
 }
 
 bool AskOkCancel(const std::string& Text, const std::string& Title)
 {
+    const Asking Here;
     return gHost.Dialogs->MsgBox(Text, Title, eButtons::OkCancel) == eAnswer::Yes;
 }
 
 std::string InputBox(const std::string& Prompt, const std::string& Title, const std::string& Proposed)
 {
+    const Asking Here;
     return gHost.Dialogs->InputBox(Prompt, Title, Proposed).value_or("");
 }
 
 std::string ExecComDlg(const std::string& Title, const std::string& Ext, eFileMode Mode, const std::string& Folder)
 {
+    const Asking Here;
     return gHost.Dialogs->ExecComDlg(Title, Ext, Mode, Folder).value_or("");
 }
 

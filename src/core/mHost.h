@@ -45,6 +45,9 @@ std::string InputBox(const std::string& Prompt, const std::string& Title, const 
 std::string ExecComDlg(const std::string& Title, const std::string& Ext, eFileMode Mode,
                        const std::string& Folder = "");
 
+/// Whether one of these stands and waits for its answer.
+bool IsAsking();
+
 /// Shows the running text in status panel 2.
 void UpdateStatus(const std::string& Text);
 

@@ -11,7 +11,6 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QPointer>
 #include <QScreen>
 #include <QVBoxLayout>
 
@@ -146,9 +145,7 @@ void fData01real::SetLive(bool Live)
 
 void fData01real::NewSession()
 {
-    const QPointer<fData01real> Alive(this); // a replay may end while a message stands, and close the panel
     InitTargets();
-    if (!Alive) return;
     Panel.Load(Mode);
     Panel.Resize();
     ShowLabels();
@@ -225,21 +222,12 @@ void fData01real::keyPressEvent(QKeyEvent* Event)
     }
 }
 
-// The end of a replay that is being recorded wants to close the panel in the middle of its question, which does it.
-void fData01real::Unload()
-{
-    if (IsAsking) return;
-    if (Body->isWindow()) ToggleFullScreen();
-    qDataWindow::Unload();
-}
-
 void fData01real::closeEvent(QCloseEvent* Event)
 {
     const bool WasLogging = gLogging;
-    IsAsking = true;
-    const bool IsAgreed = !WasLogging || AskYesNo("A recording is running. Stop it and close the panel?", TitleWarning);
-    IsAsking = false;
-    if (!IsAgreed) return Event->ignore();
+    if (WasLogging && !AskYesNo("A recording is running. Stop it and close the panel?", TitleWarning))
+        return Event->ignore();
+    if (Body->isWindow()) ToggleFullScreen(); // it would outlive the window that it belongs to
     KeepPlace(*this, Section);
     Panel.Unload();
     if (WasLogging) StopAll();

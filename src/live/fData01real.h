@@ -28,7 +28,6 @@ public:
     void DrawData() override;
     void DoAction(int Code) override;
     void SetLive(bool Live) override;
-    void Unload() override;
     void NewSession() override;
 
 protected:
@@ -51,5 +50,4 @@ private:
     qSurface* Surface;
     cRower Panel;
     const int16_t Mode;
-    bool IsAsking = false; // a question stands before the panel closes
 };

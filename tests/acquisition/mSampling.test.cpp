@@ -102,14 +102,25 @@ TEST_CASE_FIXTURE(Recording, "on the serial road each frame has an event and is 
         CHECK(Port.RThreshold == 39);
         CHECK(Recorded() == LongFrame(40) + LongFrame(80) + LongFrame(120) + Longer);
     }
-    SUBCASE("a window that fails is told once, and the recording goes on")
+    SUBCASE("a window that fails is told once, though frames come while the message stands, and the recording goes on")
     {
+        struct SlowReader : ScriptedDialogs
+        {
+            eAnswer MsgBox(const std::string& Text, const std::string& Title, eButtons Buttons) override
+            {
+                const eAnswer Answer = ScriptedDialogs::MsgBox(Text, Title, Buttons);
+                if (Told.size() < 3) Feed(LongFrame(200));
+                return Answer;
+            }
+            std::function<void(const std::string&)> Feed;
+        } Slow;
+        Slow.Feed = [this](const std::string& Bytes) { Port.Feed(Bytes); };
+        gHost.Dialogs = &Slow;
         Window.Fails = true;
-        Port.Feed(LongFrame(160) + LongFrame(200));
+        Port.Feed(LongFrame(160));
         CHECK(Window.Drawn == 4);
-        CHECK(Dialogs.Told ==
-              Texts{"Error: Showing the frame failed: Division by zero. Nothing that was stored has been "
-                    "changed."});
+        CHECK(Slow.Told == Texts{"Error: Showing the frame failed: Division by zero. Nothing that was stored has been "
+                                 "changed."});
         CHECK(Recorded().ends_with(LongFrame(160) + LongFrame(200)));
     }
     SUBCASE("a head that claims more than the buffer holds costs what has come, and the next frame is found")

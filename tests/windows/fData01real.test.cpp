@@ -10,6 +10,7 @@
 #include "support/SurfaceLog.h"
 
 #include <QLabel>
+#include <QPointer>
 
 #include <cmath>
 #include <utility>
@@ -127,10 +128,18 @@ TEST_CASE_FIXTURE(Panel, "a background picture lies under every stroke, and the 
     CHECK(Screen->isFullScreen());
     QTest::keyClick(Screen, Qt::Key_F11);
     CHECK(Surface->window() == &Main);
-    QTest::keyClick(&Window(), Qt::Key_F11);
-    QTest::keyClick(Surface->window(), Qt::Key_Escape);
-    QTest::qWait(5);
-    CHECK(!Main.findChild<QWidget*>("fData01real"));
+    for (const bool IsKey : {true, false}) {
+        Choose("mnuSampleRower");
+        const QPointer<QWidget> Filling = &Plots();
+        QTest::keyClick(&Window(), Qt::Key_F11);
+        if (IsKey)
+            QTest::keyClick(Filling->window(), Qt::Key_Escape);
+        else
+            Window().parentWidget()->close();
+        QTest::qWait(5);
+        CHECK(!Main.findChild<QWidget*>("fData01real"));
+        CHECK(!Filling);
+    }
 }
 
 TEST_CASE_FIXTURE(Panel, "closing the panel ends a running recording and hands it on")
@@ -204,15 +213,17 @@ TEST_CASE_FIXTURE(Panel, "a replay shows the strokes that the panel without a wi
     CHECK(Seen.Strokes == Expected);
 }
 
-TEST_CASE_FIXTURE(Panel, "a replay waits until its panel's messages are read, and may end while the panel asks")
+TEST_CASE_FIXTURE(Panel, "a replay waits until its panel's messages are read, and does not end while the panel asks")
 {
     struct SlowReader : ScriptedDialogs
     {
         eAnswer MsgBox(const std::string& Text, const std::string& Title, eButtons Buttons) override
         {
             QTest::qWait(3 * ReplayInterval);
+            WasReplaying = gReplaying;
             return ScriptedDialogs::MsgBox(Text, Title, Buttons);
         }
+        bool WasReplaying = false;
     } Slow;
     gHost.Dialogs = &Slow;
     gHost.Settings->SaveSetting("Models", "gIsTargVals", "1");
@@ -227,6 +238,7 @@ TEST_CASE_FIXTURE(Panel, "a replay waits until its panel's messages are read, an
     CHECK(Slow.Told.size() == 3);
     StartLog();
     QTest::keyClick(&Window(), Qt::Key_Escape);
+    CHECK(Slow.WasReplaying);
     QTest::qWait(5);
     CHECK(!gReplaying);
     CHECK(!Main.findChild<QWidget*>("fData01real"));

@@ -30,12 +30,18 @@ std::optional<std::string> Given(const QString& Name)
     if (Name.isEmpty()) return {};
     return Plain(Name);
 }
+
+// A window that has been closed may be gone before the dialog above it.
+QWidget* Parent()
+{
+    QWidget* Active = QApplication::activeWindow();
+    return Active && Active->isVisible() ? Active : nullptr;
+}
 } // namespace
 
 eAnswer qDialogs::MsgBox(const std::string& Text, const std::string& Title, eButtons Buttons)
 {
-    QMessageBox Box(IconFor(Title, Buttons), Shown(Title), Shown(Text), ButtonsFor(Buttons),
-                    QApplication::activeWindow());
+    QMessageBox Box(IconFor(Title, Buttons), Shown(Title), Shown(Text), ButtonsFor(Buttons), Parent());
     // A warning asks before something is lost: Enter, pressed too soon, loses nothing.
     if (Box.icon() == QMessageBox::Warning && Buttons != eButtons::Ok)
         Box.setDefaultButton(Buttons == eButtons::YesNo ? QMessageBox::No : QMessageBox::Cancel);
@@ -49,7 +55,7 @@ eAnswer qDialogs::MsgBox(const std::string& Text, const std::string& Title, eBut
 std::optional<std::string> qDialogs::InputBox(const std::string& Prompt, const std::string& Title,
                                               const std::string& Proposed)
 {
-    QInputDialog Box(QApplication::activeWindow());
+    QInputDialog Box(Parent());
     Box.setWindowTitle(Shown(Title));
     Box.setLabelText(Shown(Prompt));
     Box.setTextValue(Shown(Proposed));
@@ -62,9 +68,9 @@ std::optional<std::string> qDialogs::ExecComDlg(const std::string& Title, const 
                                                 const std::string& Folder)
 {
     const QString Filter = "All Files (*." + Shown(Ext) + ")";
-    QWidget* Parent = QApplication::activeWindow();
-    if (Mode == eFileMode::In) return Given(QFileDialog::getOpenFileName(Parent, Shown(Title), Shown(Folder), Filter));
-    QFileDialog Box(Parent, Shown(Title), Shown(Folder), Filter);
+    if (Mode == eFileMode::In)
+        return Given(QFileDialog::getOpenFileName(Parent(), Shown(Title), Shown(Folder), Filter));
+    QFileDialog Box(Parent(), Shown(Title), Shown(Folder), Filter);
     Box.setAcceptMode(QFileDialog::AcceptSave);
     Box.setDefaultSuffix(Shown(Ext));
     if (Box.exec() != QDialog::Accepted) return {};
@@ -73,7 +79,7 @@ std::optional<std::string> qDialogs::ExecComDlg(const std::string& Title, const 
 
 std::optional<int32_t> qDialogs::ChooseColour(int32_t Proposed)
 {
-    const QColor Chosen = QColorDialog::getColor(ToQColor(Proposed), QApplication::activeWindow());
+    const QColor Chosen = QColorDialog::getColor(ToQColor(Proposed), Parent());
     if (!Chosen.isValid()) return {};
     return FromQColor(Chosen);
 }
