@@ -15,7 +15,7 @@ class QGridLayout;
 class QLabel;
 class QLayout;
 class QLineEdit;
-class QPlainTextEdit;
+class QTextEdit;
 class QPushButton;
 
 class fDoCalibr : public qDataWindow
@@ -87,6 +87,6 @@ private:
     QLineEdit* txtSensID = nullptr;
     QLineEdit* txtArrMin = nullptr;
     QLineEdit* txtArrMax = nullptr;
-    QPlainTextEdit* txtAnalys = nullptr;
+    QTextEdit* txtAnalys = nullptr;
     QTimer Look; // at the link, which may be gone without a frame
 };

@@ -11,9 +11,9 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTextEdit>
 
 namespace {
 struct BoxShape
@@ -219,7 +219,8 @@ QLayout* fDoCalibr::BuildRanges()
     Grid->addWidget(Caption("Lin", 15, this, LinMin), 2, 0);
     Grid->addWidget(LinMin, 2, 1);
     Grid->addWidget(LinMax, 2, 2);
-    txtAnalys = new QPlainTextEdit(this);
+    txtAnalys = new QTextEdit(this); // the plain one lays itself out for ever at some narrow widths
+    txtAnalys->setAcceptRichText(false);
     txtAnalys->setObjectName("txtAnalys");
     txtAnalys->setReadOnly(true);
     txtAnalys->setTabChangesFocus(true);

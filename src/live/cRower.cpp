@@ -29,10 +29,11 @@ void cRower::Load(int16_t Source)
     KeyThresh = gFile.KeyThres;
     LoadFactorSettings();
     FindSeat();
-    KeyBad = gKeyChan < 1 || gKeyChan > gFile.ChanCnt || gKeyChan > gFile.Calibr.UBound() || gKeyChan > LastDataChan;
+    KeyChan = gKeyChan;
+    KeyBad = KeyChan < 1 || KeyChan > gFile.ChanCnt || KeyChan > gFile.Calibr.UBound() || KeyChan > LastDataChan;
     if (!KeyBad) {
-        KeyQ0 = gFile.Calibr[gKeyChan].Q0;
-        KeyQ1 = gFile.Calibr[gKeyChan].Q1;
+        KeyQ0 = gFile.Calibr[KeyChan].Q0;
+        KeyQ1 = gFile.Calibr[KeyChan].Q1;
     }
     PrevIdx = CurIdx = 0;
     NextIdx = 1;
@@ -143,9 +144,9 @@ double cRower::SampleTime() const
 // The key is a straight line of the count whatever the channel's conversion; the table holds it converted.
 double cRower::KeyValue() const
 {
-    const bool HasRow = gKeyChan <= gRaw.ChannelUBound() && gPlayIdx >= 0 && gPlayIdx <= gRaw.UBound();
-    if (IsTableSource(Mode)) return HasRow ? gRaw(gKeyChan, gPlayIdx) : KeyPrev;
-    return gData[static_cast<std::size_t>(gKeyChan)] * KeyQ1 + KeyQ0;
+    const bool HasRow = KeyChan <= gRaw.ChannelUBound() && gPlayIdx >= 0 && gPlayIdx <= gRaw.UBound();
+    if (IsTableSource(Mode)) return HasRow ? gRaw(KeyChan, gPlayIdx) : KeyPrev;
+    return gData[static_cast<std::size_t>(KeyChan)] * KeyQ1 + KeyQ0;
 }
 
 // The first key value after the panel was opened has none to be compared with.

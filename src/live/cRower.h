@@ -89,6 +89,7 @@ private:
     int NextIdx = 1;
 
     float KeyThresh = 0;
+    int16_t KeyChan = 0; // the key channel that was loaded: a new session may have another before it is loaded here
     double KeyQ0 = 0;
     double KeyQ1 = 0;
     bool KeyBad = true;

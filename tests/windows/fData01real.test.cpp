@@ -170,6 +170,13 @@ TEST_CASE_FIXTURE(Panel, "another session goes on in the panel, and a running re
     CHECK(gFile.View1.UBound() == 10);
     Row(100);
     CHECK(Label("lbData_3") == "002");
+
+    // Frames come while a message of the next session stands, which the panel does not have yet.
+    gFile.Calibr.Clear();
+    ResolveChannels();
+    REQUIRE(gKeyChan == -1);
+    Row(100);
+    CHECK(Label("lbData_3") == "004");
     Dialogs.AnswerYes = false;
     QTest::keyClick(&Window(), Qt::Key_Escape);
     QTest::qWait(5);
