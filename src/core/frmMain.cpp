@@ -9,6 +9,7 @@
 #include "core/mHost.h"
 #include "core/mIni.h"
 #include "core/mMain.h"
+#include "core/mNumText.h"
 #include "core/mSettings.h"
 #include "platform/qt/qIcons.h"
 #include "platform/qt/qText.h"
@@ -156,9 +157,10 @@ void frmMain::Tile(Qt::Orientation Direction)
 // A place kept on a screen that is gone would hide the window, so it is moved onto one that is there.
 void frmMain::PlaceWindow()
 {
-    const QRect Kept = QRectF(static_cast<double>(gMainPlace.Left), static_cast<double>(gMainPlace.Top),
-                              static_cast<double>(gMainPlace.Width), static_cast<double>(gMainPlace.Height))
-                           .toRect();
+    constexpr int32_t Far = 1 << 20; // beyond every screen
+    const auto Pixels = [](float Side) { return RoundWithin(static_cast<double>(Side), -Far, Far); };
+    const QRect Kept(Pixels(gMainPlace.Left), Pixels(gMainPlace.Top), Pixels(gMainPlace.Width),
+                     Pixels(gMainPlace.Height));
     const QScreen* Screen = QGuiApplication::screenAt(Kept.center());
     if (!Screen) Screen = QGuiApplication::primaryScreen();
     const QRect Free = Screen->availableGeometry();

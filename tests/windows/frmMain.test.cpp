@@ -156,7 +156,7 @@ TEST_CASE_FIXTURE(ShellState, "windows are laid in bands, side by side, and clos
 
 TEST_CASE_FIXTURE(ShellState, "place, bars and colours are kept over the end of the program")
 {
-    Start("Left=9000\nTop=9000\nWidth=700\nHeight=500\n"); // off every screen
+    Start("Left=99999999999\nTop=9000\nWidth=700\nHeight=500\n"); // off every screen
     CHECK(Main.screen()->availableGeometry().contains(Main.geometry()));
     Start("Left=30\nTop=40\nWidth=700\nHeight=500\nnonsense\n");
     CHECK(Main.geometry() == QRect(30, 40, 700, 500));
