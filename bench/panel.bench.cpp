@@ -2,14 +2,15 @@
 // channels.
 #include "shares.h"
 
+#include "base/mNumText.h"
 #include "core/mGlobData.h"
-#include "core/mHost.h"
 #include "core/mIni.h"
-#include "core/mNumText.h"
 #include "core/mSettings.h"
-#include "live/cRower.h"
+#include "live/rower/cRower.h"
+#include "platform/mHost.h"
 #include "platform/plain/sSettings.h"
 #include "platform/plain/sSurface.h"
+#include "processing/mPhysVal.h"
 
 #include <array>
 #include <benchmark/benchmark.h>

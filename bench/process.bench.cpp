@@ -1,7 +1,7 @@
 // Cutting, resampling and averaging of a full sample store against plain loops over the same samples.
 #include "core/mGlobData.h"
-#include "core/mHost.h"
 #include "core/mSettings.h"
+#include "platform/mHost.h"
 #include "platform/plain/sDialogs.h"
 #include "processing/mProcess.h"
 

@@ -1,10 +1,10 @@
 // Frames of a master with four slaves of 16 channels, the two extra words on; channel 17 swings like an oar.
 #include "recording.h"
 
+#include "base/mNumText.h"
 #include "core/mGlobData.h"
-#include "core/mHost.h"
-#include "core/mNumText.h"
 #include "core/mSettings.h"
+#include "platform/mHost.h"
 #include "platform/plain/sDialogs.h"
 #include "platform/plain/sSettings.h"
 #include "platform/plain/sStatus.h"

@@ -1,12 +1,12 @@
 // Text export against a plain to_chars loop, and the session data file against a copy field by field.
 #include "recording.h"
 
+#include "base/mCodePage.h"
+#include "base/mNumText.h"
+#include "base/mSafeSave.h"
 #include "core/mGlobData.h"
-#include "core/mNumText.h"
 #include "files/mBinIO.h"
-#include "files/mCodePage.h"
 #include "files/mExport.h"
-#include "files/mSafeSave.h"
 #include "files/mTextIO.h"
 
 #include <benchmark/benchmark.h>

@@ -1,8 +1,8 @@
 // Any bytes as Skarvelin.ini: read, written, and read again to the same state.
 #include "program.h"
 
+#include "base/mSafeSave.h"
 #include "core/mIni.h"
-#include "files/mSafeSave.h"
 
 #include <cstdint>
 

@@ -1,7 +1,7 @@
 // The program around a fuzz target: a host without a window, and a folder that goes with the process.
 #pragma once
 
-#include "core/mHost.h"
+#include "platform/mHost.h"
 #include "platform/plain/sDialogs.h"
 #include "platform/plain/sSettings.h"
 #include "platform/plain/sStatus.h"

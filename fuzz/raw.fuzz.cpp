@@ -2,11 +2,11 @@
 // first byte chooses the logger and the key mode.
 #include "program.h"
 
-#include "acquisition/mDecode.h"
+#include "base/mSafeSave.h"
 #include "core/mGlobData.h"
 #include "files/mBinIO.h"
+#include "files/mDecode.h"
 #include "files/mQVN.h"
-#include "files/mSafeSave.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 // Any bytes as a reference table: read, and looked up at, between and beyond its rows.
 #include "program.h"
 
-#include "files/mSafeSave.h"
+#include "base/mSafeSave.h"
 #include "processing/mRefTable.h"
 
 #include <cstdint>

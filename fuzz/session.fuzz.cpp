@@ -1,11 +1,11 @@
 // Any bytes as a session data file: read, written, and what was written reads back alike.
+#include "base/mCodePage.h"
+#include "base/mSafeSave.h"
 #include "core/mGlobData.h"
-#include "core/mHost.h"
 #include "core/mSettings.h"
-#include "files/mCodePage.h"
-#include "files/mSafeSave.h"
+#include "core/mTextRows.h"
 #include "files/mTextIO.h"
-#include "files/mTextRows.h"
+#include "platform/mHost.h"
 #include "platform/plain/sDialogs.h"
 #include "platform/plain/sSettings.h"
 #include "platform/plain/sStatus.h"
@@ -69,9 +69,9 @@ bool Read(const std::string& Bytes)
 std::string Written()
 {
     const std::string Text = DataFileText(gFile, SectionFilter::Any);
-    const std::string Bytes = EncodeText(Text, gFile.Encoding);
+    const std::string Bytes = EncodeText(Text, gFile.Encoding, TextPage());
     TextEncoding Encoding{};
-    if (DecodeText(Bytes, Encoding) != Text) std::abort();
+    if (DecodeText(Bytes, Encoding, TextPage()) != Text) std::abort();
     return Bytes;
 }
 } // namespace

@@ -1,10 +1,10 @@
 // Any bytes as a raw calibration file: read, and analysed in every way.
 #include "program.h"
 
+#include "base/mError.h"
+#include "base/mSafeSave.h"
 #include "calibration/cCalibr.h"
-#include "core/mError.h"
 #include "core/mGlobData.h"
-#include "files/mSafeSave.h"
 
 #include <cstdint>
 

@@ -5,10 +5,10 @@
 #include "shares.h"
 
 #include "app/qProgram.h"
+#include "base/mSafeSave.h"
 #include "core/mDataWindow.h"
 #include "core/mGlobData.h"
 #include "core/mIni.h"
-#include "files/mSafeSave.h"
 #include "platform/qt/qSurface.h"
 
 #include <QAction>

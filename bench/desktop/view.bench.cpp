@@ -6,8 +6,8 @@
 #include "core/mSettings.h"
 #include "files/mBinIO.h"
 #include "platform/qt/qSurface.h"
-#include "views/cDataView.h"
-#include "views/fData02view.h"
+#include "views/data/cDataView.h"
+#include "views/data/fData02view.h"
 
 #include <QApplication>
 #include <QPainter>

@@ -3,14 +3,14 @@
 #include "recording.h"
 #include "shares.h"
 
-#include "acquisition/mDecode.h"
+#include "base/mSafeSave.h"
 #include "calibration/fCheckChans.h"
 #include "calibration/fTrackChans.h"
-#include "core/frmMain.h"
 #include "core/mGlobData.h"
-#include "core/mHost.h"
+#include "core/shell/frmMain.h"
 #include "files/cRawLog.h"
-#include "files/mSafeSave.h"
+#include "files/mDecode.h"
+#include "platform/mHost.h"
 
 #include <QApplication>
 #include <QLabel>

@@ -1,7 +1,7 @@
 // Silence, tries again at growing distances, and the words for both.
 #include "acquisition/cLinkWatch.h"
 
-#include "core/mNumText.h"
+#include "base/mNumText.h"
 
 #include <algorithm>
 #include <utility>

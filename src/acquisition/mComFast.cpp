@@ -1,14 +1,14 @@
 // Opening by model and port number, and taking a lost link up again.
 #include "acquisition/mComFast.h"
 
-#include "acquisition/mDecode.h"
 #include "acquisition/mSampling.h"
-#include "core/mError.h"
+#include "base/mError.h"
+#include "base/mNumText.h"
 #include "core/mGlobData.h"
-#include "core/mHost.h"
 #include "core/mIni.h"
-#include "core/mNumText.h"
 #include "core/mSettings.h"
+#include "files/mDecode.h"
+#include "platform/mHost.h"
 
 #include <algorithm>
 #include <array>

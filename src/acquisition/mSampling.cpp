@@ -2,12 +2,12 @@
 #include "acquisition/mSampling.h"
 
 #include "acquisition/mComFast.h"
-#include "acquisition/mFrame.h"
+#include "base/mNumText.h"
 #include "core/mDataWindow.h"
 #include "core/mGlobData.h"
-#include "core/mHost.h"
-#include "core/mNumText.h"
 #include "files/mDump.h"
+#include "files/mFrame.h"
+#include "platform/mHost.h"
 
 #include <algorithm>
 #include <filesystem>

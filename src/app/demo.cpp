@@ -7,7 +7,7 @@
 #include "acquisition/mSampling.h"
 #include "app/qProgram.h"
 #include "core/mGlobData.h"
-#include "core/mHost.h"
+#include "platform/mHost.h"
 #include "platform/qt/qText.h"
 
 #include <QAbstractButton>

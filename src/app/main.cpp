@@ -1,6 +1,6 @@
 // The desktop program.
 #include "app/qProgram.h"
-#include "core/fFolders.h"
+#include "core/shell/fFolders.h"
 #include "platform/qt/qText.h"
 
 #include <QApplication>

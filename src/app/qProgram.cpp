@@ -2,13 +2,13 @@
 #include "app/qProgram.h"
 
 #include "acquisition/mSampling.h"
-#include "core/fFolders.h"
 #include "core/mGlobData.h"
-#include "core/mHost.h"
-#include "core/mMain.h"
-#include "platform/qt/qIcons.h"
-#include "platform/qt/qLook.h"
+#include "core/shell/fFolders.h"
+#include "core/shell/mMain.h"
+#include "platform/mHost.h"
 #include "platform/qt/qText.h"
+#include "widgets/qIcons.h"
+#include "widgets/qLook.h"
 
 #include <QApplication>
 #include <QFileInfo>

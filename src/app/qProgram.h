@@ -1,7 +1,7 @@
 // The desktop program's objects, put together.
 #pragma once
 
-#include "core/frmMain.h"
+#include "core/shell/frmMain.h"
 #include "platform/qt/qClock.h"
 #include "platform/qt/qDialogs.h"
 #include "platform/qt/qSerialPort.h"

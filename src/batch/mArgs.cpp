@@ -1,7 +1,7 @@
 // The reader of a command's words.
 #include "batch/mArgs.h"
 
-#include "core/mNumText.h"
+#include "base/mNumText.h"
 
 #include <algorithm>
 #include <charconv>

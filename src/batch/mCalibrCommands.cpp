@@ -1,10 +1,11 @@
 // The commands calibrate and lookup.
 #include "batch/mCommands.h"
 
+#include "base/mNumText.h"
 #include "calibration/cCalibr.h"
 #include "core/mGlobData.h"
-#include "core/mHost.h"
-#include "core/mNumText.h"
+#include "platform/mHost.h"
+#include "processing/mPhysVal.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -1,11 +1,11 @@
 // The table of commands and what several of them begin with.
 #include "batch/mCommands.h"
 
-#include "core/mHost.h"
-#include "core/mMain.h"
+#include "base/mSafeSave.h"
+#include "core/shell/mMain.h"
 #include "files/mBinIO.h"
-#include "files/mSafeSave.h"
 #include "files/mTextIO.h"
+#include "platform/mHost.h"
 #include "processing/mFilter.h"
 
 #include <filesystem>

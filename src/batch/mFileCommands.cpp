@@ -1,13 +1,13 @@
 // Commands on session data files and on the samples of raw files: resave, dump, export, info.
 #include "batch/mCommands.h"
 
+#include "base/mNumText.h"
+#include "base/mSafeSave.h"
 #include "core/mGlobData.h"
-#include "core/mHost.h"
-#include "core/mNumText.h"
 #include "files/mBinIO.h"
 #include "files/mExport.h"
-#include "files/mSafeSave.h"
 #include "files/mTextIO.h"
+#include "platform/mHost.h"
 
 #include <cmath>
 #include <iostream>

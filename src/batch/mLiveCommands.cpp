@@ -1,15 +1,15 @@
 // Commands on derived variables: derive, live.
 #include "batch/mCommands.h"
 
+#include "base/mNumText.h"
 #include "core/mGlobData.h"
-#include "core/mHost.h"
 #include "core/mIni.h"
-#include "core/mNumText.h"
 #include "files/mBinIO.h"
-#include "live/cRower.h"
+#include "live/rower/cRower.h"
+#include "platform/mHost.h"
 #include "platform/plain/sSurface.h"
-#include "views/cData03report.h"
-#include "views/cData04play.h"
+#include "views/play/cData04play.h"
+#include "views/report/cData03report.h"
 
 namespace {
 constexpr int Digits = 9;

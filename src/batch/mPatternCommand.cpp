@@ -1,9 +1,9 @@
 // The command patterns.
 #include "batch/mCommands.h"
 
+#include "base/mNumText.h"
 #include "core/mGlobData.h"
-#include "core/mHost.h"
-#include "core/mNumText.h"
+#include "platform/mHost.h"
 
 #include <algorithm>
 

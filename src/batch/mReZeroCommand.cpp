@@ -1,9 +1,9 @@
 // The command rezero.
 #include "batch/mCommands.h"
 
+#include "base/mNumText.h"
 #include "calibration/cReZero.h"
-#include "core/mHost.h"
-#include "core/mNumText.h"
+#include "platform/mHost.h"
 
 std::string ReZeroObjection(const Args& Line)
 {

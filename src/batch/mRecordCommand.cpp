@@ -1,12 +1,12 @@
 // Recording without a window: the sampling path of the desktop program on a plain event loop.
 #include "acquisition/mComFast.h"
 #include "acquisition/mSampling.h"
+#include "base/mNumText.h"
 #include "batch/mCommands.h"
 #include "core/mGlobData.h"
-#include "core/mHost.h"
 #include "core/mIni.h"
-#include "core/mNumText.h"
 #include "core/mSettings.h"
+#include "platform/mHost.h"
 #include "platform/plain/sSerialPort.h"
 #include "platform/plain/sSocket.h"
 

@@ -2,8 +2,8 @@
 #include "batch/mCommands.h"
 
 #include "core/mGlobData.h"
-#include "core/mHost.h"
-#include "views/cReport.h"
+#include "platform/mHost.h"
+#include "views/report/cReport.h"
 
 bool (*gWriteReport)(const cReport& Report, const std::string& Path) = nullptr;
 

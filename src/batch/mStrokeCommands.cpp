@@ -2,9 +2,9 @@
 #include "batch/mCommands.h"
 
 #include "core/mGlobData.h"
-#include "core/mHost.h"
 #include "core/mSettings.h"
 #include "files/mQVN.h"
+#include "platform/mHost.h"
 #include "processing/mProcess.h"
 #include "processing/mSample.h"
 #include "processing/mStrokeLog.h"

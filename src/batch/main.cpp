@@ -1,11 +1,12 @@
 // The batch program: reads its command line, sets the engine up without a window, and runs one command.
+#include "base/mVersion.h"
 #include "batch/mCommands.h"
-#include "core/mHost.h"
 #include "core/mSettings.h"
+#include "platform/mHost.h"
 #include "platform/plain/sSettings.h"
 #include "platform/plain/sStatus.h"
 #ifdef SKARVELIN_DESKTOP
-#include "platform/qt/qReportFile.h"
+#include "views/report/qReportFile.h"
 #endif
 
 #include <algorithm>
@@ -95,7 +96,7 @@ int Run(const std::vector<std::string>& Words)
             return Done;
         }
         if (Word == "--version") {
-            std::cout << "skarvelin-batch " SKARVELIN_VERSION << std::endl;
+            std::cout << "skarvelin-batch " << Version() << std::endl;
             return Done;
         }
         if (Word == "--no")

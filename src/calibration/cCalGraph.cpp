@@ -1,8 +1,8 @@
 // Axes, clipping, and a running line that leaves no trace.
 #include "calibration/cCalGraph.h"
 
+#include "base/mNumText.h"
 #include "calibration/mChanGrid.h"
-#include "core/mNumText.h"
 #include "core/mSettings.h"
 
 #include <algorithm>

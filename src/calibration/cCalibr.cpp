@@ -2,10 +2,10 @@
 #include "calibration/cCalibr.h"
 
 #include "acquisition/mComFast.h"
-#include "core/mHost.h"
+#include "base/mNumText.h"
 #include "core/mIni.h"
-#include "core/mNumText.h"
 #include "core/mSettings.h"
+#include "platform/mHost.h"
 
 #include <algorithm>
 

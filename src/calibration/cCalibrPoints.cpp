@@ -1,9 +1,9 @@
 // What the workbench does with its points: their line and extremes, dropping and bringing back, limits and analyses.
+#include "base/mNumText.h"
 #include "calibration/cCalibr.h"
 #include "core/mGlobData.h"
-#include "core/mHost.h"
-#include "core/mNumText.h"
 #include "core/mSettings.h"
+#include "platform/mHost.h"
 
 #include <cmath>
 #include <utility>

@@ -1,12 +1,12 @@
 // Where the workbench keeps its results: the session, the ini file, raw calibration files and reference tables.
+#include "base/mNumText.h"
 #include "calibration/cCalibr.h"
 #include "calibration/mRefBuild.h"
 #include "core/mFields.h"
-#include "core/mHost.h"
 #include "core/mIni.h"
-#include "core/mNumText.h"
 #include "core/mSettings.h"
 #include "files/mTextIO.h"
+#include "platform/mHost.h"
 
 #include <filesystem>
 #include <tuple>

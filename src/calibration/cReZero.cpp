@@ -2,12 +2,13 @@
 #include "calibration/cReZero.h"
 
 #include "acquisition/mComFast.h"
+#include "base/mNumText.h"
 #include "core/mGlobData.h"
-#include "core/mHost.h"
 #include "core/mIni.h"
-#include "core/mNumText.h"
 #include "files/mBinIO.h"
 #include "files/mTextIO.h"
+#include "platform/mHost.h"
+#include "processing/mPhysVal.h"
 #include "processing/mRefTable.h"
 #include "processing/mRefZero.h"
 

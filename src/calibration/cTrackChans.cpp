@@ -1,10 +1,10 @@
 // The sweeping traces.
 #include "calibration/cTrackChans.h"
 
+#include "base/mError.h"
+#include "base/mNumText.h"
 #include "calibration/mChanGrid.h"
-#include "core/mError.h"
 #include "core/mGlobData.h"
-#include "core/mNumText.h"
 #include "core/mSettings.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "calibration/cCheckChans.h"
-#include "platform/qt/qDataWindow.h"
+#include "widgets/qDataWindow.h"
 
 class fCheckChans : public qDataWindow
 {

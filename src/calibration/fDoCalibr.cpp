@@ -3,9 +3,9 @@
 
 #include "acquisition/mComFast.h"
 #include "core/mGlobData.h"
-#include "core/mHost.h"
+#include "platform/mHost.h"
 #include "platform/qt/qText.h"
-#include "platform/qt/qWorkArea.h"
+#include "widgets/qWorkArea.h"
 
 #include <QKeyEvent>
 #include <QLabel>

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "calibration/cCalGraph.h"
-#include "platform/qt/qDataWindow.h"
 #include "platform/qt/qSurface.h"
+#include "widgets/qDataWindow.h"
 
 #include <QTimer>
 

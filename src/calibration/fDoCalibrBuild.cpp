@@ -1,10 +1,10 @@
 // The controls of the calibration workbench.
 #include "calibration/fDoCalibr.h"
 #include "calibration/mChanGrid.h"
-#include "platform/qt/qDecimal.h"
-#include "platform/qt/qMnemonics.h"
 #include "platform/qt/qText.h"
-#include "platform/qt/qWorkArea.h"
+#include "widgets/qDecimal.h"
+#include "widgets/qMnemonics.h"
+#include "widgets/qWorkArea.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>

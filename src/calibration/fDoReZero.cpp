@@ -3,13 +3,13 @@
 
 #include "acquisition/mComFast.h"
 #include "core/mGlobData.h"
-#include "core/mHost.h"
 #include "core/mIni.h"
-#include "platform/qt/qDecimal.h"
-#include "platform/qt/qMnemonics.h"
-#include "platform/qt/qPlace.h"
+#include "platform/mHost.h"
 #include "platform/qt/qText.h"
-#include "platform/qt/qWorkArea.h"
+#include "widgets/qDecimal.h"
+#include "widgets/qMnemonics.h"
+#include "widgets/qPlace.h"
+#include "widgets/qWorkArea.h"
 
 #include <QButtonGroup>
 #include <QGridLayout>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "calibration/cReZero.h"
-#include "platform/qt/qDataWindow.h"
+#include "widgets/qDataWindow.h"
 
 #include <QTimer>
 

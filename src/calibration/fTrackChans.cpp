@@ -2,8 +2,8 @@
 #include "calibration/fTrackChans.h"
 
 #include "acquisition/mComFast.h"
-#include "core/fCommands.h"
-#include "core/frmMain.h"
+#include "core/shell/fCommands.h"
+#include "core/shell/frmMain.h"
 
 #include <QKeyEvent>
 

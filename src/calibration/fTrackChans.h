@@ -2,7 +2,7 @@
 #pragma once
 
 #include "calibration/cTrackChans.h"
-#include "platform/qt/qDataWindow.h"
+#include "widgets/qDataWindow.h"
 
 class fTrackChans : public qDataWindow
 {

@@ -1,8 +1,8 @@
 // Choice of the points, the fits, and the texts that tell of them.
 #include "calibration/mCalFit.h"
 
-#include "core/mError.h"
-#include "core/mNumText.h"
+#include "base/mError.h"
+#include "base/mNumText.h"
 #include "processing/mProcFuncs.h"
 
 #include <algorithm>

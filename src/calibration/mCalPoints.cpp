@@ -1,7 +1,7 @@
 // Sums, the line from them, and extremes.
 #include "calibration/mCalPoints.h"
 
-#include "core/mError.h"
+#include "base/mError.h"
 
 #include <algorithm>
 

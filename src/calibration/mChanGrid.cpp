@@ -1,8 +1,8 @@
 // Shared parts of the channel indicators.
 #include "calibration/mChanGrid.h"
 
+#include "base/mNumText.h"
 #include "core/mGlobData.h"
-#include "core/mNumText.h"
 #include "core/mSettings.h"
 
 #include <algorithm>

@@ -1,10 +1,11 @@
 // Writing and reading of raw calibration files.
 #include "calibration/mRawCal.h"
 
-#include "core/mHost.h"
-#include "core/mNumText.h"
-#include "files/mCodePage.h"
-#include "files/mSafeSave.h"
+#include "base/mCodePage.h"
+#include "base/mNumText.h"
+#include "base/mSafeSave.h"
+#include "core/mSettings.h"
+#include "platform/mHost.h"
 
 #include <algorithm>
 #include <string_view>
@@ -100,7 +101,7 @@ bool SaveRawCal(const std::string& Path, const RawCal& Data)
                 "\t" + EndLine;
     }
     WholeFile File(Path);
-    File.Append(EncodeText(Text, TextEncoding::Legacy));
+    File.Append(EncodeText(Text, TextEncoding::Legacy, TextPage()));
     if (File.Commit()) return true;
     MsgBox("Can't write file: " + Path + " (" + File.Failure() + ")", TitleError);
     return false;
@@ -114,7 +115,7 @@ std::optional<RawCal> LoadRawCal(const std::string& Path)
         return {};
     }
     TextEncoding Encoding{};
-    const std::string Whole = DecodeText(std::move(*Bytes), Encoding);
+    const std::string Whole = DecodeText(std::move(*Bytes), Encoding, TextPage());
     std::string_view Text = Whole;
     if (TakeLine(Text) != HeadLine) {
         MsgBox(Path + " is not a Calibration Data File.", TitleError);

@@ -1,7 +1,7 @@
 // The list of loaded windows.
 #include "core/mDataWindow.h"
 
-#include "core/mHost.h"
+#include "platform/mHost.h"
 
 #include <algorithm>
 #include <utility>

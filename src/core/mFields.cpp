@@ -1,7 +1,7 @@
 // The column tables, and the two ways between a value and its text.
 #include "core/mFields.h"
 
-#include "core/mNumText.h"
+#include "base/mNumText.h"
 
 #include <algorithm>
 #include <array>

@@ -1,8 +1,9 @@
 // The records of a session and the global state that every other module reads: gFile, gData, gRaw and the scalars.
 #pragma once
 
-#include "core/mRowArray.h"
-#include "core/mSampleStore.h"
+#include "base/mCodePage.h"
+#include "base/mRowArray.h"
+#include "base/mSampleStore.h"
 
 #include <array>
 #include <cstdint>
@@ -174,14 +175,6 @@ struct DataRow
     std::vector<double> Values;
 
     bool operator==(const DataRow&) const = default;
-};
-
-/// How the bytes of a text file stand for characters. Ascii: either would do.
-enum class TextEncoding
-{
-    Ascii,
-    Legacy,
-    Utf8
 };
 
 /// The open session data file.
@@ -357,13 +350,6 @@ enum class DescKey
 
 /// Number of the first sample whose field equals Key, -1 when there is none or Key is empty.
 int FindDesc(const DataFile& File, const std::string& Key, DescKey Field);
-
-/// Physical value of raw count X of a channel by its ProcMode. Prev is the caller's last count of this channel and
-/// is updated with hysteresis (mode 2) only. Throws RunError for a channel without a row.
-double CalcPhysVal(int Chan, double X, double& Prev);
-
-/// CalcPhysVal of a run of a channel's counts in their order, in place.
-void CalcPhysVals(int Chan, std::span<double> Values, double& Prev);
 
 /// Resolves gKeyChan and gH1Chan with their factors from the channel rows; factors of a missing row are 0.
 void ResolveChannels();

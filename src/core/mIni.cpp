@@ -1,12 +1,13 @@
 // The keys of Skarvelin.ini as one table, and the table of calibrators inside it.
 #include "core/mIni.h"
 
+#include "base/mCodePage.h"
+#include "base/mNumText.h"
+#include "base/mSafeSave.h"
 #include "core/mFields.h"
-#include "core/mHost.h"
-#include "core/mNumText.h"
-#include "files/mCodePage.h"
-#include "files/mSafeSave.h"
-#include "files/mTextRows.h"
+#include "core/mSettings.h"
+#include "core/mTextRows.h"
+#include "platform/mHost.h"
 
 #include <algorithm>
 #include <string_view>
@@ -163,7 +164,7 @@ bool ReadIni()
         return false;
     }
     TextEncoding Encoding{};
-    const std::string Decoded = DecodeText(*Bytes, Encoding);
+    const std::string Decoded = DecodeText(*Bytes, Encoding, TextPage());
     LineReader Lines(Decoded);
     for (std::string_view Line; Lines.Take(Line);) {
         const auto Equal = Line.find('=');

@@ -1,8 +1,8 @@
 // The settings' globals and the table that ties them to section, key and default.
 #include "core/mSettings.h"
 
-#include "core/mHost.h"
-#include "core/mNumText.h"
+#include "base/mNumText.h"
+#include "platform/mHost.h"
 
 #include <cmath>
 #include <limits>
@@ -179,6 +179,13 @@ bool IsValidFor(const Setting& Item, const std::string& Text)
             return Store(Trial, Text);
         },
         Item.Global);
+}
+
+LegacyPage TextPage()
+{
+    if (gCodePage == 1251) return LegacyPage::Cyrillic;
+    if (gCodePage == 1252) return LegacyPage::Latin;
+    return gLanguage == 1 ? LegacyPage::Cyrillic : LegacyPage::Latin;
 }
 
 void LoadSettings()

@@ -2,6 +2,8 @@
 // follow.
 #pragma once
 
+#include "base/mCodePage.h"
+
 #include <array>
 #include <cstdint>
 #include <span>
@@ -86,6 +88,9 @@ const Setting* FindSetting(const std::string& Key);
 
 /// Whether Text is a value that the setting's global can hold.
 bool IsValidFor(const Setting& Item, const std::string& Text);
+
+/// The code page of files that are not UTF-8: that of gCodePage, without it that of the language.
+LegacyPage TextPage();
 
 /// Fills every global from the store; a missing or unusable value gives the default.
 void LoadSettings();

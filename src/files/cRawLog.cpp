@@ -1,8 +1,8 @@
 // Writing of the raw log, its cut on a full disk, and its sync once a second.
 #include "files/cRawLog.h"
 
-#include "core/mError.h"
-#include "files/mSafeSave.h"
+#include "base/mError.h"
+#include "base/mSafeSave.h"
 
 #include <cerrno>
 #include <chrono>

@@ -1,11 +1,12 @@
 // Reading of recordings: frames are gathered in small tiles, so that the store is filled along its channels.
 #include "files/mBinIO.h"
 
-#include "acquisition/mDecode.h"
+#include "base/mNumText.h"
+#include "base/mSafeSave.h"
 #include "core/mGlobData.h"
-#include "core/mHost.h"
-#include "core/mNumText.h"
-#include "files/mSafeSave.h"
+#include "files/mDecode.h"
+#include "platform/mHost.h"
+#include "processing/mPhysVal.h"
 
 #include <algorithm>
 #include <filesystem>

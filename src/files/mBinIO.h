@@ -1,7 +1,7 @@
 // Raw sample files: the reader of frames, and the sample store filled from a recording.
 #pragma once
 
-#include "acquisition/mFrame.h"
+#include "files/mFrame.h"
 
 #include <cstdint>
 #include <fstream>

@@ -1,9 +1,9 @@
 // Raw counts as text.
 #include "files/mDump.h"
 
+#include "base/mNumText.h"
 #include "core/mGlobData.h"
-#include "core/mHost.h"
-#include "core/mNumText.h"
+#include "platform/mHost.h"
 
 #include <algorithm>
 #include <fstream>

@@ -1,11 +1,12 @@
 // The text export of the sample store.
 #include "files/mExport.h"
 
+#include "base/mCodePage.h"
+#include "base/mNumText.h"
+#include "base/mSafeSave.h"
 #include "core/mGlobData.h"
-#include "core/mHost.h"
-#include "core/mNumText.h"
-#include "files/mCodePage.h"
-#include "files/mSafeSave.h"
+#include "core/mSettings.h"
+#include "platform/mHost.h"
 
 #include <span>
 #include <vector>
@@ -19,7 +20,7 @@ std::string HeadLine()
     std::string Line = "N\tT\t";
     for (int Chan = 1; Chan <= gRaw.ChannelUBound(); ++Chan)
         Line += gFile.Calibr[Chan].ParamID + "\t";
-    return EncodeText(Line + "\r\n", gFile.Encoding);
+    return EncodeText(Line + "\r\n", gFile.Encoding, TextPage());
 }
 
 std::vector<std::span<const double>> AllChannels()

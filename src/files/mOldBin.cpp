@@ -2,7 +2,7 @@
 #include "files/mOldBin.h"
 
 #include "core/mGlobData.h"
-#include "core/mHost.h"
+#include "platform/mHost.h"
 
 #include <array>
 #include <bit>

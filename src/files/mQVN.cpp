@@ -1,12 +1,12 @@
 // The stroke scan and its table as a text file.
 #include "files/mQVN.h"
 
+#include "base/mNumText.h"
+#include "base/mSafeSave.h"
 #include "core/mGlobData.h"
-#include "core/mHost.h"
-#include "core/mNumText.h"
 #include "core/mSettings.h"
 #include "files/mBinIO.h"
-#include "files/mSafeSave.h"
+#include "platform/mHost.h"
 
 #include <cmath>
 #include <optional>

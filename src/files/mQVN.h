@@ -1,7 +1,7 @@
 // Strokes of a long recording, found by one pass over its raw file.
 #pragma once
 
-#include "core/mRowArray.h"
+#include "base/mRowArray.h"
 
 #include <cstdint>
 #include <string>

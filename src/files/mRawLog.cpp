@@ -1,12 +1,12 @@
 // Names, questions and messages of a recording.
 #include "files/mRawLog.h"
 
-#include "core/mError.h"
+#include "base/mError.h"
+#include "base/mNumText.h"
 #include "core/mGlobData.h"
-#include "core/mHost.h"
-#include "core/mNumText.h"
 #include "core/mSettings.h"
 #include "files/mTextIO.h"
+#include "platform/mHost.h"
 
 #include <algorithm>
 #include <filesystem>

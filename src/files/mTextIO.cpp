@@ -1,14 +1,14 @@
 // The front door of the session data file: which section goes where, the order of writing, and the backup.
 #include "files/mTextIO.h"
 
-#include "core/mHost.h"
+#include "base/mCodePage.h"
+#include "base/mSafeSave.h"
 #include "core/mIni.h"
 #include "core/mSettings.h"
-#include "files/mCodePage.h"
-#include "files/mSafeSave.h"
 #include "files/mTextMain.h"
 #include "files/mTextSamples.h"
 #include "files/mTextVideo.h"
+#include "platform/mHost.h"
 #include "processing/mRefTable.h"
 
 #include <algorithm>
@@ -154,7 +154,7 @@ bool ReadDataFile(const std::string& Path, DataFile& File, SectionFilter Filter)
     auto Bytes = ReadWhole(Path);
     if (!Bytes) return TellFailure("Can't open file: ", Path, "");
     TextEncoding Encoding{};
-    const std::string Text = DecodeText(std::move(*Bytes), Encoding);
+    const std::string Text = DecodeText(std::move(*Bytes), Encoding, TextPage());
     if (!IsSession(Text)) return TellFailure("This is no session data file: ", Path, "");
     File.Encoding = Encoding;
     File.Model = 0;
@@ -192,7 +192,7 @@ std::string DataFileText(const DataFile& File, SectionFilter Filter)
 bool WriteDataFile(const std::string& Path, const DataFile& File, SectionFilter Filter)
 {
     WholeFile New(Path);
-    New.Append(EncodeText(DataFileText(File, Filter), File.Encoding));
+    New.Append(EncodeText(DataFileText(File, Filter), File.Encoding, TextPage()));
     return New.Commit() || TellFailure("Can't write file: ", Path, New.Failure());
 }
 

@@ -1,7 +1,7 @@
 // Rows of sample values, as long as the sample's description says.
 #include "files/mTextSamples.h"
 
-#include "core/mNumText.h"
+#include "base/mNumText.h"
 
 #include <unordered_map>
 

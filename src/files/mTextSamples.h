@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/mGlobData.h"
-#include "files/mTextRows.h"
+#include "core/mTextRows.h"
 
 #include <string>
 #include <string_view>

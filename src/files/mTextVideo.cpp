@@ -1,7 +1,7 @@
 // Digitised points: a line with the X values of a point and one with its Y values make one row.
 #include "files/mTextVideo.h"
 
-#include "core/mNumText.h"
+#include "base/mNumText.h"
 
 #include <map>
 

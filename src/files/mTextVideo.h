@@ -2,6 +2,6 @@
 #pragma once
 
 #include "core/mGlobData.h"
-#include "files/mTextRows.h"
+#include "core/mTextRows.h"
 
 void ReadVideoPoints(LineReader& Lines, RowArray<VidCoordsRow>& Rows);

@@ -1,7 +1,7 @@
 // The two conditioning passes over the sample store.
 #include "processing/mFilter.h"
 
-#include "core/mError.h"
+#include "base/mError.h"
 #include "core/mGlobData.h"
 #include "core/mSettings.h"
 

@@ -1,7 +1,7 @@
 // Comma lists and extremes.
 #include "processing/mGlobFunc.h"
 
-#include "core/mNumText.h"
+#include "base/mNumText.h"
 
 #include <algorithm>
 

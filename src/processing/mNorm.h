@@ -1,7 +1,7 @@
 // Typical patterns: stroke cycles brought to one time grid of 51 points, summed up and averaged for every channel.
 #pragma once
 
-#include "core/mError.h"
+#include "base/mError.h"
 
 #include <algorithm>
 #include <array>

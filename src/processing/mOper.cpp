@@ -1,7 +1,7 @@
 // The formulas. Where two forms of an operation differ by a factor of two, both are meant.
 #include "processing/mOper.h"
 
-#include "core/mError.h"
+#include "base/mError.h"
 #include "processing/mGlobFunc.h"
 
 #include <cmath>

@@ -1,7 +1,7 @@
 // The polynomial fit, values and derivatives of what it gives, and fits of two parameters.
 #include "processing/mProcFuncs.h"
 
-#include "core/mError.h"
+#include "base/mError.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,10 +1,10 @@
 // The detector's patterns and the scans that are built on it.
 #include "processing/mProcess.h"
 
-#include "core/mError.h"
+#include "base/mError.h"
 #include "core/mGlobData.h"
-#include "core/mHost.h"
 #include "core/mSettings.h"
+#include "platform/mHost.h"
 #include "processing/mNorm.h"
 
 #include <algorithm>

@@ -1,11 +1,11 @@
 // Reference tables: their files, and values between and beyond their rows.
 #include "processing/mRefTable.h"
 
-#include "core/mError.h"
+#include "base/mError.h"
+#include "base/mNumText.h"
+#include "base/mSafeSave.h"
 #include "core/mGlobData.h"
-#include "core/mHost.h"
-#include "core/mNumText.h"
-#include "files/mSafeSave.h"
+#include "platform/mHost.h"
 #include "processing/mProcFuncs.h"
 #include "processing/mRefZero.h"
 

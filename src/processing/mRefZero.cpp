@@ -1,8 +1,8 @@
 // Re-zeroing of reference tables from their files.
 #include "processing/mRefZero.h"
 
+#include "base/mNumText.h"
 #include "core/mGlobData.h"
-#include "core/mNumText.h"
 #include "processing/mRefTable.h"
 
 #include <utility>

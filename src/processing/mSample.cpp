@@ -1,11 +1,11 @@
 // The rows of a new sample, and samples of single strokes.
 #include "processing/mSample.h"
 
-#include "core/mError.h"
+#include "base/mError.h"
+#include "base/mNumText.h"
 #include "core/mGlobData.h"
-#include "core/mHost.h"
-#include "core/mNumText.h"
 #include "core/mSettings.h"
+#include "platform/mHost.h"
 #include "processing/mNorm.h"
 #include "processing/mProcess.h"
 

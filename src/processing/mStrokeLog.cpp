@@ -1,10 +1,10 @@
 // The figures of single strokes and the file that they are written to.
 #include "processing/mStrokeLog.h"
 
-#include "core/mError.h"
+#include "base/mError.h"
+#include "base/mNumText.h"
 #include "core/mGlobData.h"
-#include "core/mHost.h"
-#include "core/mNumText.h"
+#include "platform/mHost.h"
 #include "processing/mProcess.h"
 
 #include <algorithm>

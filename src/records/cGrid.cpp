@@ -1,7 +1,7 @@
 // Rows added, removed and moved to.
 #include "records/cGrid.h"
 
-#include "core/mError.h"
+#include "base/mError.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,13 +1,13 @@
 // Grid, buttons and the line that tells which row is in use.
 #include "records/fTargets.h"
 
-#include "core/mHost.h"
 #include "core/mIni.h"
-#include "platform/qt/qMnemonics.h"
-#include "platform/qt/qPlace.h"
+#include "platform/mHost.h"
 #include "platform/qt/qText.h"
-#include "platform/qt/qWorkArea.h"
 #include "records/mTargets.h"
+#include "widgets/qMnemonics.h"
+#include "widgets/qPlace.h"
+#include "widgets/qWorkArea.h"
 
 #include <QCloseEvent>
 #include <QGridLayout>

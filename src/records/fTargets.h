@@ -1,8 +1,8 @@
 // The window "Targets for immediate feedback", in which the table of Targets.ini is edited.
 #pragma once
 
-#include "platform/qt/qGridModel.h"
-#include "platform/qt/qGridView.h"
+#include "widgets/qGridModel.h"
+#include "widgets/qGridView.h"
 
 #include <QWidget>
 

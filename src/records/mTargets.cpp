@@ -1,14 +1,14 @@
 // The two files of targets, and the choice of the row that fits the session.
 #include "records/mTargets.h"
 
-#include "core/mError.h"
-#include "core/mHost.h"
+#include "base/mCodePage.h"
+#include "base/mError.h"
+#include "base/mNumText.h"
+#include "base/mSafeSave.h"
 #include "core/mIni.h"
-#include "core/mNumText.h"
 #include "core/mSettings.h"
-#include "files/mCodePage.h"
-#include "files/mSafeSave.h"
 #include "files/mTextIO.h"
+#include "platform/mHost.h"
 
 #include <algorithm>
 #include <cctype>
@@ -65,7 +65,7 @@ std::optional<std::vector<Cells>> ReadTable(const char* Name, std::string_view M
 {
     const auto Bytes = ReadWhole(gAppDir + Name);
     if (!Bytes) return {};
-    return TableLines(DecodeText(*Bytes, Encoding), Mark);
+    return TableLines(DecodeText(*Bytes, Encoding, TextPage()), Mark);
 }
 
 TargetRow TargetFromCells(const Cells& Row)
@@ -176,7 +176,7 @@ bool SaveTargets()
         AppendLine(Text, CellsOf(Row));
     Text.append(EndMark).append("\r\n");
     const std::string Path = gAppDir + TargetsName;
-    return SaveWhole(Path, EncodeText(Text, gTargets.Encoding)) || CannotOpen(Path);
+    return SaveWhole(Path, EncodeText(Text, gTargets.Encoding, TextPage())) || CannotOpen(Path);
 }
 
 bool LoadCurves()

@@ -1,7 +1,7 @@
 // Sockets and pseudo-terminals without waiting.
 #include "sim/cLine.h"
 
-#include "core/mError.h"
+#include "base/mError.h"
 #include "platform/plain/sSerialLine.h"
 
 #include <array>

@@ -1,8 +1,8 @@
 // From the rower model through each channel's calibration to frames.
 #include "sim/cLogger.h"
 
-#include "core/mError.h"
-#include "core/mNumText.h"
+#include "base/mError.h"
+#include "base/mNumText.h"
 #include "sim/mInverse.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // The course of the loads, and a sensor with play, bow and wave.
 #include "sim/cRig.h"
 
-#include "core/mNumText.h"
+#include "base/mNumText.h"
 
 #include <algorithm>
 #include <cmath>

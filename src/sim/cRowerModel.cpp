@@ -1,7 +1,7 @@
 // Which signal a channel's name stands for.
 #include "sim/cRowerModel.h"
 
-#include "core/mNumText.h"
+#include "base/mNumText.h"
 
 namespace {
 constexpr int RightScull = 3;

@@ -1,8 +1,8 @@
 // Pacing of the stream. Frames that are due together go out together, so that any speed can be kept up with.
 #include "sim/cStreamer.h"
 
-#include "core/mNumText.h"
-#include "files/mSafeSave.h"
+#include "base/mNumText.h"
+#include "base/mSafeSave.h"
 
 #include <algorithm>
 #include <cmath>

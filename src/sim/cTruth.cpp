@@ -1,7 +1,7 @@
 // Boundaries found on the model's own curves, finer than any sampling.
 #include "sim/cTruth.h"
 
-#include "core/mNumText.h"
+#include "base/mNumText.h"
 
 #include <array>
 #include <functional>

@@ -1,7 +1,7 @@
 // The commands as a table of what they begin with.
 #include "sim/mAnswers.h"
 
-#include "core/mNumText.h"
+#include "base/mNumText.h"
 
 #include <array>
 #include <string_view>

@@ -1,7 +1,8 @@
 // Lines, parabolas and tables solved for the count.
 #include "sim/mInverse.h"
 
-#include "core/mNumText.h"
+#include "base/mNumText.h"
+#include "processing/mPhysVal.h"
 #include "processing/mRefTable.h"
 
 #include <algorithm>

@@ -1,9 +1,9 @@
 // Frames into a file until the strokes or the seconds are over.
 #include "sim/mRecord.h"
 
-#include "core/mHost.h"
-#include "core/mNumText.h"
-#include "files/mSafeSave.h"
+#include "base/mNumText.h"
+#include "base/mSafeSave.h"
+#include "platform/mHost.h"
 #include "sim/cTruth.h"
 
 #include <filesystem>

@@ -1,7 +1,7 @@
 // One table of the words, for reading and for the help.
 #include "sim/mRigOption.h"
 
-#include "core/mNumText.h"
+#include "base/mNumText.h"
 
 #include <algorithm>
 

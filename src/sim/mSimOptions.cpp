@@ -1,7 +1,7 @@
 // The table of options and its two uses.
 #include "sim/mSimOptions.h"
 
-#include "core/mNumText.h"
+#include "base/mNumText.h"
 #include "sim/mRigOption.h"
 
 #include <algorithm>

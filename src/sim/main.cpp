@@ -1,8 +1,9 @@
 // The simulated logger: reads its command line and the session, and writes a recording or streams.
-#include "core/mHost.h"
-#include "core/mNumText.h"
-#include "files/mSafeSave.h"
+#include "base/mNumText.h"
+#include "base/mSafeSave.h"
+#include "base/mVersion.h"
 #include "files/mTextIO.h"
+#include "platform/mHost.h"
 #include "platform/plain/sDialogs.h"
 #include "platform/plain/sSettings.h"
 #include "platform/plain/sStatus.h"
@@ -72,7 +73,7 @@ int Run(const std::vector<std::string>& Words)
         return WrongUsage;
     }
     if (Options.WantsHelp || Options.WantsVersion) {
-        std::cout << (Options.WantsHelp ? SimHelp() : "skarvelin-sim " SKARVELIN_VERSION "\n") << std::flush;
+        std::cout << (Options.WantsHelp ? SimHelp() : "skarvelin-sim " + std::string(Version()) + "\n") << std::flush;
         return Done;
     }
     const auto Work = Options.Recording.empty() ? Stream : Record;

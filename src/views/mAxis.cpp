@@ -1,7 +1,7 @@
 // Scale steps, and cutting segment by segment.
 #include "views/mAxis.h"
 
-#include "core/mNumText.h"
+#include "base/mNumText.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,9 +1,9 @@
 // Opening the link by model and port, and what happens to it afterwards.
 #include "acquisition/mComFast.h"
 
-#include "acquisition/mDecode.h"
 #include "acquisition/mSampling.h"
 #include "core/mIni.h"
+#include "files/mDecode.h"
 #include "support/Case.h"
 #include "support/ScriptedLink.h"
 

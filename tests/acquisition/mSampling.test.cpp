@@ -2,7 +2,7 @@
 #include "acquisition/mSampling.h"
 
 #include "acquisition/mComFast.h"
-#include "acquisition/mDecode.h"
+#include "files/mDecode.h"
 #include "support/Case.h"
 #include "support/ScriptedLink.h"
 

@@ -5,6 +5,7 @@
 #include "calibration/mRefBuild.h"
 #include "core/mIni.h"
 #include "files/mTextIO.h"
+#include "processing/mPhysVal.h"
 #include "support/Case.h"
 #include "support/TestClock.h"
 

@@ -1,10 +1,11 @@
 // Zeros of groups of channels, where they are stored, and tables that stay zeroed.
 #include "calibration/cReZero.h"
 
+#include "base/mSafeSave.h"
 #include "core/mGlobData.h"
 #include "core/mIni.h"
-#include "files/mSafeSave.h"
 #include "files/mTextIO.h"
+#include "processing/mPhysVal.h"
 #include "processing/mRefTable.h"
 #include "processing/mRefZero.h"
 #include "support/ScriptedDialogs.h"

@@ -1,5 +1,5 @@
 // Live rows as the drawing calls that they make.
-#include "live/cData01real.h"
+#include "live/panel/cData01real.h"
 
 #include "core/mIni.h"
 #include "support/Case.h"

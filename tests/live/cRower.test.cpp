@@ -1,5 +1,5 @@
 // The rower's panel: stroke starts, labels, the trace ring, target curves and wishes.
-#include "live/cRower.h"
+#include "live/rower/cRower.h"
 
 #include "core/mIni.h"
 #include "records/mTargets.h"

@@ -1,6 +1,6 @@
 // The sample path of the rower's panel asks for no memory.
 #include "core/mIni.h"
-#include "live/cRower.h"
+#include "live/rower/cRower.h"
 #include "platform/plain/sSurface.h"
 #include "support/Case.h"
 

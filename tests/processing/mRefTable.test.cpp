@@ -1,5 +1,6 @@
 #include "processing/mRefTable.h"
 
+#include "processing/mPhysVal.h"
 #include "processing/mProcFuncs.h"
 #include "support/Case.h"
 

@@ -1,8 +1,8 @@
 // Frames of every logger model, against bytes typed by hand and through the engine's own decoders.
 #include "sim/cFrameEncoder.h"
 
-#include "acquisition/mDecode.h"
-#include "acquisition/mFrame.h"
+#include "files/mDecode.h"
+#include "files/mFrame.h"
 #include "sim/cRandom.h"
 #include "support/Case.h"
 

@@ -1,7 +1,7 @@
 // The stream of the simulated logger: the same for the same seed, and what faults do to it.
 #include "sim/cLogger.h"
 
-#include "acquisition/mFrame.h"
+#include "files/mFrame.h"
 #include "support/Case.h"
 
 #include <algorithm>

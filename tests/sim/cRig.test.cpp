@@ -1,7 +1,7 @@
 // Channels on the calibration rig, as they come out of a recording, against the rig's own curve.
 #include "calibration/mCalFit.h"
 #include "calibration/mRefBuild.h"
-#include "core/mMain.h"
+#include "core/shell/mMain.h"
 #include "files/mBinIO.h"
 #include "sim/mRecord.h"
 #include "sim/mRigOption.h"

@@ -1,6 +1,7 @@
 // Physical values through the inverse calibration and back through the engine's calibration.
 #include "sim/mInverse.h"
 
+#include "processing/mPhysVal.h"
 #include "processing/mRefTable.h"
 #include "support/Case.h"
 

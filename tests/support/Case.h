@@ -1,11 +1,11 @@
 // What nearly every case needs: the engine's records and settings, files in a folder of its own, scripted answers.
 #pragma once
 
-#include "core/mError.h"
+#include "base/mError.h"
+#include "base/mNumText.h"
+#include "base/mSafeSave.h"
 #include "core/mGlobData.h"
-#include "core/mNumText.h"
 #include "core/mSettings.h"
-#include "files/mSafeSave.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempFolder.h"
 

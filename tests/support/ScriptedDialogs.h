@@ -2,8 +2,8 @@
 // memory with their defaults loaded.
 #pragma once
 
-#include "core/mHost.h"
 #include "core/mSettings.h"
+#include "platform/mHost.h"
 #include "platform/plain/sSettings.h"
 #include "support/TempFolder.h"
 

@@ -1,8 +1,8 @@
 // Ports that a test feeds by hand, a window that counts, and the frames to feed.
 #pragma once
 
+#include "base/mError.h"
 #include "core/mDataWindow.h"
-#include "core/mError.h"
 #include "platform/iSerialPort.h"
 #include "platform/iSocket.h"
 #include "platform/plain/sByteQueue.h"

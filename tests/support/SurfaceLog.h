@@ -1,7 +1,7 @@
 // A surface that writes what is drawn on it as lines of text.
 #pragma once
 
-#include "core/mNumText.h"
+#include "base/mNumText.h"
 #include "platform/iSurface.h"
 
 #include <string>

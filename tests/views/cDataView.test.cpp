@@ -1,9 +1,9 @@
 // The data view's curves and numbers: places of samples, what is drawn at two zooms, the figures of a selection.
-#include "views/cDataView.h"
+#include "views/data/cDataView.h"
 #include "processing/mProcess.h"
 #include "support/Case.h"
 #include "support/SurfaceLog.h"
-#include "views/mSelNumbers.h"
+#include "views/data/mSelNumbers.h"
 
 #include <algorithm>
 

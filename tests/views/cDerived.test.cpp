@@ -1,7 +1,7 @@
 // Curves of the report and of the play view from the same stored sample.
 #include "support/Case.h"
-#include "views/cData03report.h"
-#include "views/cData04play.h"
+#include "views/play/cData04play.h"
+#include "views/report/cData03report.h"
 
 namespace {
 // Sample "S02" at rate 30 with the points j of angle A and j squared of force F; its rows stand behind those of another

@@ -1,7 +1,7 @@
 // The report: rows of samples and patterns on a page that a surface writes down.
 #include "support/Case.h"
 #include "support/SurfaceLog.h"
-#include "views/cReportPage.h"
+#include "views/report/cReportPage.h"
 
 #include <algorithm>
 

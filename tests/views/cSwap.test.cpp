@@ -1,6 +1,6 @@
 // Corrections of stored samples: what each touches, what it passes over, and taking it back.
-#include "views/cSwap.h"
-#include "core/mError.h"
+#include "views/samples/cSwap.h"
+#include "base/mError.h"
 #include "support/ScriptedDialogs.h"
 
 #include <doctest/doctest.h>

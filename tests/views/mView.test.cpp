@@ -1,9 +1,9 @@
 // Loading, cutting, saving and processing of what the data view shows, on recordings in files.
-#include "views/cDataNav.h"
-#include "views/mViewEdit.h"
-#include "views/mViewLoad.h"
-#include "views/mViewProc.h"
-#include "views/mViewSave.h"
+#include "views/data/cDataNav.h"
+#include "views/data/mViewEdit.h"
+#include "views/data/mViewLoad.h"
+#include "views/data/mViewProc.h"
+#include "views/data/mViewSave.h"
 
 #include "files/mQVN.h"
 #include "files/mRawLog.h"

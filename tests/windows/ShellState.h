@@ -2,8 +2,8 @@
 #pragma once
 
 #include "acquisition/mSampling.h"
-#include "core/frmMain.h"
-#include "core/mHost.h"
+#include "core/shell/frmMain.h"
+#include "platform/mHost.h"
 #include "platform/qt/qClock.h"
 #include "platform/qt/qSerialPort.h"
 #include "platform/qt/qSocket.h"

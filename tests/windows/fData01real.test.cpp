@@ -1,11 +1,11 @@
 // The rower's panel as a window: labels, keys, targets, full screen, and what becomes of a running recording.
-#include "live/fData01real.h"
+#include "live/rower/fData01real.h"
 #include "ShellState.h"
-#include "acquisition/mFrame.h"
+#include "base/mSafeSave.h"
 #include "core/mGlobData.h"
 #include "core/mIni.h"
+#include "files/mFrame.h"
 #include "files/mRawLog.h"
-#include "files/mSafeSave.h"
 #include "files/mTextIO.h"
 #include "support/SurfaceLog.h"
 

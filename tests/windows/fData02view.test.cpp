@@ -1,11 +1,11 @@
 // The data view on a recording, by clicks, keys and mouse: selection and its numbers, deleting, processing, saving.
-#include "views/fData02view.h"
+#include "views/data/fData02view.h"
 #include "ShellState.h"
-#include "core/fCommands.h"
-#include "core/mNumText.h"
+#include "base/mNumText.h"
+#include "base/mSafeSave.h"
 #include "core/mSettings.h"
+#include "core/shell/fCommands.h"
 #include "files/mQVN.h"
-#include "files/mSafeSave.h"
 #include "files/mTextIO.h"
 
 #include <QLabel>

@@ -1,8 +1,8 @@
 // The report window: opened from the menu, read, saved in three forms, printed, closed.
-#include "views/fData03report.h"
+#include "views/report/fData03report.h"
 #include "ShellState.h"
+#include "base/mSafeSave.h"
 #include "core/mGlobData.h"
-#include "files/mSafeSave.h"
 #include "platform/qt/qSurface.h"
 
 #include <QImage>

@@ -3,7 +3,7 @@
 #include "ShellState.h"
 #include "core/mDataWindow.h"
 #include "core/mIni.h"
-#include "core/mMain.h"
+#include "core/shell/mMain.h"
 
 #include <QLabel>
 #include <QLineEdit>

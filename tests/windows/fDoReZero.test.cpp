@@ -1,9 +1,9 @@
 // The re-zero window, clicked and typed into while frames come.
 #include "ShellState.h"
-#include "core/fCommands.h"
 #include "core/mDataWindow.h"
 #include "core/mGlobData.h"
-#include "platform/qt/qWorkArea.h"
+#include "core/shell/fCommands.h"
+#include "widgets/qWorkArea.h"
 
 #include <QLabel>
 #include <QLineEdit>

@@ -1,9 +1,9 @@
 // Sample corrections and sample chooser, clicked and typed into.
 #include "ShellState.h"
+#include "base/mSafeSave.h"
 #include "core/mGlobData.h"
-#include "files/mSafeSave.h"
 #include "platform/qt/qSurface.h"
-#include "views/fSamples.h"
+#include "views/samples/fSamples.h"
 
 #include <QLabel>
 #include <QLineEdit>

@@ -1,12 +1,13 @@
 // The main window as its users find it: menus, toolbar, sessions, windows, start and end.
 #include "ShellState.h"
+#include "base/mVersion.h"
 #include "calibration/fCheckChans.h"
 #include "calibration/fDoCalibr.h"
 #include "calibration/fTrackChans.h"
-#include "core/fFolders.h"
-#include "core/fMenu.h"
 #include "core/mDataWindow.h"
 #include "core/mIni.h"
+#include "core/shell/fFolders.h"
+#include "core/shell/fMenu.h"
 #include "files/mTextIO.h"
 
 #include <QLabel>
@@ -119,7 +120,7 @@ TEST_CASE_FIXTURE(ShellState, "saving without a session says so, help has none, 
           Texts{"Information: There is no session to save: open one first.",
                 "Information: Unable to display Help Contents. There is no Help associated with this project."});
     Choose("mnuHelpAbout");
-    CHECK(Find<QMessageBox>("frmAbout").text().contains(SKARVELIN_VERSION));
+    CHECK(Find<QMessageBox>("frmAbout").text().contains(Version()));
 }
 
 TEST_CASE_FIXTURE(ShellState, "windows are laid in bands, side by side, and closed by the last button")

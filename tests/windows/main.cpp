@@ -2,7 +2,7 @@
 #define DOCTEST_CONFIG_IMPLEMENT
 #include <doctest/doctest.h>
 
-#include "platform/qt/qLook.h"
+#include "widgets/qLook.h"
 
 #include <QApplication>
 

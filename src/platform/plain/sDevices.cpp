@@ -1,7 +1,7 @@
 // Serial devices as the kernel shows them.
 #include "platform/plain/sDevices.h"
 
-#include "core/mNumText.h"
+#include "base/mNumText.h"
 
 #include <algorithm>
 #include <filesystem>

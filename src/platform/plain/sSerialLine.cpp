@@ -1,7 +1,7 @@
 // The kernel's own form of line settings, since the portable one knows a few speeds only and 256000 is not among them.
 #include "platform/plain/sSerialLine.h"
 
-#include "core/mNumText.h"
+#include "base/mNumText.h"
 
 #include <asm/termbits.h>
 #include <sys/ioctl.h>

@@ -1,7 +1,7 @@
 // Serial input as the loop reports it, kept until it is taken.
 #include "platform/plain/sSerialPort.h"
 
-#include "core/mError.h"
+#include "base/mError.h"
 #include "platform/plain/sDevices.h"
 #include "platform/plain/sSerialLine.h"
 

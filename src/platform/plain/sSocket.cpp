@@ -1,8 +1,8 @@
 // Connecting without waiting, one address of a name after another, and receiving.
 #include "platform/plain/sSocket.h"
 
-#include "core/mError.h"
-#include "core/mNumText.h"
+#include "base/mError.h"
+#include "base/mNumText.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 // Progress on a terminal.
 #include "platform/plain/sStatus.h"
 
-#include "core/mNumText.h"
+#include "base/mNumText.h"
 
 #include <iostream>
 

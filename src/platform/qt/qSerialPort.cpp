@@ -1,7 +1,7 @@
 // Serial port: what the toolkit's port does on a broken line and with bytes left unread, put right.
 #include "platform/qt/qSerialPort.h"
 
-#include "core/mNumText.h"
+#include "base/mNumText.h"
 #include "platform/plain/sDevices.h"
 #include "platform/qt/qText.h"
 

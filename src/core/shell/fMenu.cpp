@@ -1,0 +1,123 @@
+// Menus and toolbar as tables.
+#include "core/shell/fMenu.h"
+
+#include "core/mDataWindow.h"
+#include "core/shell/fCommands.h"
+#include "core/shell/frmMain.h"
+
+namespace {
+// Why an entry is there and cannot be chosen.
+constexpr const char* WithSession = "Comes with the session and athlete dialogs";
+constexpr const char* WithOptions = "Comes with the options";
+constexpr const char* WithSetUp = "Comes with the logger set-up";
+constexpr const char* WithGrid = "Comes with the record grid";
+constexpr const char* WithPanels = "Comes with the live panels";
+constexpr const char* WithPlay = "Comes with the play view";
+constexpr const char* WithVideo = "Comes with the video windows";
+constexpr const char* NotUsed = "Not in use";
+
+constexpr MenuTitle Menus[] = {
+    {"mnuFile", "&File"}, {"mnuSetUp", "&SetUp"}, {"mnuCalibrate", "&Calibrate"}, {"mnuSample", "S&Ample"},
+    {"mnuView", "&View"}, {"mnuPlay", "&Play"},   {"mnuWindow", "&Window"},       {"mnuHelp", "&Help"},
+};
+
+constexpr MenuItem Items[] = {
+    {"mnuFile", "mnuFileNew", "&New", "Ctrl+N", nullptr, WithSession},
+    {"mnuFile", "mnuFileOpen", "&Open...", "Ctrl+O", FileOpen, nullptr},
+    {"mnuFile", "mnuFileSave", "&Save", "Ctrl+S", FileSave, nullptr},
+    {"mnuFile", "mnuFileSaveAs", "Save A&s...", "Ctrl+Shift+S", nullptr, WithSession},
+    {"mnuFile", nullptr, nullptr, nullptr, nullptr, nullptr},
+    {"mnuFile", "mnuFileExit", "E&xit", "Ctrl+Q", FileExit, nullptr},
+
+    {"mnuSetUp", "mnuSetGlobals", "&Globals...", nullptr, nullptr, WithOptions},
+    {"mnuSetUp", "mnuSetSkarvelin", "Skarvelin", nullptr, nullptr, WithSetUp},
+    {"mnuSetUp", nullptr, nullptr, nullptr, nullptr, nullptr},
+    {"mnuSetUp", "mnuSetSession", "S&ession...", nullptr, nullptr, WithSession},
+    {"mnuSetUp", "mnuSetAthlete", "Athlete Data", nullptr, nullptr, WithSession},
+    {"mnuSetUp", "mnuSetCrew", "&Crew...", nullptr, nullptr, WithGrid},
+    {"mnuSetUp", "mnuSetCalibr", "C&alibration...", nullptr, nullptr, WithGrid},
+    {"mnuSetUp", "mnuSetBoat", "&Boat SetUp...", nullptr, nullptr, WithGrid},
+    {"mnuSetUp", nullptr, nullptr, nullptr, nullptr, nullptr},
+    {"mnuSetUp", "mnuSetView1", "A&quisition View...", nullptr, nullptr, WithGrid},
+    {"mnuSetUp", "mnuSetView3", "&Report View...", nullptr, nullptr, WithGrid},
+    {"mnuSetUp", "mnuSetView4", "&Play View...", nullptr, nullptr, WithGrid},
+    {"mnuSetUp", "mnuSetTargets", "&Targets", nullptr, EditTargets, nullptr},
+
+    {"mnuCalibrate", "mnuCalibrCheck", "&Check Channels", "F5", CheckChannels, nullptr},
+    {"mnuCalibrate", "mnuCalibrDo", "&Do Calibration", nullptr, DoCalibration, nullptr},
+    {"mnuCalibrate", "mnuCalibrReZero", "Re&Zero Channels...", nullptr, ReZeroChannels, nullptr},
+    {"mnuCalibrate", "mnuCalibrAutoReZero", "A&uto ReZero...", nullptr, AskAutoReZero, nullptr},
+    {"mnuCalibrate", "mnuCalibrZeroCal", "Set Calib&Rator...", nullptr, SetCalibrator, nullptr},
+    {"mnuCalibrate", "mnuCalibrAnthro", "Anthropometry", nullptr, nullptr, WithVideo},
+    {"mnuCalibrate", nullptr, nullptr, nullptr, nullptr, nullptr},
+    {"mnuCalibrate", "mnuCalibrLog", "&Log Channels", "Ctrl+R", LogChannels, nullptr},
+    {"mnuCalibrate", "mnuCalibrReadLog", "&Read Log", nullptr, ReadLog, nullptr},
+
+    {"mnuSample", "mnuSampleRower", "&Rower's Panel", nullptr, SampleRower, nullptr},
+    {"mnuSample", "mnuSampleCatch", "&Catch Training", nullptr, nullptr, WithPanels},
+    {"mnuSample", "mnuSampleCoach", "C&oach's Panel", nullptr, nullptr, WithPanels},
+    {"mnuSample", "mnuSampleTwoPanels", "&All Panels", nullptr, nullptr, WithPanels},
+
+    {"mnuView", "mnuViewQVN", "Read Skarvelin file", nullptr, ViewLoggerFile, nullptr},
+    {"mnuView", "mnuViewScanQVN", "Scan Skarvelin file", nullptr, ViewScannedFile, nullptr},
+    {"mnuView", "mnuViewRaw", "&Raw...", nullptr, ViewRawFile, nullptr},
+    {"mnuView", "mnuViewPrim", "&Primary...", nullptr, ViewPrimaryFile, nullptr},
+    {"mnuView", "mnuViewTyp", "&Typical", nullptr, ViewTypical, nullptr},
+    {"mnuView", "mnuViewSwap", "Correct Vars", nullptr, CorrectVars, nullptr},
+
+    {"mnuPlay", "mnuPlayRawRower", "&Catch", nullptr, PlayRawRower, nullptr},
+    {"mnuPlay", "mnuPlayRawCoach", "Simple", nullptr, PlayRawCoach, nullptr},
+    {"mnuPlay", "mnuPlayTypical", "Normalised", nullptr, nullptr, WithPlay},
+    {"mnuPlay", "mnuPlayNorm", "Typical Data + &Video", nullptr, nullptr, WithVideo},
+    {"mnuPlay", "mnuPlayLoad", "&Load and Play...", nullptr, nullptr, WithPlay},
+    {"mnuPlay", nullptr, nullptr, nullptr, nullptr, nullptr},
+    {"mnuPlay", "mnuVidPlay", "&Video", nullptr, nullptr, WithVideo},
+    {"mnuPlay", "mnuVidDigit", "&Digitise Video", nullptr, nullptr, WithVideo},
+    {"mnuPlay", "mnuSetDots", "Setup Points", nullptr, nullptr, WithGrid},
+    {"mnuPlay", "mnuSetSegs", "SetUp Segments", nullptr, nullptr, WithGrid},
+    {"mnuPlay", "mnuPlayAnim", "Animation", nullptr, nullptr, WithPlay},
+    {"mnuPlay", "mnyPlayComp", "Complex Data...", nullptr, nullptr, NotUsed},
+    {"mnuPlay", "mnuPlayMPEG", "MPEG video", nullptr, nullptr, WithVideo},
+    {"mnuPlay", "mnuPlaySound", "Sound", nullptr, nullptr, NotUsed},
+
+    {"mnuWindow", "mnuWinToolbar", "&Toolbar", nullptr, [](frmMain& Main) { Main.ShowBars(); }, nullptr},
+    {"mnuWindow", "mnuWinStatusBar", "Status &Bar", nullptr, [](frmMain& Main) { Main.ShowBars(); }, nullptr},
+    {"mnuWindow", nullptr, nullptr, nullptr, nullptr, nullptr},
+    {"mnuWindow", "mnuWindowCascade", "&Cascade", nullptr, [](frmMain& Main) { Main.Cascade(); }, nullptr},
+    {"mnuWindow", "mnuWindowTileHorizontal", "Tile &Horizontal", nullptr,
+     [](frmMain& Main) { Main.Tile(Qt::Horizontal); }, nullptr},
+    {"mnuWindow", "mnuWindowTileVertical", "Tile &Vertical", nullptr, [](frmMain& Main) { Main.Tile(Qt::Vertical); },
+     nullptr},
+
+    {"mnuHelp", "mnuHelpContents", "&Contents", "F1", ShowHelp, nullptr},
+    {"mnuHelp", "mnuHelpSearchForHelpOn", "&Search For Help On...", nullptr, ShowHelp, nullptr},
+    {"mnuHelp", nullptr, nullptr, nullptr, nullptr, nullptr},
+    {"mnuHelp", "mnuHelpAbout", "&About ", nullptr, ShowAbout, nullptr},
+};
+
+constexpr ToolButton Buttons[] = {
+    {"Open File...", "Открыть файл", "open", "mnuFileOpen", nullptr, nullptr},
+    {"New File...", "Новый файл", "new", "mnuFileNew", nullptr, nullptr},
+    {"Check", "Каналы", "check", "mnuCalibrCheck", nullptr, nullptr},
+    {"Boat Works", "Обнулить", "boat", "mnuSampleCoach", nullptr, nullptr},
+    {"Erg Works", "Гребля", "erg", "mnuSampleRower", nullptr, nullptr},
+    {"Play", "Воспроизв.", "play", "mnuPlayRawRower", nullptr, nullptr},
+    {"Log Data", "Запись", "record", nullptr, ToggleLog, nullptr},
+    {"Close", "Закрыть", "close", nullptr, [](frmMain&) { CloseDForms(); }, nullptr},
+};
+} // namespace
+
+std::span<const MenuTitle> AllMenus()
+{
+    return Menus;
+}
+
+std::span<const MenuItem> AllMenuItems()
+{
+    return Items;
+}
+
+std::span<const ToolButton> AllToolButtons()
+{
+    return Buttons;
+}

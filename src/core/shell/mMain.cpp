@@ -1,0 +1,45 @@
+// Start-up and shutdown without a window.
+#include "core/shell/mMain.h"
+
+#include "base/mNumText.h"
+#include "core/mGlobData.h"
+#include "core/mIni.h"
+#include "core/mSettings.h"
+#include "files/mTextIO.h"
+
+bool StartUp(const std::string& Folder)
+{
+    gAppDir = Folder;
+    LoadSettings();
+    const bool Found = ReadIni();
+    SetCurFile(gCurFile);
+    gKeyMode = gFile.KeyMode >= 0 && gFile.KeyMode <= 3 ? gFile.KeyMode : gKeyModeSet;
+    gTimeStep = SafeDiv(1, gDataFreq);
+    gDeltaT = gTimeStep;
+    return Found;
+}
+
+bool LoadCurrentFile()
+{
+    if (!ReadDataFile(gCurFile, gFile, SectionFilter::Any)) return false;
+    ResolveChannels();
+    return true;
+}
+
+bool OpenSession(const std::string& Path)
+{
+    SetCurFile(Path);
+    return LoadCurrentFile();
+}
+
+void ShutDown()
+{
+    SaveSetting("ToolBar");
+    SaveSetting("StatusBar");
+    WriteIni();
+    SaveSetting("StdFilter");
+    SaveSetting("gUseNonLinear");
+    for (std::size_t i = 0; i < gRGB.size(); ++i)
+        SaveSetting("RGBArr" + FormatNum(static_cast<double>(i), "00"));
+    SaveSetting("gDrawWidth");
+}

@@ -1,0 +1,81 @@
+// Numbers of a selection by the stroke statistics.
+#include "views/data/mSelNumbers.h"
+
+#include "base/mError.h"
+#include "base/mNumText.h"
+#include "core/mGlobData.h"
+#include "processing/mProcess.h"
+#include "views/data/cDataView.h"
+
+const std::array<const char*, 13> SelLabels = {"",          "",         "",      "Time (s)", "Strokes",         "Rate",
+                                               "Variation", "Dist (m)", "Speed", "Proc.",    "Proc.Strokes(%)", "",
+                                               "FilterSD"};
+
+std::optional<SelTexts> SelectionNumbers(int32_t Start, int32_t Stop)
+{
+    if (gKeyChan < 1 || gKeyChan > gRaw.ChannelUBound()) return {};
+    ScanUpTo(Start);
+    if (!CycleStats(Start, Stop)) return {};
+    SelTexts Texts;
+    const double Duration = gRaw(0, Stop) - gRaw(0, Start);
+    Texts[1] = FormatNum(gRaw(0, Start), "0.0");
+    Texts[2] = FormatNum(gRaw(0, Stop), "0.0");
+    Texts[3] = FormatNum(Duration, "0.0");
+    Texts[4] = FormatNum(gStrokeCnt, "0");
+    Texts[5] = FormatNum(gRate, "0.0");
+    Texts[6] = FormatNum(SafeDiv(gCycleSD, gMeanCycleT), "0.0%");
+    const auto Dist = DistTexts(Start, Stop);
+    Texts[7] = Dist[0];
+    Texts[8] = Dist[1];
+    int32_t Count = 0;
+    double Mean = 0, SD = 0;
+    CycleStatsInRange(Start, Stop, Count, Mean, SD);
+    Texts[9] = FormatNum(Count, "0");
+    Texts[10] = FormatNum(SafeDiv(Count, gStrokeCnt), "0.0%");
+    Texts[11] = FormatNum(SafeDiv(60, Mean), "0.0");
+    Texts[12] = FormatNum(SafeDiv(SD, Mean), "0.0%");
+    return Texts;
+}
+
+std::string GapNote(int32_t Start, int32_t Stop)
+{
+    constexpr double LeastSteps = 10;
+    const double MeanStep = SafeDiv(gRaw(0, Stop) - gRaw(0, Start), Stop - Start);
+    double Longest = LeastSteps * MeanStep;
+    std::string Note;
+    for (int32_t i = Start; i < Stop; ++i) {
+        const double Step = gRaw(0, i + 1) - gRaw(0, i);
+        if (Step <= Longest) continue;
+        Longest = Step;
+        Note = "No samples for " + FormatNum(Step, "0.0") + " s behind " + FormatNum(gRaw(0, i), "0.0") +
+               " s: they count as part of a stroke";
+    }
+    return Note;
+}
+
+bool FindAllStrokes(int32_t& Start, int32_t& Stop)
+{
+    const int32_t Last = gRaw.UBound() - 1;
+    int32_t Cur = 0;
+    double Time = 0;
+    ScanUpTo(0);
+    if (!DetectCycle(Cur, Last, Time)) return false;
+    Start = Stop = Cur;
+    while (DetectCycle(Cur, Last, Time))
+        if (Cur <= Last) Stop = Cur;
+    return true;
+}
+
+std::array<std::string, 2> DistTexts(int32_t Start, int32_t Stop)
+{
+    const auto Dist = SelectionDist(Start, Stop);
+    if (!Dist) return {};
+    return {FormatNum(*Dist, "0.0"), FormatNum(SafeDiv(*Dist, gRaw(0, Stop) - gRaw(0, Start)), "0.00")};
+}
+
+std::optional<double> SelectionDist(int32_t Start, int32_t Stop)
+{
+    if (Stop == 0) Stop = gRaw.UBound();
+    if (gDist.empty() || Start < gDistStart || Stop > gDistStop) return {};
+    return At(gDist, Stop) - At(gDist, Start);
+}

@@ -1,0 +1,46 @@
+// The report window: the plots of the report view, the values of its functions beside them, printing and saving.
+#pragma once
+
+#include "views/report/cReport.h"
+
+#include <QWidget>
+
+class qSurface;
+class QAction;
+class QGridLayout;
+class QMenuBar;
+class QPrinter;
+class QScrollArea;
+
+class fData03report : public QWidget
+{
+public:
+    fData03report();
+
+    /// Computes the report and shows it; as cReport::InitData.
+    void InitData(int Kind, int16_t Sample, int32_t First, int32_t Last);
+
+    /// Prints all pages. False when the printer cannot be used (told).
+    bool PrintOn(QPrinter& Printer);
+
+protected:
+    void keyPressEvent(QKeyEvent* Event) override;
+    void closeEvent(QCloseEvent* Event) override;
+
+private:
+    QMenuBar* BuildMenus();
+    QWidget* BuildTable();
+    void DrawPlot();
+    void PrintReport();
+    void Print();
+    void Save();
+
+    cReport Report;
+    qSurface* picGraph;
+    QScrollArea* picTable;
+    QGridLayout* Values = nullptr;
+    QAction* mnuReportIsTable = nullptr;
+};
+
+/// Opens a report in a window of the main window; as cReport::InitData. A failure is told.
+void OpenReport(int Kind, int16_t Sample, int32_t First, int32_t Last);
