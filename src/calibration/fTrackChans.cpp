@@ -2,8 +2,6 @@
 #include "calibration/fTrackChans.h"
 
 #include "acquisition/mComFast.h"
-#include "core/shell/fCommands.h"
-#include "core/shell/frmMain.h"
 
 #include <QKeyEvent>
 
@@ -26,11 +24,10 @@ void fTrackChans::DrawAnew()
 
 void fTrackChans::keyPressEvent(QKeyEvent* Event)
 {
-    auto* Main = dynamic_cast<frmMain*>(window());
     if (Event->key() == Qt::Key_Escape)
         CloseLink();
-    else if (Main && (Event->key() == Qt::Key_Return || Event->key() == Qt::Key_Enter))
-        DumpChannels(*Main);
+    else if (OnDump && (Event->key() == Qt::Key_Return || Event->key() == Qt::Key_Enter))
+        OnDump();
     else
         qDataWindow::keyPressEvent(Event);
 }

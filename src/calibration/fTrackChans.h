@@ -4,6 +4,8 @@
 #include "calibration/cTrackChans.h"
 #include "widgets/qDataWindow.h"
 
+#include <functional>
+
 class fTrackChans : public qDataWindow
 {
 public:
@@ -12,6 +14,9 @@ public:
     void DrawData() override { Chans.DrawData(); }
     void SetLive(bool Live) override { Chans.SetLive(Live); }
     void NewSession() override;
+
+    /// What Enter does: begins or ends a dump of the channels. Nothing when it is empty.
+    std::function<void()> OnDump;
 
 protected:
     void keyPressEvent(QKeyEvent* Event) override;

@@ -65,7 +65,7 @@ void ShowPlaced(frmMain& Main, const char* Name, const char* Section, QSize Defa
 fCheckChans& ShowIndicators(frmMain& Main)
 {
     fCheckChans& Check = ShowOne<fCheckChans>(Main);
-    ShowOne<fTrackChans>(Main);
+    ShowOne<fTrackChans>(Main).OnDump = [&Main] { DumpChannels(Main); };
     Main.Tile(Qt::Vertical);
     Main.Activate(Check);
     return Check;
@@ -103,6 +103,19 @@ void Play(frmMain& Main, const std::string& Path)
     if (std::none_of(Windows.begin(), Windows.end(), [](const cDataWindow* Open) { return Open->Tag == DataTag; }))
         ShowIndicators(Main);
     TellPlaying(Path);
+}
+
+// Opens a report in a window of its own; the arguments are those of cReport::InitData.
+void OpenReport(frmMain& Main, int Kind, int16_t Sample, int32_t First, int32_t Last)
+{
+    Guard("The report", [&] {
+        auto Report = std::make_unique<fData03report>();
+        Report->InitData(Kind, Sample, First, Last);
+        fData03report* Shown = Report.release();
+        Main.AddWindow(Shown);
+        RestorePlace(*Shown, fData03report::Section, (Main.AreaSize() * 0.94).boundedTo({1400, 900}));
+        return true;
+    });
 }
 
 // A new window each time, since the two modes differ in what they write.
@@ -223,7 +236,7 @@ void AskAutoReZero(frmMain& Main)
 void ViewTypical(frmMain& Main)
 {
     auto* Chooser = new dSamples(&Main);
-    Chooser->OnChosen = [](int16_t Sample) { OpenReport(ReportStored, Sample, 0, 0); };
+    Chooser->OnChosen = [&Main](int16_t Sample) { OpenReport(Main, ReportStored, Sample, 0, 0); };
     Chooser->open();
 }
 
@@ -237,7 +250,7 @@ void OpenDataView(frmMain& Main, const std::string& FileName, int16_t Mode)
     }
     auto View = std::make_unique<fData02view>();
     if (!View->InitData(FileName, Mode)) return;
-    View->OnPlot = [](int Kind, int32_t First, int32_t Last) { OpenReport(Kind, 0, First, Last); };
+    View->OnPlot = [&Main](int Kind, int32_t First, int32_t Last) { OpenReport(Main, Kind, 0, First, Last); };
     fData02view* Shown = View.release();
     Main.AddWindow(Shown);
     RestorePlace(*Shown, "fData02view", Main.AreaSize());

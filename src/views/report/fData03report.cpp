@@ -1,7 +1,6 @@
 // Menus, plots and values of the report window.
 #include "views/report/fData03report.h"
 
-#include "core/shell/frmMain.h"
 #include "platform/mHost.h"
 #include "platform/qt/qSurface.h"
 #include "platform/qt/qText.h"
@@ -10,7 +9,6 @@
 #include "widgets/qMnemonics.h"
 #include "widgets/qPlace.h"
 
-#include <QApplication>
 #include <QCloseEvent>
 #include <QGridLayout>
 #include <QLabel>
@@ -22,10 +20,8 @@
 #include <QSplitter>
 
 #include <algorithm>
-#include <memory>
 
 namespace {
-constexpr const char* Section = "fData03report";
 constexpr const char* TableKey = "IsTable";
 constexpr int32_t White = 0xFFFFFF;
 constexpr int TableWidth = 240;
@@ -212,21 +208,4 @@ void fData03report::closeEvent(QCloseEvent* Event)
 {
     KeepPlace(*this, Section);
     QWidget::closeEvent(Event);
-}
-
-void OpenReport(int Kind, int16_t Sample, int32_t First, int32_t Last)
-{
-    const auto Windows = QApplication::topLevelWidgets();
-    const auto Main = std::find_if(Windows.begin(), Windows.end(),
-                                   [](QWidget* Each) { return dynamic_cast<frmMain*>(Each) != nullptr; });
-    if (Main == Windows.end()) return;
-    Guard("The report", [&] {
-        auto Window = std::make_unique<fData03report>();
-        Window->InitData(Kind, Sample, First, Last);
-        fData03report& Opened = *Window;
-        auto& Shell = dynamic_cast<frmMain&>(**Main);
-        Shell.AddWindow(Window.release());
-        RestorePlace(Opened, Section, (Shell.AreaSize() * 0.94).boundedTo({1400, 900}));
-        return true;
-    });
 }

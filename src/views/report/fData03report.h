@@ -15,6 +15,9 @@ class QScrollArea;
 class fData03report : public QWidget
 {
 public:
+    /// Section of the settings that keeps its place.
+    static constexpr const char* Section = "fData03report";
+
     fData03report();
 
     /// Computes the report and shows it; as cReport::InitData.
@@ -41,6 +44,3 @@ private:
     QGridLayout* Values = nullptr;
     QAction* mnuReportIsTable = nullptr;
 };
-
-/// Opens a report in a window of the main window; as cReport::InitData. A failure is told.
-void OpenReport(int Kind, int16_t Sample, int32_t First, int32_t Last);
