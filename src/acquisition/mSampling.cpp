@@ -11,7 +11,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <utility>
 
 bool FrameSynced = false;
 bool gReplaying = false;
@@ -27,7 +26,6 @@ ByteSource FromSocket([](std::span<uint8_t> Room) { return gHost.Socket->GetData
 
 int Timer1 = 0; // 0: not enabled
 int Timer1Interval = ReplayInterval;
-bool HasDrawFailed = false; // since frames began to come
 
 // Growth of the log, to tell a recording into which nothing flows.
 int64_t LoggedBytes = 0;
@@ -74,16 +72,17 @@ std::size_t FrameMin()
     return static_cast<std::size_t>(std::max<int16_t>(gFrameMin, 0));
 }
 
-// Takes, decodes and records the next frame. The log is a true copy of the stream, whatever the decoder says.
+// Takes, decodes and records the next frame, and offers it to the windows that compute. The log is a true copy of the
+// stream, whatever the decoder says.
 bool PassFrame(FrameRoad Road, const Frame& Taken)
 {
     FrameSynced = DecodeFrame(Road, Taken);
     LogFrame(Taken.Bytes);
-    if (FrameSynced) {
-        gLinkWatch.FrameCame(gHost.Clock->Milliseconds());
-        DumpFrame();
-    }
-    return FrameSynced;
+    if (!FrameSynced) return false;
+    gLinkWatch.FrameCame(gHost.Clock->Milliseconds());
+    DumpFrame();
+    SampleDataWindows();
+    return true;
 }
 
 bool PassFrame(FrameRoad Road, ByteSource& Source)
@@ -92,14 +91,9 @@ bool PassFrame(FrameRoad Road, ByteSource& Source)
     return Taken && PassFrame(Road, *Taken);
 }
 
-// A window that fails is told once; the recording goes on without it, also while the message stands.
 void ShowFrame(const std::string& Text)
 {
-    if (!std::exchange(HasDrawFailed, true))
-        HasDrawFailed = !Guard("Showing the frame", [] {
-            DrawDataWindows();
-            return true;
-        });
+    DrawDataWindows();
     UpdateStatus(Text);
     IsFrameShown = true;
 }
@@ -211,7 +205,7 @@ void StartReplay(const std::string& Path)
     if (!gReplayFile.Open(Path)) return;
     DropLink();
     CreateData();
-    HasDrawFailed = false;
+    RetryDataWindows();
     gFrameCnt = 0;
     gFirstCycle = true;
     gReplaying = true;
@@ -254,7 +248,7 @@ void BeginStream()
     FromSocket.Skip(FromSocket.Held());
     gHost.SerialPort->RThreshold = FrameMin();
     FrameSynced = false;
-    HasDrawFailed = false;
+    RetryDataWindows();
 }
 
 void TakeRest()

@@ -4,6 +4,7 @@
 #include "platform/mHost.h"
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 namespace {
@@ -11,6 +12,7 @@ constexpr int64_t StaleAfter = 1000; // ms
 
 std::vector<cDataWindow*> Windows;
 int64_t LastFrame = 0; // ms of the clock
+int64_t Handed = 0;    // times that frames were handed to the windows
 
 // A window that closes may take others with it.
 template <class Work>
@@ -18,6 +20,45 @@ void FromLast(const Work& Do)
 {
     for (std::size_t i = Windows.size(); i-- > 0;)
         if (i < Windows.size()) Do(*Windows[i]);
+}
+
+bool IsLoaded(const cDataWindow* Window)
+{
+    return std::find(Windows.begin(), Windows.end(), Window) != Windows.end();
+}
+
+bool TakesFrames(const cDataWindow& Window)
+{
+    return Window.Tag == DataTag && !Window.HasFailed && !Window.IsAtWork;
+}
+
+// Hands the frame in gData to one window, which may close meanwhile.
+void Hand(cDataWindow& Window, const char* What, void (cDataWindow::*Work)(), std::vector<std::string>& Failures)
+{
+    Window.IsAtWork = true;
+    const auto Call = [&] {
+        (Window.*Work)();
+        return true;
+    };
+    const bool IsDone = Guard(What, Failures, std::ref(Call));
+    if (!IsLoaded(&Window)) return;
+    Window.IsAtWork = false;
+    if (IsDone) return;
+    Window.HasFailed = true;
+    Window.LoseFrames();
+}
+
+// Failures are reported when all windows have had the frame: further frames may come while a message stands. The same
+// holds for a question that a window asks: the frames that came meanwhile were handed to the other windows then.
+void HandToAll(const char* What, void (cDataWindow::*Work)())
+{
+    const int64_t Number = ++Handed;
+    std::vector<std::string> Failures;
+    // A window may close while it works, so the list is walked by index.
+    for (std::size_t i = 0; i < Windows.size() && Number == Handed; ++i)
+        if (TakesFrames(*Windows[i])) Hand(*Windows[i], What, Work, Failures);
+    for (const std::string& Failure : Failures)
+        MsgBox(Failure + ". Nothing that was stored has been changed.", TitleError);
 }
 } // namespace
 
@@ -49,12 +90,21 @@ const std::vector<cDataWindow*>& LoadedWindows()
     return Windows;
 }
 
+void SampleDataWindows()
+{
+    HandToAll("Taking the frame", &cDataWindow::TakeSample);
+}
+
 void DrawDataWindows()
 {
     LastFrame = gHost.Clock->Milliseconds();
-    // A window may close while it draws, so the list is walked by index.
-    for (std::size_t i = 0; i < Windows.size(); ++i)
-        if (Windows[i]->Tag == DataTag) Windows[i]->TakeFrame();
+    HandToAll("Showing the frame", &cDataWindow::TakeFrame);
+}
+
+void RetryDataWindows()
+{
+    for (cDataWindow* Window : Windows)
+        Window->HasFailed = false;
 }
 
 void CheckLive()

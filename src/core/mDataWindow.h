@@ -19,7 +19,10 @@ public:
     /// "D" to receive frames; a window that is closing has none.
     std::string Tag;
 
-    /// A frame has come: gData holds it. Draws only what changed.
+    /// A frame was decoded: gData holds it. Recognisers, curves, scores and points take it in; nothing is drawn.
+    virtual void TakeSample() {}
+
+    /// One or more frames were taken; gData holds the last one. Draws only what changed.
     virtual void DrawData() = 0;
 
     /// Playback control: codes 0 to 6.
@@ -40,6 +43,9 @@ public:
     /// Calls SetLive(false) when the window was live.
     void LoseFrames();
 
+    bool HasFailed = false; // gets no frames until the next stream
+    bool IsAtWork = false;  // still has one: a question of its own may stand
+
 private:
     bool IsLive = false;
 };
@@ -47,8 +53,15 @@ private:
 /// The loaded windows in the order in which they were opened.
 const std::vector<cDataWindow*>& LoadedWindows();
 
-/// Calls DrawData of each window tagged "D", in order.
+/// Calls TakeSample of each window tagged "D", in order: once for every decoded frame. A window that fails is reported
+/// to the user once and then left out; the others go on.
+void SampleDataWindows();
+
+/// Calls DrawData of each window tagged "D", in order: once for each arrival of frames. Failures as with samples.
 void DrawDataWindows();
+
+/// A new stream begins: windows that failed get frames again.
+void RetryDataWindows();
 
 /// Tells each window tagged "D" once that frames have stopped, when none has come for a second.
 void CheckLive();

@@ -55,6 +55,7 @@ TEST_CASE_FIXTURE(Recording, "five frames of one arrival are all recorded and sh
         Batch += LongFrame(40 * i);
     Socket.Feed(Batch);
     CHECK(Window.Drawn == 1);
+    CHECK(Window.Sampled == std::vector{0.04, 0.08, 0.12, 0.16, 0.2});
     CHECK(gData[0] == 0.2);
     CHECK(gFrameCnt == 5);
     CHECK(Recorded() == Batch);
@@ -68,6 +69,7 @@ TEST_CASE_FIXTURE(Recording, "five frames of one arrival are all recorded and sh
         CHECK(Window.Drawn == 2);
         Socket.Feed(LongFrame(280) + Bad);
         CHECK(Window.Drawn == 2);
+        CHECK(Window.Sampled.size() == 7); // also the frame ahead of the bad one
         CHECK_FALSE(FrameSynced);
         CHECK(Recorded() == Batch + Bad + LongFrame(240) + LongFrame(280) + Bad);
     }
@@ -78,7 +80,49 @@ TEST_CASE_FIXTURE(Recording, "five frames of one arrival are all recorded and sh
         CHECK(gFrameCnt == 5);
         Socket.Drop();
         CHECK(gFrameCnt == 6);
+        CHECK(Window.Sampled.back() == 0.24);
         CHECK(Recorded() == Batch + LongFrame(240));
+    }
+    SUBCASE("a window that fails while it samples is reported once and left out until the next stream; others go on")
+    {
+        CountingWindow Other;
+        Window.FailsInSample = true;
+        Socket.Feed(LongFrame(240) + LongFrame(280));
+        CHECK(Dialogs.Told ==
+              Texts{"Error: Taking the frame failed: Overflow. Nothing that was stored has been changed."});
+        CHECK(Window.Sampled.size() == 6);
+        CHECK(Window.Drawn == 1);
+        CHECK_FALSE(Window.IsShownLive);
+        CHECK(Other.Sampled == std::vector{0.24, 0.28});
+        CHECK(Other.Drawn == 1);
+        CHECK(Recorded() == Batch + LongFrame(240) + LongFrame(280));
+        Window.FailsInSample = false;
+        Socket.Drop();
+        Clock.Wait(600);
+        Socket.Answer();
+        Socket.Feed(LongFrame(320));
+        CHECK(Window.Sampled.back() == 0.32);
+        CHECK(Window.Drawn == 2);
+    }
+    SUBCASE("frames that come while a window asks a question go to the other windows, each once")
+    {
+        struct AskingWindow : CountingWindow
+        {
+            std::function<void()> Question;
+            void TakeSample() override
+            {
+                CountingWindow::TakeSample();
+                if (Question) std::exchange(Question, nullptr)();
+            }
+        } Asking;
+        CountingWindow Last;
+        Asking.Question = [this] { Socket.Feed(LongFrame(280) + LongFrame(320)); };
+        Socket.Feed(LongFrame(240));
+        CHECK(Asking.Sampled == std::vector{0.24});
+        CHECK(Last.Sampled == std::vector{0.28, 0.32});
+        Socket.Feed(LongFrame(360));
+        CHECK(Asking.Sampled == std::vector{0.24, 0.36});
+        CHECK(Last.Sampled == std::vector{0.28, 0.32, 0.36});
     }
 }
 
@@ -89,6 +133,7 @@ TEST_CASE_FIXTURE(Recording, "on the serial road each frame has an event and is 
     Port.Feed(LongFrame(40) + "junk" + LongFrame(80) + LongFrame(120).substr(0, 38));
     CHECK(Port.Events == 2);
     CHECK(Window.Drawn == 2);
+    CHECK(Window.Sampled == std::vector{0.04, 0.08});
     CHECK(Recorded() == LongFrame(40) + LongFrame(80));
     Port.Feed(LongFrame(120).substr(38));
     CHECK(Window.Drawn == 3);
@@ -205,6 +250,7 @@ TEST_CASE_FIXTURE(Recording,
     gRate = 31.25;
     Clock.Wait(40);
     CHECK(gFromFile);
+    CHECK(Window.Sampled == std::vector{0.04});
     CHECK(Panel(2).ends_with("Hz, Strokes=007, Rate=031.2"));
     SetReplayInterval(4);
     gReplaying = false;

@@ -3,6 +3,7 @@
 
 #include "base/mError.h"
 #include "core/mDataWindow.h"
+#include "core/mGlobData.h"
 #include "platform/iSerialPort.h"
 #include "platform/iSocket.h"
 #include "platform/plain/sByteQueue.h"
@@ -129,10 +130,17 @@ class CountingWindow : public cDataWindow
 public:
     CountingWindow() : cDataWindow(DataTag) {}
     int Drawn = 0;
+    std::vector<double> Sampled; // times of the frames
     bool IsShownLive = false;
     bool IsUnloaded = false;
     bool Fails = false;
+    bool FailsInSample = false;
 
+    void TakeSample() override
+    {
+        Sampled.push_back(gData[0]);
+        if (FailsInSample) throw RunError("Overflow");
+    }
     void DrawData() override
     {
         ++Drawn;
