@@ -77,10 +77,10 @@ TEST_CASE_FIXTURE(ShellState,
     Fresh.show();
     Fresh.TakeFrame();
     CHECK(Live == Picture(Fresh));
-    QTest::qWait(900);
+    QTest::qWait(300);
     CheckLive();
     CHECK(Picture(*Window) == Live);
-    QTest::qWait(150);
+    QTest::qWait(750);
     CheckLive();
     CHECK(Picture(*Window) != Live);
     DrawDataWindows();

@@ -1,5 +1,6 @@
 // The re-zero window, clicked and typed into while frames come.
 #include "ShellState.h"
+#include "acquisition/mComFast.h"
 #include "core/mDataWindow.h"
 #include "core/mGlobData.h"
 #include "core/shell/fCommands.h"
@@ -82,6 +83,7 @@ TEST_CASE_FIXTURE(ShellState, "angles and handle forces are zeroed by the counts
     QTimer Frames;
     Frames.callOnTimeout([] {
         gData = {0, 100, 200};
+        gLinkWatch.FrameCame(gHost.Clock->Milliseconds());
         DrawDataWindows();
     });
     Frames.start(20);
