@@ -90,15 +90,18 @@ void StrokeScan::AddFrame(int32_t Pos)
     if (BeginsStroke(Key, static_cast<double>(gFile.KeyThres))) AddStroke(Pos);
 }
 
+// A stroke over which the clock was set back or stood still has no row; the next one is counted from it.
 void StrokeScan::AddStroke(int32_t Pos)
 {
-    ScanRow& Row = Rows.Grow();
-    Row.Pos = Pos;
-    Row.Time = Frames * gTimeStep;
-    Row.Rate = SafeDiv(60, gData[0] - StrokeTime);
-    if (SpeedOn) {
-        Row.Speed = SpeedSum / StrokeFrames;
-        Row.Dist = gData[DistChan];
+    if (const double Duration = gData[0] - StrokeTime; Duration > 0) {
+        ScanRow& Row = Rows.Grow();
+        Row.Pos = Pos;
+        Row.Time = Frames * gTimeStep;
+        Row.Rate = 60 / Duration;
+        if (SpeedOn) {
+            Row.Speed = SpeedSum / StrokeFrames;
+            Row.Dist = gData[DistChan];
+        }
     }
     StrokeTime = gData[0];
     SpeedSum = 0;

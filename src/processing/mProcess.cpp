@@ -62,9 +62,11 @@ struct Band
     bool Holds(double Period) const { return Low <= Period && Period <= High; }
 };
 
+// A cycle over which the clock runs back or stands still is never taken, however wide the band is.
 Band AcceptanceBand()
 {
-    return {gMeanCycleT - gCycleSD * StdFilter, gMeanCycleT + gCycleSD * StdFilter};
+    constexpr double Shortest = std::numeric_limits<double>::denorm_min();
+    return {std::max(gMeanCycleT - gCycleSD * StdFilter, Shortest), gMeanCycleT + gCycleSD * StdFilter};
 }
 
 struct PeriodSums
@@ -169,7 +171,7 @@ bool ProcessCycles(int32_t Start, int32_t& Stop, int Run)
     int32_t Cur = Start;
     double CycleTime = 0;
     if (DetectCycle(Cur, Stop, CycleTime)) ResetNorm(Run);
-    const double FirstT = CycleTime;
+    double FirstT = CycleTime;
     double PrevT = CycleTime;
     int32_t PrevSample = Cur;
     while (DetectCycle(Cur, Stop, CycleTime)) {
@@ -177,6 +179,7 @@ bool ProcessCycles(int32_t Start, int32_t& Stop, int Run)
             AddStroke(PrevSample, PrevT, CycleTime, Run);
         else
             ++gBadStrokes;
+        if (CycleTime < PrevT) FirstT += CycleTime - PrevT; // the clock was set back: the time of the run goes on
         PrevSample = Cur;
         PrevT = CycleTime;
         ShowProgress(Cur);

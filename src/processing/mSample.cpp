@@ -10,6 +10,8 @@
 #include "processing/mProcess.h"
 
 namespace {
+constexpr int32_t DetectorLag = 3; // samples from a boundary to the one that completes it
+
 DescRow DescribeRun(int Number)
 {
     DescRow Row;
@@ -65,13 +67,20 @@ bool ProcessStrokes(int32_t Start, int16_t MaxCnt)
     const int32_t Stop = gRaw.UBound();
     int32_t Cur = Start;
     int32_t PrevSample = Start;
-    const double FirstT = gRaw(0, Start);
+    double FirstT = gRaw(0, Start);
     double PrevT = FirstT;
     double CycleTime = 0;
     int Done = 0;
     std::string Cut;
     ResetNorm(1);
     while (DetectCycle(Cur, Stop, CycleTime) && Done < MaxCnt) {
+        if (!(CycleTime > PrevT)) {
+            if (PrevSample == Start && Cur <= Start + DetectorLag) continue; // it lies ahead of the start
+            FirstT += CycleTime - PrevT; // the clock was set back: its times go on from here
+            PrevSample = Cur;
+            PrevT = CycleTime;
+            continue;
+        }
         AddStroke(PrevSample, PrevT, CycleTime, 1);
         if (gFile.ChanCnt > 0 && gNormCnt1(NormSteps, 1) == 0) {
             Cut = " The one that begins at " + FormatNum(PrevT, "0.0") +

@@ -11,7 +11,7 @@
 void SaveNormSample(int Run, const std::string& Prefix);
 
 /// Stores up to MaxCnt strokes from sample Start on, each as a sample of its own; the first runs from Start to the
-/// first boundary. Ends, told, at one whose last points lie beyond the recording. Gives what CycleStats finds from
-/// Start to the last sample, or false, told, without a key channel. Throws RunError, with the session as it was, when a
-/// sample cannot be stored.
+/// first boundary behind it. A stretch over which the clock runs back is no stroke. Ends, told, at one whose last
+/// points lie beyond the recording. Gives what CycleStats finds from Start to the last sample, or false, told, without
+/// a key channel. Throws RunError, with the session as it was, when a sample cannot be stored.
 bool ProcessStrokes(int32_t Start, int16_t MaxCnt);

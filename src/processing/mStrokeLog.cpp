@@ -151,7 +151,9 @@ void WriteStroke(const KeyPoint& Catch, const KeyPoint& Finish, StrokeLog& Log)
 // and zero key value; where the boundary is the catch itself, the stroke is reckoned from zero.
 void StrokeRow(int32_t From, int32_t To, StrokeLog& Log)
 {
-    gMeanCycleT = gRaw(0, To) - gRaw(0, From);
+    const double CycleT = gRaw(0, To) - gRaw(0, From);
+    if (CycleT < 0) return; // the clock was set back
+    gMeanCycleT = CycleT;
     PeakWindow K{};
     double PrevT = 0;
     double PrevH = 0;
@@ -163,7 +165,7 @@ void StrokeRow(int32_t From, int32_t To, StrokeLog& Log)
         const double dK = K[4] - K[3];
         if (dK > 0) AddToDrive(T, H, PrevH, T - PrevT, dK);
         if (IsCatch(K)) Catch = {gRaw(0, i - 2), K[2]};
-        if (IsFinish(K)) return WriteStroke(Catch, {gRaw(0, i - 2), K[2]}, Log);
+        if (IsFinish(K) && gRaw(0, i - 2) >= Catch.T) return WriteStroke(Catch, {gRaw(0, i - 2), K[2]}, Log);
         std::copy(K.begin() + 1, K.end(), K.begin());
         PrevT = T;
         PrevH = H;

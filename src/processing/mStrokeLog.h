@@ -20,7 +20,8 @@ extern double gPower;     // work by cycle time
 /// Full name of the last log.
 extern std::string StrokeLogFN;
 
-/// Writes a row for every cycle of the stretch that has a finish into a new log, an older one is never overwritten.
+/// Writes a row for every cycle of the stretch that has a finish and over which the clock does not run back into a new
+/// log, an older one is never overwritten.
 /// Stop 0 becomes the last sample. False, told, without the key channel, channel H1 or a whole cycle, and when the log
 /// cannot be opened or written. Throws RunError when a stroke has no duration; rows written so far stay in the file.
 bool ExportStrokes(int32_t Start, int32_t& Stop);

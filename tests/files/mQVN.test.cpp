@@ -30,12 +30,14 @@ public:
         Settings.SaveSetting(FindSetting(Key)->Section, Key, Value);
     }
 
+    std::size_t Restart = 9999; // the frame from which the logger's clock counts anew
+
     // Scans frames a second apart with these values of the key channel and speeds of 2, 4, 6, ...
     bool Scan(const std::vector<int>& Keys, const std::string& Tail = "")
     {
         std::string Bytes;
         for (std::size_t i = 0; i < Keys.size(); ++i) {
-            const auto Stamp = 1000 * (i + 1);
+            const auto Stamp = 1000 * (i >= Restart ? i - Restart : i + 1);
             Bytes += HexText("01 80 00 1C 00") + static_cast<char>(Stamp % 128) + static_cast<char>(Stamp / 128 % 128) +
                      static_cast<char>(Stamp / 16384) + std::string(9, '\0');
             for (const std::size_t Word : {std::size_t{0}, static_cast<std::size_t>(Keys[i] + 50), 4 * i + 2})
@@ -105,6 +107,15 @@ TEST_CASE_FIXTURE(Outing, "strokes have position, time by the nominal frequency,
     SetSetting("gVChan", "8"); // not below the number of channels: no speed
     CHECK(Scan({0, 20}));
     CHECK(Rows() == "35 0.04 30 0 0 | ");
+}
+
+TEST_CASE_FIXTURE(Outing,
+                  "a stroke over which the logger's clock is set back has no row, and the next ones have theirs")
+{
+    gKeyMode = 1;
+    Restart = 5;
+    CHECK(Scan({0, 20, 0, 20, 0, 0, 20, 0, 20}));
+    CHECK(Rows() == "35 0.08 30 3 0 | 103 0.16 30 7 0 | 273 0.36 30 17 0 | ");
 }
 
 TEST_CASE_FIXTURE(Outing, "a scan ends with the frame that failed, and a frame cut off is left out")

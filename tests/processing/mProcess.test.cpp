@@ -92,6 +92,27 @@ TEST_CASE_FIXTURE(FreshState, "a boundary that the last sample of the stretch co
     CHECK(Status.Shown.back() == "54%");
 }
 
+TEST_CASE_FIXTURE(FreshState, "a cycle over which the clock is set back is never accepted, however wide the band is")
+{
+    MakeRecording({Cycles({20, 20, 20, 20, 20, 20})});
+    for (int i = 50; i <= gRaw.UBound(); ++i)
+        gRaw(0, i) -= 49;
+    StdFilter = 9;
+    gBadStrokes = 0;
+    int32_t Stop = 0;
+    CHECK(ProcessCycles(0, Stop, 1));
+    CHECK(gStrokeCnt == 5);
+    CHECK(gBadStrokes == 1);
+    CHECK(gMeanCycleT == 20);
+    CHECK(gRate == 3);
+    CHECK(gTestTime == 100);
+    int32_t Cnt = 0;
+    double Mean = 0, SD = 0;
+    REQUIRE(CycleStats(0, Stop));
+    CHECK(CycleStatsInRange(0, Stop, Cnt, Mean, SD));
+    CHECK((Cnt == 5 && Mean == 20 && SD == 0));
+}
+
 TEST_CASE_FIXTURE(FreshState, "what cannot be processed is told and leaves the pattern as it was")
 {
     int32_t Stop = 0;

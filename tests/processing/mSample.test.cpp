@@ -84,6 +84,35 @@ TEST_CASE_FIXTURE(FreshState, "each stroke becomes a sample, the first from the 
     CHECK(Dialogs.Told.back() == "Information: 2 strokes processed.");
 }
 
+TEST_CASE_FIXTURE(FreshState, "a boundary ahead of the start or a clock set back makes no stroke without a duration")
+{
+    for (const auto& [Mode, Key] : {std::pair<int16_t, std::vector<double>>{0, Cycles({60, 60, 60})},
+                                    {3, Repeat({1, 2, 3, 4, 5, 4, 3, 2, 1, 0, -1, -2, -1, 0}, 20)}})
+        for (int Start = 5; Start <= 11; ++Start) { // the boundary lies at 6.5 in the one, at 4 in the other
+            CAPTURE(Start);
+            gKeyMode = Mode;
+            MakeRecording({Key});
+            gFile.Desc.Clear();
+            gFile.Data.Clear();
+            ScanUpTo(Start);
+            CHECK(ProcessStrokes(Start, 2));
+            REQUIRE(gFile.Desc.UBound() == 2);
+            CHECK(gFile.Desc[1].Start == Start / 60.0);
+            for (const DescRow& Row : gFile.Desc)
+                CHECK((Row.Finish > Row.Start && Row.TestTime > 0 && Row.Rate > 0));
+        }
+    gKeyMode = 0;
+    MakeRecording({Cycles({60, 60, 60, 60})});
+    for (int i = 150; i <= gRaw.UBound(); ++i)
+        gRaw(0, i) -= 149; // a logger that was started anew
+    gFile.Desc.Clear();
+    ScanUpTo(10);
+    CHECK(ProcessStrokes(10, 9));
+    CHECK(Text(gFile.Desc) == " S01 Stroke 01 1 50 56.5 1 0 1.06195 0 0.166667 1.10833\n"
+                              " S02 Stroke 02 1 50 116.5 1 0 1 0 1.10833 2.10833\n"
+                              " S03 Stroke 03 1 50 176.5 1 0 1 0 0.625 1.625\n");
+}
+
 TEST_CASE_FIXTURE(FreshState, "a stroke too near to the end is left out and told, and those ahead of it are kept")
 {
     // The last stroke starts less than 50 samples before the end of the data.

@@ -57,6 +57,18 @@ TEST_CASE_FIXTURE(LogState,
           Header + "1\t12.00\t2.5000\t1.0000\t2.5000\t10.000\t300.00\t200.00\t500.00\t1460.00\t292.00\r\n");
 }
 
+TEST_CASE_FIXTURE(LogState, "a stroke over which the clock is set back has no row, and those around it have theirs")
+{
+    for (int i = 28; i <= gRaw.UBound(); ++i)
+        gRaw(0, i) -= 13.5; // in the recovery of the third stroke
+    for (int i = 45; i <= gRaw.UBound(); ++i)
+        gRaw(0, i) -= 8; // in the drive of the fourth
+    int32_t Stop = 0;
+    CHECK(ExportStrokes(10, Stop));
+    const std::string Row = "\t12.00\t2.5000\t1.0000\t2.5000\t10.000\t300.00\t140.00\t350.00\t1400.00\t280.00\r\n";
+    CHECK(ReadWhole(StrokeLogFN).value_or("") == Header + "1" + Row + "2" + Row);
+}
+
 TEST_CASE_FIXTURE(LogState, "rows written before a failure stay, and what cannot be logged is told")
 {
     int32_t Stop = 0;
