@@ -5,8 +5,8 @@
 #include "base/mSafeSave.h"
 #include "core/mGlobData.h"
 #include "files/mBinIO.h"
-#include "files/mDecode.h"
 #include "files/mQVN.h"
+#include "files/mStream.h"
 
 #include <algorithm>
 #include <array>

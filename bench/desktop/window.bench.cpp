@@ -50,7 +50,8 @@ void Frame(benchmark::State& State)
         const std::span<const uint8_t> Whole(First + Next, FrameBytes);
         Next = (Next + FrameBytes) % Bytes.size();
         const auto Begin = std::chrono::steady_clock::now();
-        DecodeLong(Whole.subspan(HeadBytes));
+        DecodeLong(Whole.subspan(HeadBytes), gLinkStream, gData);
+        PublishLive(gLinkStream);
         Log.Append(Whole);
         Check.TakeFrame();
         Track.TakeFrame();

@@ -7,7 +7,7 @@
 #include "core/mGlobData.h"
 #include "core/mIni.h"
 #include "core/mSettings.h"
-#include "files/mDecode.h"
+#include "files/mStream.h"
 #include "platform/mHost.h"
 
 #include <algorithm>
@@ -157,6 +157,8 @@ bool OpenLink()
         return false;
     Used.Key = LinkKey();
     CreateData();
+    gLinkStream = NewStream();
+    gLinkStream.IsOpen = true;
     gTimeStep = SafeDiv(1, gDataFreq);
     gDeltaT = gTimeStep;
     gFrameCnt = 0;
@@ -211,5 +213,6 @@ void DropLink()
     gHost.SerialPort->Close();
     gHost.Socket->Close();
     gLinkWatch.Closed();
+    gLinkStream.IsOpen = false;
     Used = {};
 }

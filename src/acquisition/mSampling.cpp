@@ -1,4 +1,4 @@
-// What the three roads of frames do alike and where they differ.
+// What the three frame sources do alike and where they differ.
 #include "acquisition/mSampling.h"
 
 #include "acquisition/mComFast.h"
@@ -74,9 +74,9 @@ std::size_t FrameMin()
 
 // Takes, decodes and records the next frame, and offers it to the windows that compute. The log is a true copy of the
 // stream, whatever the decoder says.
-bool PassFrame(FrameRoad Road, const Frame& Taken)
+bool PassFrame(FrameSource From, const Frame& Taken)
 {
-    FrameSynced = DecodeFrame(Road, Taken);
+    FrameSynced = DecodeLive(From, Taken, From == FrameSource::Replay ? gReplayStream : gLinkStream);
     LogFrame(Taken.Bytes);
     if (!FrameSynced) return false;
     gLinkWatch.FrameCame(gHost.Clock->Milliseconds());
@@ -85,10 +85,10 @@ bool PassFrame(FrameRoad Road, const Frame& Taken)
     return true;
 }
 
-bool PassFrame(FrameRoad Road, ByteSource& Source)
+bool PassFrame(FrameSource From, ByteSource& Source)
 {
     const auto Taken = TakeFrame(Source);
-    return Taken && PassFrame(Road, *Taken);
+    return Taken && PassFrame(From, *Taken);
 }
 
 void ShowFrame(const std::string& Text)
@@ -163,14 +163,14 @@ void MSComm1_OnComm()
         return;
     }
     Port.RThreshold = FrameMin();
-    if (PassFrame(FrameRoad::Serial, FromPort)) ShowFrame(LiveText());
+    if (PassFrame(FrameSource::Serial, FromPort)) ShowFrame(LiveText());
 }
 
 void tcpServer_DataArrival(std::size_t)
 {
     bool IsLastGood = false;
     while (NextInSocket(FrameMin() + 1).IsReady())
-        IsLastGood = PassFrame(FrameRoad::Socket, FromSocket);
+        IsLastGood = PassFrame(FrameSource::Socket, FromSocket);
     if (IsLastGood) ShowFrame(LiveText());
 }
 
@@ -192,7 +192,7 @@ void Timer1_Timer()
         return;
     }
     const auto Taken = gReplayFile.Take();
-    if (Taken && PassFrame(FrameRoad::Replay, *Taken)) ShowFrame(ReplayText());
+    if (Taken && PassFrame(FrameSource::Replay, *Taken)) ShowFrame(ReplayText());
 }
 
 void StartReplay(const std::string& Path)
@@ -205,6 +205,8 @@ void StartReplay(const std::string& Path)
     if (!gReplayFile.Open(Path)) return;
     DropLink();
     CreateData();
+    gReplayStream = NewStream();
+    gReplayStream.IsOpen = true;
     RetryDataWindows();
     gFrameCnt = 0;
     gFirstCycle = true;
@@ -226,6 +228,7 @@ void StopReplay()
     Timer1Interval = ReplayInterval;
     gReplaying = false;
     gFromFile = false;
+    gReplayStream.IsOpen = false;
     gReplayFile.Close();
 }
 
@@ -255,9 +258,9 @@ void TakeRest()
 {
     bool IsLastGood = false;
     while (NextInPort(0).IsReady())
-        IsLastGood = PassFrame(FrameRoad::Serial, FromPort);
+        IsLastGood = PassFrame(FrameSource::Serial, FromPort);
     while (NextInSocket(0).IsReady())
-        IsLastGood = PassFrame(FrameRoad::Socket, FromSocket);
+        IsLastGood = PassFrame(FrameSource::Socket, FromSocket);
     if (IsLastGood) ShowFrame(LiveText());
 }
 

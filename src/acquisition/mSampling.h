@@ -1,4 +1,4 @@
-// The three roads of frames, serial port, socket and replay: taken, decoded, recorded, handed to the data windows.
+// The three frame sources, serial port, socket and replay: taken, decoded, recorded, handed to the data windows.
 #pragma once
 
 #include "files/mBinIO.h"

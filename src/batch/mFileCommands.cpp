@@ -138,10 +138,10 @@ void AppendFrame(std::string& Text, int Index)
 {
     AppendFixed(Text, Index, 0);
     Text += '\t';
-    AppendFixed(Text, gData[0], 3);
+    AppendFixed(Text, gScanData[0], 3);
     Text += '\t';
     for (int Chan = 1; Chan <= gFile.ChanCnt; ++Chan) {
-        AppendFixed(Text, At(gData, Chan), 0);
+        AppendFixed(Text, At(gScanData, Chan), 0);
         Text += '\t';
     }
     Text += "\r\n";
@@ -163,7 +163,6 @@ bool DoDump(const Args& Line)
     for (int Chan = 1; Chan <= gFile.ChanCnt; ++Chan)
         Text += FormatNum(Chan, "0") + '\t';
     File.Append(Text + "\r\n");
-    CreateData();
     int Count = 0;
     for (; ReadFrame(); ++Count) {
         Text.clear();

@@ -101,7 +101,7 @@ bool PlayThrough(const std::string& Path, cRower& Panel, TabText& Table)
     CreateData();
     int Frame = -1;
     while (const auto Taken = gScanFile.Take()) {
-        if (!DecodeFrame(FrameRoad::Replay, *Taken)) continue;
+        if (!DecodeLive(FrameSource::Replay, *Taken, gScanStream)) continue;
         ++Frame;
         Panel.DrawData();
         if (Panel.NewStroke()) WriteStroke(Table, Frame, Panel);

@@ -35,14 +35,14 @@ bool AreDataComing()
     return gLinkWatch.State() == cLinkWatch::eState::Open && !gLinkWatch.IsSilent();
 }
 
-// The last frame of a file that can be decoded, in gData. False when there is none or the file cannot be read (told).
+// Puts the last frame of a file that can be decoded into gData. False when there is none or the file cannot be read
+// (reported to the user).
 bool ReadLastFrame(const std::string& Path)
 {
     if (!OpenScanFile(Path)) return false;
-    CreateData();
-    std::optional<decltype(gData)> Last;
+    std::optional<SampleVector> Last;
     while (ReadFrame())
-        Last = gData;
+        Last = gScanData;
     if (!CloseScanFile()) return false;
     if (Last) gData = *Last;
     if (!Last) MsgBox("There is no frame of this logger model in file: " + Path, TitleError);

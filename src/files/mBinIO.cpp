@@ -14,10 +14,10 @@
 #include <vector>
 
 RawFile gScanFile;
+Stream gScanStream;
+SampleVector gScanData{};
 
 namespace {
-std::optional<StreamState> Beside; // the stream that was there before gScanFile was opened
-
 // What the reading of a recording carries from frame to frame.
 struct ReadState
 {
@@ -70,8 +70,8 @@ private:
 void StoreFiller::AddFrame()
 {
     for (std::size_t Chan = 1; Chan < Width; ++Chan)
-        Tile[Chan * Stride + Waiting] = gData[Chan];
-    Tile[Waiting] = TimeSinceFirst(gData[0], State);
+        Tile[Chan * Stride + Waiting] = gScanData[Chan];
+    Tile[Waiting] = TimeSinceFirst(gScanData[0], State);
     if (++Waiting == TileFrames) Flush();
 }
 
@@ -111,7 +111,6 @@ SampleStore ReadStretch(int32_t Start, int32_t Stop)
     const int64_t Length = int64_t{Stop} - Start + 1;
     StoreFiller Filler(gFile.ChanCnt, std::min<int64_t>(Length, gScanFile.Length()));
     PercentMeter Meter(Length);
-    CreateData();
     if (gScanFile.Length() < gFrameMin) return Filler.Finish();
     while (ReadFrame()) {
         Filler.AddFrame();
@@ -171,34 +170,24 @@ bool OpenScanFile(const std::string& Path, int32_t Start)
         MsgBox("Can't open file: " + Path, TitleError);
         return false;
     }
-    Beside.emplace();
+    gScanStream = NewStream();
+    gScanData.fill(0);
     return true;
 }
 
 bool CloseScanFile()
 {
-    if (Beside) Beside->Restore();
-    Beside.reset();
+    PublishFile(gScanStream);
     const bool HasFailed = gScanFile.HasFailed();
     gScanFile.Close();
     if (HasFailed) MsgBox("Can't read file: " + gScanFile.Path(), TitleError);
     return !HasFailed;
 }
 
-bool GoOnReading(int Percent)
-{
-    const StreamState Read;
-    if (Beside) Beside->Restore();
-    const bool GoesOn = GoOn(Percent);
-    if (Beside) Beside.emplace();
-    Read.Restore();
-    return GoesOn;
-}
-
 bool ReadFrame()
 {
     const auto Taken = gScanFile.Take();
-    return Taken && DecodeFrame(FrameRoad::File, *Taken);
+    return Taken && DecodeFrame(FrameSource::File, *Taken, gScanStream, gScanData);
 }
 
 bool ReadRawFile(const std::string& Path, int32_t& Start, int32_t& Stop)

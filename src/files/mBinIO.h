@@ -12,7 +12,7 @@
 class RawFile
 {
 public:
-    /// Opens the file at a position. False when it is no readable file; nothing is told.
+    /// Opens the file at a position. False when it is no readable file; nothing is reported.
     bool Open(const std::string& Path, int32_t Start = 1);
     void Close();
 
@@ -49,17 +49,19 @@ private:
 /// The file that ReadFrame reads. Open during one reading only.
 extern RawFile gScanFile;
 
-/// Opens gScanFile at a position; a file that cannot be read or is larger than 2 GB is told and gives false.
+/// The stream of gScanFile, and its frame decoded last. gData stays that of the link or the replay.
+extern Stream gScanStream;
+extern SampleVector gScanData;
+
+/// Opens gScanFile at a position and begins its stream. False for a file that cannot be read or is larger than 2 GB
+/// (reported to the user).
 bool OpenScanFile(const std::string& Path, int32_t Start = 1);
 
-/// Closes gScanFile and puts back the stream of a link or a replay as it was before the reading. False when the device
-/// failed while it was read (told).
+/// Closes gScanFile. The values that its frames have left are shown, unless a link or a replay is open. False when the
+/// device failed while it was read (reported to the user).
 bool CloseScanFile();
 
-/// GoOn for the reading of gScanFile: what happens meanwhile, as in a replay, has its own stream.
-bool GoOnReading(int Percent);
-
-/// Decodes the next frame of gScanFile into gData. False when there is no whole frame or the decoder refused it.
+/// Decodes the next frame of gScanFile into gScanData. False when there is no whole frame or the decoder refused it.
 bool ReadFrame();
 
 /// Whole percents of a long piece of work as they are reached.
@@ -68,7 +70,7 @@ class PercentMeter
 public:
     explicit PercentMeter(int64_t Total) : Whole(Total > 0 ? Total : 1) { Await(1); }
 
-    /// Whether Done has come to a percent above the last one told.
+    /// Whether Done has come to a percent above the last one reported.
     bool IsReached(int64_t Done)
     {
         if (Done < Next) return false;
@@ -88,11 +90,11 @@ private:
 
 /// Reads the frames between two positions of a raw file into gRaw, calibrated, until the first that fails; a frame cut
 /// off by the end of the file is left out. Start below 1 becomes 1, Stop below 1 the file's length. At most 32,201
-/// samples are kept. False when the file cannot be read (told): gRaw is as it was. Throws RunError when the session's
-/// channels do not fit a frame.
+/// samples are kept. False when the file cannot be read (reported to the user): gRaw is as it was. Throws RunError when
+/// the session's channels do not fit a frame.
 bool ReadRawFile(const std::string& Path, int32_t& Start, int32_t& Stop);
 
 /// Copies the frames of gRawFN that begin between two positions, with Start and Stop as in ReadRawFile, into Dest,
-/// which is written whole; bytes between frames are left out. False when it failed or the user gave up (told): Dest is
-/// as it was.
+/// which is written whole; bytes between frames are left out. False when it failed (reported to the user) or was given
+/// up: Dest is as it was.
 bool CutRawFile(const std::string& Dest, int32_t Start, int32_t Stop);

@@ -1,7 +1,7 @@
-// The decoders of frame bodies: from 7-bit groups to raw counts in the current sample vector.
+// The decoders of frame bodies: from 7-bit groups to raw counts in a sample vector.
 #pragma once
 
-#include "core/mGlobData.h"
+#include "files/mStream.h"
 
 #include <algorithm>
 #include <array>
@@ -9,12 +9,6 @@
 #include <cstdint>
 #include <cstring>
 #include <span>
-
-/// Whether the last slave block decoded held signed samples. Lives as long as the program.
-extern bool gSignedADC;
-
-/// The last values received of channels 11 to 16, which frames may leave out. Lives as long as the program.
-extern std::array<double, 6> gLastGPS;
 
 /// Reads the numbers of a frame body one after another. A read past the end clears FrameOK and gives 0; from then on
 /// every read gives 0 and does not move.
@@ -107,27 +101,10 @@ private:
     std::span<const uint8_t> Rest;
 };
 
-/// Decodes a body of a master with slaves into gData and counts the frame. A body with a byte of 128 or above ahead of
-/// the last one is refused and changes nothing. False also for a body that ends too early; what it held is in gData.
-bool DecodeLong(std::span<const uint8_t> Body);
+/// Decodes a body of a master with slaves into Data, in place, and counts the frame in its stream. A body with a byte
+/// of 128 or above ahead of the last one is refused and changes nothing. False also for a body that ends too early;
+/// what it held is in Data.
+bool DecodeLong(std::span<const uint8_t> Body, Stream& Kept, SampleVector& Data);
 
-/// Decodes a body of a slave without a master into gData and counts the frame. False for one that ends too early.
-bool DecodeShort(std::span<const uint8_t> Body);
-
-/// The current sample and what the decoders remember of the frames before it. A file that is read while a link is open
-/// or a recording is played would leave its own there: times that jump, values of channels that frames leave out.
-struct StreamState
-{
-    decltype(gData) Data = gData;
-    decltype(gLastGPS) LastGPS = gLastGPS;
-    bool SignedADC = gSignedADC;
-    double LongTime; // s, of the last long frame
-    double ShortTime;
-    int32_t FrameCnt = gFrameCnt;
-    int32_t Missed = gMissed;
-
-    StreamState();
-
-    /// Makes it the current one.
-    void Restore() const;
-};
+/// Decodes a body of a slave without a master likewise. False for one that ends too early.
+bool DecodeShort(std::span<const uint8_t> Body, Stream& Kept, SampleVector& Data);

@@ -10,12 +10,12 @@ namespace {
 // The longest frame is 32,900 bytes.
 constexpr std::size_t BufferSize = 65536;
 
-// The limits of the four roads; the two links look at the size of the body, the files at L.
+// The limits of the four sources; the two links look at the size of the body, the files at L.
 constexpr int FileShortLength = 28;   // exactly this L is short
 constexpr int SerialLongAbove = 33;   // bodies above are long
 constexpr int SocketShortBelow = 34;  // bodies below are short
 constexpr int ReplayLongAbove = 33;   // L above is long
-constexpr int16_t OldSlaveModel = 66; // its bodies of 49 bytes are short by no limit
+constexpr int16_t OldSlaveModel = 66; // its bodies of 49 bytes are short although no limit makes them so
 } // namespace
 
 ByteSource::ByteSource(Refill Reader, Reading Manner) : More(std::move(Reader)), How(Manner), Buffer(BufferSize) {}
@@ -64,25 +64,35 @@ std::optional<Frame> TakeFrame(ByteSource& Source)
     return Taken;
 }
 
-bool IsShortFrame(FrameRoad Road, int Length)
+bool IsShortFrame(FrameSource From, int Length)
 {
     if (gFile.Model == OldSlaveModel) return true;
     const int BodySize = Length + 1;
-    switch (Road) {
-    case FrameRoad::File:
+    switch (From) {
+    case FrameSource::File:
         return Length == FileShortLength;
-    case FrameRoad::Serial:
+    case FrameSource::Serial:
         return BodySize <= SerialLongAbove;
-    case FrameRoad::Socket:
+    case FrameSource::Socket:
         return BodySize < SocketShortBelow;
-    case FrameRoad::Replay:
+    case FrameSource::Replay:
         return Length <= ReplayLongAbove;
     }
     return false;
 }
 
-bool DecodeFrame(FrameRoad Road, const Frame& Taken)
+bool DecodeFrame(FrameSource From, const Frame& Taken, Stream& Kept, SampleVector& Data)
 {
     if (!Taken.IsWhole()) return false;
-    return IsShortFrame(Road, Taken.Length()) ? DecodeShort(Taken.Body()) : DecodeLong(Taken.Body());
+    const bool IsShort = IsShortFrame(From, Taken.Length());
+    return IsShort ? DecodeShort(Taken.Body(), Kept, Data) : DecodeLong(Taken.Body(), Kept, Data);
+}
+
+bool DecodeLive(FrameSource From, const Frame& Taken, Stream& Kept)
+{
+    const int32_t Before = Kept.FrameCnt;
+    const bool IsDecoded = DecodeFrame(From, Taken, Kept, gData);
+    gFrameCnt += Kept.FrameCnt - Before;
+    PublishLive(Kept);
+    return IsDecoded;
 }

@@ -1,6 +1,8 @@
 // Finding frames in a stream of bytes from any source, and the rule that tells long frames from short ones.
 #pragma once
 
+#include "files/mStream.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -95,8 +97,8 @@ bool FindSync(ByteSource& Source);
 /// there of a frame that was cut off comes as a frame that is not whole.
 std::optional<Frame> TakeFrame(ByteSource& Source);
 
-/// Where frames come from. Each road tells short frames from long ones by a limit of its own.
-enum class FrameRoad
+/// Where frames come from. Each source tells short frames from long ones by a limit of its own.
+enum class FrameSource
 {
     File,
     Serial,
@@ -105,7 +107,12 @@ enum class FrameRoad
 };
 
 /// Whether a frame with that L is decoded as a short one. The old 16-channel slave sends short frames only.
-bool IsShortFrame(FrameRoad Road, int Length);
+bool IsShortFrame(FrameSource From, int Length);
 
-/// Decodes a frame into gData with the decoder of its size. False when it was not whole or refused.
-bool DecodeFrame(FrameRoad Road, const Frame& Taken);
+/// Decodes a frame into Data, in place, with the decoder of its size. Kept is what its stream carries from frame to
+/// frame. False when the frame was not whole or refused.
+bool DecodeFrame(FrameSource From, const Frame& Taken, Stream& Kept, SampleVector& Data);
+
+/// Decodes a frame of the link or the replay into gData, counts it in gFrameCnt and shows what it has left in its
+/// stream. False as for DecodeFrame.
+bool DecodeLive(FrameSource From, const Frame& Taken, Stream& Kept);

@@ -24,25 +24,25 @@ struct LinearChan
     double Q0;
     double Q1;
 
-    double Value() const { return Q1 * gData[Chan] + Q0; }
+    double Value() const { return Q1 * gScanData[Chan] + Q0; }
 };
 
 LinearChan ChanOf(int Chan)
 {
-    At(gData, Chan);
+    At(gScanData, Chan);
     const CalibrRow& Row = gFile.Calibr[Chan];
     return {static_cast<std::size_t>(Chan), Row.Q0, Row.Q1};
 }
 
 // The last three values of the key channel.
-struct KeyWindow
+struct LastKeys
 {
     double o;
     double p;
     double x;
 };
 
-bool BeginsStroke(const KeyWindow& Key, double Thres)
+bool BeginsStroke(const LastKeys& Key, double Thres)
 {
     switch (gKeyMode) {
     case 0:
@@ -62,7 +62,7 @@ bool BeginsStroke(const KeyWindow& Key, double Thres)
 class StrokeScan
 {
 public:
-    /// Takes the frame in gData; Pos is the position behind the frame before it.
+    /// Takes the frame in gScanData; Pos is the position behind the frame before it.
     void AddFrame(int32_t Pos);
 
     RowArray<ScanRow> Rows;
@@ -74,7 +74,7 @@ private:
     bool SpeedOn = gVChan < gFile.Calibr.UBound();
     LinearChan SpeedChan = SpeedOn ? ChanOf(gVChan) : LinearChan{0, -1, -1};
     // Nothing compares with values that are not there yet.
-    KeyWindow Key{std::nan(""), std::nan(""), std::nan("")};
+    LastKeys Key{std::nan(""), std::nan(""), std::nan("")};
     double StrokeTime = 0; // s, stamp of the last stroke
     double SpeedSum = 0;
     int32_t Frames = 0;
@@ -93,17 +93,17 @@ void StrokeScan::AddFrame(int32_t Pos)
 // A stroke over which the clock was set back or stood still has no row; the next one is counted from it.
 void StrokeScan::AddStroke(int32_t Pos)
 {
-    if (const double Duration = gData[0] - StrokeTime; Duration > 0) {
+    if (const double Duration = gScanData[0] - StrokeTime; Duration > 0) {
         ScanRow& Row = Rows.Grow();
         Row.Pos = Pos;
         Row.Time = Frames * gTimeStep;
         Row.Rate = 60 / Duration;
         if (SpeedOn) {
             Row.Speed = SpeedSum / StrokeFrames;
-            Row.Dist = gData[DistChan];
+            Row.Dist = gScanData[DistChan];
         }
     }
-    StrokeTime = gData[0];
+    StrokeTime = gScanData[0];
     SpeedSum = 0;
     StrokeFrames = 0;
 }
@@ -111,7 +111,7 @@ void StrokeScan::AddStroke(int32_t Pos)
 // The percent read and the time of the frame. Its stamp is divided as if it were in milliseconds.
 std::string ProgressText(int Percent)
 {
-    const double Stamp = RoundHalfEven(gData[0]);
+    const double Stamp = RoundHalfEven(gScanData[0]);
     return FormatNum(Percent, "0") + "%  " + FormatNum(std::trunc(Stamp / 60000), "0") + "m " +
            FormatNum(std::fmod(Stamp, 60000) / 1000, "0") + "s";
 }
@@ -122,7 +122,6 @@ std::optional<int32_t> ScanFrames(StrokeScan& Scan)
     const int32_t Length = gScanFile.Length();
     int32_t Decoded = 0;
     if (Length < gFrameMin) return Decoded;
-    CreateData();
     PercentMeter Meter(Length);
     bool IsDecoded = true;
     while (IsDecoded) {
@@ -133,7 +132,7 @@ std::optional<int32_t> ScanFrames(StrokeScan& Scan)
         const int32_t Position = gScanFile.Position();
         if (Meter.IsReached(Position)) {
             ShowReading(ProgressText(Meter.Percent()));
-            if (!GoOnReading(Meter.Percent())) return {};
+            if (!GoOn(Meter.Percent())) return {};
         }
         if (gScanFile.AtEnd() || Position + gFrameMin >= Length) break;
     }

@@ -3,7 +3,7 @@
 
 #include "acquisition/mSampling.h"
 #include "core/mIni.h"
-#include "files/mDecode.h"
+#include "files/mStream.h"
 #include "support/Case.h"
 #include "support/ScriptedLink.h"
 

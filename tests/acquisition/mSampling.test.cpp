@@ -1,8 +1,8 @@
-// The three roads of frames: what each takes at once, how it decodes, what it records and what it shows.
+// The three frame sources: what each takes at once, how it decodes, what it records and what it shows.
 #include "acquisition/mSampling.h"
 
 #include "acquisition/mComFast.h"
-#include "files/mDecode.h"
+#include "files/mStream.h"
 #include "support/Case.h"
 #include "support/ScriptedLink.h"
 
@@ -10,7 +10,7 @@
 #include <sys/resource.h>
 
 namespace {
-// A program with both roads of a link open and a recording.
+// A program with both kinds of link open and a recording.
 struct Recording : LinkState
 {
     CountingWindow Window;
@@ -29,12 +29,12 @@ struct Recording : LinkState
 };
 
 // Frames of both kinds with what a line may do to them, and what of it belongs into the recording.
-struct Stream
+struct Traffic
 {
     std::string Sent;
     std::string Kept;
 
-    explicit Stream(std::mt19937& Random)
+    explicit Traffic(std::mt19937& Random)
     {
         for (int i = 1; i <= 60; ++i) {
             std::string Frame = i % 3 == 0 ? ShortFrame(40 * i) : LongFrame(40 * i);
@@ -126,7 +126,7 @@ TEST_CASE_FIXTURE(Recording, "five frames of one arrival are all recorded and sh
     }
 }
 
-TEST_CASE_FIXTURE(Recording, "on the serial road each frame has an event and is shown")
+TEST_CASE_FIXTURE(Recording, "on the serial line each frame has an event and is shown")
 {
     Open(0);
     REQUIRE(gFrameMin == 39);
@@ -198,7 +198,7 @@ TEST_CASE_FIXTURE(Recording, "however the stream is cut, its frames are recorded
         Path = Folder.Path(Connection == 1 ? "socket.qvn" : "serial.qvn");
         Open(Connection);
         for (int Round = 0; Round < 40; ++Round) {
-            const Stream Part(Random);
+            const Traffic Part(Random);
             const std::string Before = Recorded();
             for (std::size_t At = 0, Size = 0; At < Part.Sent.size(); At += Size) {
                 Size = 1 + Random() % (Round % 2 == 0 ? 20 : 500);
@@ -211,22 +211,22 @@ TEST_CASE_FIXTURE(Recording, "however the stream is cut, its frames are recorded
     }
 }
 
-TEST_CASE_FIXTURE(Recording, "the three roads part short frames from long ones each at a size of its own")
+TEST_CASE_FIXTURE(Recording, "the three frame sources part short frames from long ones each at a size of its own")
 {
-    for (int16_t Road = 0; Road < 3; ++Road) {
+    for (int16_t Source = 0; Source < 3; ++Source) {
         for (const int BodySize : {33, 34, 35}) {
-            CAPTURE(Road);
+            CAPTURE(Source);
             CAPTURE(BodySize);
             const std::string Bytes = PlainFrame(400, BodySize);
             REQUIRE(SaveWhole(Folder.Path("r.qvn"), Bytes));
-            if (Road < 2) Open(Road, 69);
-            if (Road == 0) Port.Feed(Bytes);
-            if (Road == 1) Socket.Feed(Bytes);
-            if (Road == 2) StartReplay(Folder.Path("r.qvn"));
+            if (Source < 2) Open(Source, 69);
+            if (Source == 0) Port.Feed(Bytes);
+            if (Source == 1) Socket.Feed(Bytes);
+            if (Source == 2) StartReplay(Folder.Path("r.qvn"));
             Timer1_Timer();
             StopAll();
             const bool IsShort = gSampleTime == 0; // the short decoder rounds to a whole second
-            CHECK(IsShort == (BodySize == 33 || (BodySize == 34 && Road == 2)));
+            CHECK(IsShort == (BodySize == 33 || (BodySize == 34 && Source == 2)));
             CHECK(std::exchange(gSampleTime, -1) != -1);
         }
     }
@@ -236,7 +236,7 @@ TEST_CASE_FIXTURE(Recording,
                   "a replay with a log open makes an equal file less the junk, and closes everything at its end")
 {
     std::mt19937 Random(3);
-    const Stream Part(Random);
+    const Traffic Part(Random);
     const std::string Tail = LongFrame(3000).substr(0, 20); // cut off by the end of the file
     REQUIRE(SaveWhole(Folder.Path("old.qvn"), "junk" + LongFrame(40) + Part.Sent + Tail));
     Open(0);
@@ -266,22 +266,34 @@ TEST_CASE_FIXTURE(Recording,
 
 TEST_CASE_FIXTURE(Recording, "a file that is read beside a live link leaves the link's measures and values alone")
 {
-    Open(0);
+    const auto WordFrame = [](int Time, int Word11) {
+        return LongFrame(Time).replace(34, 1, 1, static_cast<char>(Word11));
+    };
+    REQUIRE(SaveWhole(Folder.Path("old.qvn"), WordFrame(40, 7) + WordFrame(80, 8) + WordFrame(800, 9)));
     gFile.ChanCnt = 0;
-    Port.Feed(LongFrame(100040));
-    gLastGPS[0] = 7;
-    gData[84] = 8;
-    REQUIRE(SaveWhole(Folder.Path("old.qvn"), LongFrame(40) + LongFrame(80) + LongFrame(800)));
     int32_t Start = 0;
     int32_t Stop = 0;
     REQUIRE(ReadRawFile(Folder.Path("old.qvn"), Start, Stop));
+    CHECK(gLastGPS[0] == 9);
+    CHECK(gSampleTime == 0.8);
+    CHECK(gDeltaT == doctest::Approx(0.72));
+    CHECK(gFrameCnt == 0);
+    CHECK(gMissed == 0);
+
+    Open(0);
+    gFile.ChanCnt = 0;
+    Port.Feed(WordFrame(100040, 5));
+    REQUIRE(ReadRawFile(Folder.Path("old.qvn"), Start, Stop));
     CHECK(gRaw.UBound() > 0);
-    CHECK(gLastGPS[0] == 7);
-    CHECK(gData[84] == 8);
-    Port.Feed(LongFrame(100080));
+    CHECK(gLastGPS[0] == 5);
+    CHECK(gData[11] == 5);
+    CHECK(gSampleTime == 100.04);
+    Port.Feed(PlainFrame(100080, 35));
+    CHECK(gLastGPS[0] == 5);
+    Port.Feed(LongFrame(100120));
     CHECK(gDeltaT == doctest::Approx(0.04));
-    CHECK(Panel(2) == "SampleTime=100.08s, Frequency=025.000Hz, Missed=0pc, ");
-    CHECK(gFrameCnt == 2);
+    CHECK(Panel(2) == "SampleTime=100.12s, Frequency=025.000Hz, Missed=0pc, ");
+    CHECK(gFrameCnt == 3);
 }
 
 TEST_CASE_FIXTURE(Recording,

@@ -35,6 +35,17 @@ public:
         REQUIRE(Run("skarvelin-sim", {"--file", Name, "single.txt", "--strokes=12", "--seed=" + Number}).Exit == 0);
     }
 
+    // The last value of a column of a table of text, 1 the first column.
+    double LastOf(const std::string& Name, char Separator, int Column) const
+    {
+        std::string Text = Bytes(Name);
+        Text.erase(Text.find_last_not_of("\r\n") + 1);
+        std::size_t At = Text.rfind('\n') + 1;
+        for (int i = 1; i < Column; ++i)
+            At = Text.find(Separator, At) + 1;
+        return Val(Text.substr(At));
+    }
+
     std::string Bytes(const std::string& Name) const { return ReadWhole(Path(Name)).value_or("(none)"); }
 };
 } // namespace
@@ -126,6 +137,19 @@ TEST_CASE("recordings become samples, the former session its copy, and the same 
     REQUIRE(Folder.Batch({"process", "single.txt", "a.qvn", "--comment", "Headwind"}).Exit == 0);
     CHECK(Folder.Bytes("single.bak") == Before);
     CHECK(Folder.Bytes("single.txt").find("\tHeadwind\t") != std::string::npos);
+}
+
+TEST_CASE("values that a recording's frames leave out go on from the recording before in the same call")
+{
+    const Bench Folder;
+    REQUIRE(Folder.Run("skarvelin-sim", {"--file", "a.qvn", "single.txt", "--strokes=8"}).Exit == 0);
+    REQUIRE(Folder.Run("skarvelin-sim", {"--file", "b.qvn", "single.txt", "--strokes=8", "--kinds=26"}).Exit == 0);
+    REQUIRE(Folder.Batch({"dump", "single.txt", "a.qvn", "a.txt"}).Exit == 0);
+    REQUIRE(Folder.Batch({"process", "single.txt", "a.qvn", "b.qvn", "--out", "both.txt"}).Exit == 0);
+    REQUIRE(Folder.Batch({"patterns", "both.txt", "S02", "both.csv"}).Exit == 0);
+    const double Lat = -90 + 1e-6 * Folder.LastOf("a.txt", '\t', 2 + 13);
+    REQUIRE(Lat > -89);
+    CHECK(Folder.LastOf("both.csv", ',', 13) == doctest::Approx(Lat).epsilon(1e-5));
 }
 
 TEST_CASE("a second log of strokes never replaces the first, and its path is printed")

@@ -14,30 +14,42 @@ std::vector<uint8_t> LongBody(const std::string& Blocks, const std::string& Kind
     return Hex(Time + Blocks + " " + Kind + " 00 00 00 " + Master + Rest);
 }
 
-// The channels that are not 0.
-std::string Counts()
+// A stream of frames.
+class Decoding
 {
-    std::string Text;
-    for (std::size_t Chan = 0; Chan < gData.size(); ++Chan)
-        if (gData[Chan] != 0) Text += " " + std::to_string(Chan) + '=' + FormatShortest(gData[Chan]);
-    return Text.substr(Text.empty() ? 0 : 1);
-}
+public:
+    bool Long(std::span<const uint8_t> Body) { return DecodeLong(Body, Kept, Data); }
+    bool Short(std::span<const uint8_t> Body) { return DecodeShort(Body, Kept, Data); }
 
-// What a body with one slave block, of the given bytes, puts behind the master's channels.
-std::string BlockCounts(const std::string& Block)
-{
-    CreateData();
-    CHECK(DecodeLong(LongBody("02", "00", Block + " 00")));
-    CHECK(Counts().starts_with(MasterCounts));
-    return Counts().substr(MasterCounts.size());
-}
+    // The channels that are not 0.
+    std::string Counts() const
+    {
+        std::string Text;
+        for (std::size_t Chan = 0; Chan < Data.size(); ++Chan)
+            if (Data[Chan] != 0) Text += " " + std::to_string(Chan) + '=' + FormatShortest(Data[Chan]);
+        return Text.substr(Text.empty() ? 0 : 1);
+    }
+
+    // What a body with slave blocks of the given bytes puts behind the master's channels.
+    std::string BlockCounts(const std::string& Blocks, const std::string& Count = "02")
+    {
+        Data.fill(0);
+        CHECK(Long(LongBody(Count, "00", Blocks + " 00")));
+        CHECK(Counts().starts_with(MasterCounts));
+        return Counts().substr(MasterCounts.size());
+    }
+
+    FreshState State;
+    Stream Kept;
+    SampleVector Data{};
+};
 
 const std::string Words4 = "01 00 7F 7F 00 40 03 00";
 const std::string Words8 = Words4 + " 05 00 06 00 07 00 08 00";
 const std::string Words16 = Words8 + " 09 00 0A 00 0B 00 0C 00 0D 00 0E 00 0F 00 10 00";
 } // namespace
 
-TEST_CASE("channels 11 to 16 come by frame kind and otherwise keep what was last received")
+TEST_CASE_FIXTURE(Decoding, "channels 11 to 16 come by frame kind and otherwise keep what was last received")
 {
     const std::array<const char*, 3> Frames[] = {
         {"1A", "0B 00 0C 00", " 11=11 12=12"},
@@ -47,95 +59,125 @@ TEST_CASE("channels 11 to 16 come by frame kind and otherwise keep what was last
         {"00", "", " 11=31 12=32 14=1 15=128 16=36"}};
     for (const auto& [Kind, Block, Optional] : Frames) {
         CAPTURE(Kind);
-        CHECK(DecodeLong(LongBody("01", Kind, std::string(Block) + " 00")));
+        CHECK(Long(LongBody("01", Kind, std::string(Block) + " 00")));
         CHECK(Counts() == MasterCounts + Optional);
     }
     // The vector made anew for a file gets the values held as soon as a frame carries any of them.
-    CreateData();
-    CHECK(DecodeLong(LongBody("01", "1A", "0B 00 0C 00 00")));
+    Data.fill(0);
+    CHECK(Long(LongBody("01", "1A", "0B 00 0C 00 00")));
     CHECK(Counts() == MasterCounts + " 11=11 12=12 14=1 15=128 16=36");
 }
 
-TEST_CASE("a slave block's flags give its size, its sign and its extra words")
+TEST_CASE_FIXTURE(Decoding, "a slave block's flags give its size, its sign and its extra words")
 {
     CHECK(BlockCounts("01 00 00 1E " + Words4) == " 17=1 18=16383 19=8192 20=3");
-    CHECK_FALSE(gSignedADC);
+    CHECK_FALSE(Kept.SignedADC);
     CHECK(BlockCounts("01 00 00 3E " + Words4) == " 17=8193 18=8191 20=8195");
-    CHECK(gSignedADC);
+    CHECK(Kept.SignedADC);
     CHECK(BlockCounts("01 00 00 1A " + Words8) == " 17=1 18=16383 19=8192 20=3 21=5 22=6 23=7 24=8");
     CHECK(BlockCounts("01 00 00 1C " + Words8) == BlockCounts("01 00 00 1A " + Words8));
     CHECK(BlockCounts("01 00 00 30 " + Words16).ends_with(" 30=8206 31=8207 32=8208"));
     CHECK(BlockCounts("01 00 00 0E " + Words4 + " 63 00 64 00") == " 17=1 18=16383 19=8192 20=3 21=99 22=100");
     // A size that says nothing keeps the size of the block before, of which there is none in the first block.
     CHECK(BlockCounts("01 00 00 05 63 00 64 00") == " 17=99 18=100");
+}
+
+TEST_CASE_FIXTURE(Decoding, "an empty first block leaves out as many channels as a slave of the stream has")
+{
+    const std::string Block4 = "01 00 00 1E 01 00 02 00 03 00 04 00";
+    const std::string Block8 = "01 00 00 1A " + Words8;
+    const std::string Second = " 21=1 22=2 23=3 24=4";
+    // Dead from the start: as many as the session says.
+    gFile.SlaveCnt = 2;
+    const std::tuple<int16_t, int16_t, std::string> Sessions[] = {{24, 2, Second},
+                                                                  {25, 2, " 17=1 18=2 19=3 20=4"},
+                                                                  {16, 2, " 17=1 18=2 19=3 20=4"},
+                                                                  {8, 2, " 17=1 18=2 19=3 20=4"},
+                                                                  {24, 0, " 17=1 18=2 19=3 20=4"},
+                                                                  {20, 1, Second}};
+    for (const auto& [ChanCnt, SlaveCnt, Wanted] : Sessions) {
+        CAPTURE(ChanCnt);
+        CAPTURE(SlaveCnt);
+        gFile.ChanCnt = ChanCnt;
+        gFile.SlaveCnt = SlaveCnt;
+        Kept = {};
+        CHECK(BlockCounts("00 00 " + Block4, "03") == Wanted);
+    }
+    // One that falls silent: as many as the last block that came, whatever the session says.
+    gFile.ChanCnt = 48;
+    gFile.SlaveCnt = 2;
+    CHECK(BlockCounts(Block8 + Block4, "03").ends_with(" 24=8 25=1 26=2 27=3 28=4"));
+    CHECK(BlockCounts("00 00 " + Block4, "03") == Second);
+    // A later empty block leaves out as many as the block before it in the frame.
+    CHECK(BlockCounts("00 00 00 00 " + Block4, "04") == " 25=1 26=2 27=3 28=4");
+    CHECK(BlockCounts(Block8 + "00 00 " + Block4, "04").ends_with(" 24=8 33=1 34=2 35=3 36=4"));
     CHECK(BlockCounts("00 00") == "");
 }
 
-TEST_CASE("slave blocks follow each other by their sizes alone")
+TEST_CASE_FIXTURE(Decoding, "slave blocks follow each other by their sizes alone")
 {
     // Extra words lie where the next block begins; an identifier of 0 leaves out as many channels as the block before.
-    CHECK(DecodeLong(LongBody("05", "00",
-                              "01 00 00 0E 01 00 02 00 03 00 04 00 63 00 64 00 "
-                              "01 00 00 05 05 00 06 00 07 00 08 00 61 00 62 00 "
-                              "00 00 "
-                              "01 00 00 2E 01 00 02 00 03 00 04 00 65 00 66 00 00")));
+    CHECK(Long(LongBody("05", "00",
+                        "01 00 00 0E 01 00 02 00 03 00 04 00 63 00 64 00 "
+                        "01 00 00 05 05 00 06 00 07 00 08 00 61 00 62 00 "
+                        "00 00 "
+                        "01 00 00 2E 01 00 02 00 03 00 04 00 65 00 66 00 00")));
     CHECK(Counts() == MasterCounts + " 17=1 18=2 19=3 20=4 21=5 22=6 23=7 24=8 25=97 26=98 29=8193 30=8194 31=8195"
                                      " 32=8196 33=101 34=102");
     // Six blocks of 16 reach beyond channel 84.
     std::string Blocks;
     for (int i = 0; i < 6; ++i)
         Blocks += "01 00 00 00 " + Words16 + " 63 00 64 00 ";
-    CHECK(DecodeLong(LongBody("07", "00", Blocks + "00")));
+    CHECK(Long(LongBody("07", "00", Blocks + "00")));
     CHECK(Counts().ends_with(" 80=16 81=1 82=16383 83=8192 84=3"));
 }
 
-TEST_CASE("an unsigned value beyond 14 bits is 0, a master's word beyond 15 bits negative")
+TEST_CASE_FIXTURE(Decoding, "an unsigned value beyond 14 bits is 0, a master's word beyond 15 bits negative")
 {
     // Only the last byte may be of 128 or above, so the frame ends too early.
-    CHECK_FALSE(DecodeLong(LongBody("02", "00", "01 00 00 1E 01 00 02 00 03 00 04 80")));
+    CHECK_FALSE(Long(LongBody("02", "00", "01 00 00 1E 01 00 02 00 03 00 04 80")));
     CHECK(Counts() == MasterCounts + " 17=1 18=2 19=3");
     gFile.Model = 67;
-    CHECK(DecodeShort(Hex(Time + "00 00 00 00 00 00 00 FF FF " + Words8.substr(6) + " 00")));
-    CHECK(gData[1] == -32641);
+    CHECK(Short(Hex(Time + "00 00 00 00 00 00 00 FF FF " + Words8.substr(6) + " 00")));
+    CHECK(Data[1] == -32641);
 }
 
-TEST_CASE("a byte of 128 or above ahead of the last one refuses a long frame and changes nothing")
+TEST_CASE_FIXTURE(Decoding, "a byte of 128 or above ahead of the last one refuses a long frame and changes nothing")
 {
     const auto Whole = LongBody("02", "1A", "0B 00 0C 00 01 00 00 0E " + Words4 + " 00 00 00 00 7F");
     for (std::size_t i = 0; i + 1 < Whole.size(); ++i) {
         CAPTURE(i);
         auto Broken = Whole;
         Broken[i] = 0x80;
-        CHECK_FALSE(DecodeLong(Broken));
+        CHECK_FALSE(Long(Broken));
         CHECK(Counts() == "");
     }
-    CHECK(DecodeLong(LongBody("00", "00", "FF")));
+    CHECK(Long(LongBody("00", "00", "FF")));
     CHECK(Counts() == MasterCounts);
-    CHECK(gSampleTime == 1.5);
+    CHECK(Kept.SampleTime == 1.5);
 }
 
-TEST_CASE("a body cut off at any byte fails and leaves the values held as they were")
+TEST_CASE_FIXTURE(Decoding, "a body cut off at any byte fails and leaves the values held as they were")
 {
-    CHECK(DecodeLong(LongBody("01", "26", "0B 00 0C 00 01 00 00 00 01 00 00 00 01 00 01 00 00")));
-    const auto Held = gLastGPS;
+    CHECK(Long(LongBody("01", "26", "0B 00 0C 00 01 00 00 00 01 00 00 00 01 00 01 00 00")));
+    const auto Held = Kept.LastGPS;
     const auto Whole = LongBody(
         "02", "26", "7F 7F 7F 7F 7F 7F 7F 7F 7F 7F 7F 7F 7F 7F 7F 7F 01 00 00 00 " + Words16 + " 00 00 00 00 7F");
     gFile.Model = 66;
     for (std::size_t Size = 0; Size < Whole.size(); ++Size) {
         CAPTURE(Size);
-        gLastGPS = Held;
-        CHECK_FALSE(DecodeLong(std::span(Whole).first(Size)));
+        Kept.LastGPS = Held;
+        CHECK_FALSE(Long(std::span(Whole).first(Size)));
         for (std::size_t i = 0; i < Held.size(); ++i)
-            CHECK((gLastGPS[i] == Held[i] || gLastGPS[i] >= 16383));
-        CHECK(DecodeShort(std::span(Whole).first(Size)) == (Size >= 49));
+            CHECK((Kept.LastGPS[i] == Held[i] || Kept.LastGPS[i] >= 16383));
+        CHECK(Short(std::span(Whole).first(Size)) == (Size >= 49));
     }
-    CHECK(DecodeLong(Whole));
+    CHECK(Long(Whole));
 }
 
-TEST_CASE("long frames give the time between them, the frequency and the frames missed")
+TEST_CASE_FIXTURE(Decoding, "long frames give the time between them, the frequency and the frames missed")
 {
     gDataFreq = 25;
-    gDeltaT = 0.02;
     const std::tuple<std::string, double, double, int> Frames[] = {
         {"64 00", 0.02, 10, 0},   // the first frame is not judged and keeps the step
         {"0C 01", 0.04, 25, 0},   // 140 ms
@@ -145,17 +187,17 @@ TEST_CASE("long frames give the time between them, the frequency and the frames 
     };
     for (const auto& [Stamp, DeltaT, Frequency, Missed] : Frames) {
         CAPTURE(Stamp);
-        CHECK(DecodeLong(Hex(Stamp + " 00 00 00 01 00 00 00 00 " + Master + "00")));
-        CHECK(gDeltaT == doctest::Approx(DeltaT).epsilon(1e-12));
-        CHECK(gFrequency == doctest::Approx(Frequency).epsilon(1e-12));
-        CHECK(gMissed == Missed);
+        CHECK(Long(Hex(Stamp + " 00 00 00 01 00 00 00 00 " + Master + "00")));
+        CHECK(Kept.DeltaT.value_or(0.02) == doctest::Approx(DeltaT).epsilon(1e-12));
+        CHECK(Kept.Frequency == doctest::Approx(Frequency).epsilon(1e-12));
+        CHECK(Kept.Missed == Missed);
     }
-    CHECK(gFrameCnt == 5);
-    CHECK_FALSE(DecodeLong(Hex("00")));
-    CHECK(gFrameCnt == 5);
+    CHECK(Kept.FrameCnt == 5);
+    CHECK_FALSE(Long(Hex("00")));
+    CHECK(Kept.FrameCnt == 5);
 }
 
-TEST_CASE("short frames fill the channels of their model")
+TEST_CASE_FIXTURE(Decoding, "short frames fill the channels of their model")
 {
     const std::string Head = Time + "7F 7F 7F 7F 7F 7F 7F ";
     const std::tuple<int16_t, std::string, const char*> Frames[] = {
@@ -167,12 +209,12 @@ TEST_CASE("short frames fill the channels of their model")
     for (const auto& [Model, Body, Channels] : Frames) {
         CAPTURE(Model);
         gFile.Model = Model;
-        CreateData();
-        CHECK(DecodeShort(Hex(Body)));
+        Data.fill(0);
+        CHECK(Short(Hex(Body)));
         CHECK(Counts() == Channels);
-        CHECK(gSampleTime == 2); // 1.5 to the even whole number
-        CHECK(gFrequency == doctest::Approx(1 / 1.5));
+        CHECK(Kept.SampleTime == 2); // 1.5 to the even whole number
+        CHECK(Kept.Frequency == doctest::Approx(1 / 1.5));
     }
-    CHECK(gFrameCnt == 4);
-    CHECK(gMissed == 0);
+    CHECK(Kept.FrameCnt == 4);
+    CHECK(Kept.Missed == 0);
 }

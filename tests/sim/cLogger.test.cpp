@@ -28,7 +28,7 @@ DataFile SmallSession()
     return File;
 }
 
-std::vector<uint8_t> Stream(const DataFile& File, const LoggerSettings& Settings, FaultCounts* Done = nullptr)
+std::vector<uint8_t> Sent(const DataFile& File, const LoggerSettings& Settings, FaultCounts* Done = nullptr)
 {
     cLogger Logger(File, Settings);
     std::vector<uint8_t> Bytes;
@@ -46,6 +46,8 @@ std::vector<Sample> Decoded(const std::vector<uint8_t>& Bytes)
     gFile.Model = 61;
     const auto IsSync = [](uint8_t Byte) { return Byte >= SyncLimit; };
     std::vector<Sample> Samples;
+    Stream Kept;
+    SampleVector Data{};
     auto From = std::find_if(Bytes.begin(), Bytes.end(), IsSync);
     while (From != Bytes.end()) {
         const auto To = std::find_if(From + 1, Bytes.end(), IsSync);
@@ -54,7 +56,8 @@ std::vector<Sample> Decoded(const std::vector<uint8_t>& Bytes)
         const std::size_t Wanted = Size < FrameHeadSize ? Size : static_cast<std::size_t>(Taken.Length()) + 5;
         if (Size >= FrameHeadSize && Size >= Wanted) {
             Taken.Bytes = Taken.Bytes.first(Wanted);
-            if (DecodeFrame(FrameRoad::File, Taken)) Samples.emplace_back(gData.begin(), gData.begin() + 25);
+            if (DecodeFrame(FrameSource::File, Taken, Kept, Data))
+                Samples.emplace_back(Data.begin(), Data.begin() + 25);
         }
         From = To;
     }
@@ -67,10 +70,10 @@ TEST_CASE("the same seed gives the same bytes and another one others")
     const DataFile File = SmallSession();
     LoggerSettings Settings;
     Settings.Faults = {20, 20, 20, 20};
-    const auto Bytes = Stream(File, Settings);
-    CHECK(Bytes == Stream(File, Settings));
+    const auto Bytes = Sent(File, Settings);
+    CHECK(Bytes == Sent(File, Settings));
     Settings.Seed = 2;
-    CHECK(Bytes != Stream(File, Settings));
+    CHECK(Bytes != Sent(File, Settings));
 }
 
 TEST_CASE("faults hit as often as told and spare the other frames")
@@ -78,24 +81,24 @@ TEST_CASE("faults hit as often as told and spare the other frames")
     const FreshState State;
     const DataFile File = SmallSession();
     const LoggerSettings Clean;
-    const auto Whole = Decoded(Stream(File, Clean));
+    const auto Whole = Decoded(Sent(File, Clean));
     REQUIRE(Whole.size() == FrameCount);
     const auto IsThere = [&](const Sample& Each) { return std::find(Whole.begin(), Whole.end(), Each) != Whole.end(); };
     FaultCounts Done;
 
     LoggerSettings Faulty = Clean;
     Faulty.Faults = {.Junk = 300};
-    CHECK(Decoded(Stream(File, Faulty, &Done)) == Whole);
+    CHECK(Decoded(Sent(File, Faulty, &Done)) == Whole);
     CHECK(std::abs(Done.Junk - 900) < 100);
 
     Faulty.Faults = {.Drop = 50};
-    const auto Left = Decoded(Stream(File, Faulty, &Done));
+    const auto Left = Decoded(Sent(File, Faulty, &Done));
     CHECK(Left.size() == static_cast<std::size_t>(FrameCount - Done.Drop));
     CHECK(std::all_of(Left.begin(), Left.end(), IsThere));
     CHECK(std::abs(Done.Drop - 150) < 45);
 
     Faulty.Faults = {.Corrupt = 50};
-    const auto Broken = Decoded(Stream(File, Faulty, &Done));
+    const auto Broken = Decoded(Sent(File, Faulty, &Done));
     const auto Good = static_cast<int>(std::count_if(Broken.begin(), Broken.end(), IsThere));
     CHECK(std::abs(Done.Corrupt - 150) < 45);
     CHECK(Broken.size() < FrameCount); // some cannot be decoded at all
@@ -103,7 +106,7 @@ TEST_CASE("faults hit as often as told and spare the other frames")
     CHECK(Good < FrameCount - Done.Corrupt / 2);
 
     Faulty.Faults = {.Spikes = 50};
-    const auto Spiked = Decoded(Stream(File, Faulty, &Done));
+    const auto Spiked = Decoded(Sent(File, Faulty, &Done));
     REQUIRE(Spiked.size() == FrameCount);
     int Differ = 0;
     for (std::size_t i = 0; i < Spiked.size(); ++i)

@@ -4,6 +4,7 @@
 #include "acquisition/mComFast.h"
 #include "acquisition/mSampling.h"
 #include "core/mGlobData.h"
+#include "files/mStream.h"
 
 namespace {
 
@@ -40,6 +41,7 @@ LinkState::LinkState()
 {
     gFile = {};
     gFrameCnt = gMissed = 0;
+    gLinkStream = gReplayStream = {};
     gFrameMin = 0;
     gHost.Clock = &Clock;
     gHost.SerialPort = &Port;

@@ -204,8 +204,9 @@ TEST_CASE_FIXTURE(Panel, "a replay shows the strokes that the panel without a wi
     RawFile File;
     REQUIRE(File.Open(Path));
     CreateData();
+    Stream Kept;
     while (const auto Taken = File.Take()) {
-        if (!DecodeFrame(FrameRoad::Replay, *Taken)) continue;
+        if (!DecodeLive(FrameSource::Replay, *Taken, Kept)) continue;
         Rower.DrawData();
         if (Rower.NewStroke()) Expected.push_back(Rower.RateText + " " + Rower.StrokesText);
     }
