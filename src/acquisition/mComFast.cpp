@@ -6,6 +6,7 @@
 #include "base/mNumText.h"
 #include "core/mGlobData.h"
 #include "core/mIni.h"
+#include "core/mModes.h"
 #include "core/mSettings.h"
 #include "files/mStream.h"
 #include "platform/mHost.h"
@@ -23,10 +24,10 @@ constexpr int32_t LastTCPport = 65535;
 constexpr const char* SlaveLine = "115200,n,8,1";
 
 const std::array Models = {
-    LoggerModel{60, 65, "Master and Slaves", nullptr, 0, 0},
-    LoggerModel{66, 66, "Slave 16ch (old)", SlaveLine, 18, 53},
-    LoggerModel{67, 67, "Slave 8ch", SlaveLine, 8, 53},
-    LoggerModel{68, 68, "Slave w.Encoder", SlaveLine, 8, 53},
+    LoggerModel{ModelMasterFirst, ModelMasterLast, "Master and Slaves", nullptr, 0, 0},
+    LoggerModel{ModelSlave16, ModelSlave16, "Slave 16ch (old)", SlaveLine, 18, 53},
+    LoggerModel{ModelSlave8, ModelSlave8, "Slave 8ch", SlaveLine, 8, 53},
+    LoggerModel{ModelEncoder, ModelEncoder, "Slave w.Encoder", SlaveLine, 8, 53},
 };
 
 // What the link that is open was opened with.
@@ -50,12 +51,12 @@ std::string PortName()
 
 std::string LinkName()
 {
-    return gConnection == 1 ? gLinkAddress + ":" + FormatNum(gLinkPort, "0") : PortName();
+    return gConnection == ConnectionTCP ? gLinkAddress + ":" + FormatNum(gLinkPort, "0") : PortName();
 }
 
 std::string LinkKey()
 {
-    return LinkName() + (gConnection == 1 ? "" : "," + LineSettings + "," + FormatNum(gFrameMin, "0"));
+    return LinkName() + (gConnection == ConnectionTCP ? "" : "," + LineSettings + "," + FormatNum(gFrameMin, "0"));
 }
 
 std::optional<std::string> NthDevice(int Number)
@@ -147,11 +148,11 @@ bool FindPort()
 
 bool OpenLink()
 {
-    if (gConnection != 1) SetUpModel();
+    if (gConnection != ConnectionTCP) SetUpModel();
     if (gLinkWatch.State() != cLinkWatch::eState::Closed && Used.Key == LinkKey()) return true;
     DropLink();
     StopReplay();
-    if (gConnection == 1)
+    if (gConnection == ConnectionTCP)
         Connect();
     else if (!OpenSerial())
         return false;

@@ -3,6 +3,7 @@
 
 #include "calibration/mCalFit.h"
 #include "calibration/mRawCal.h"
+#include "core/mModes.h"
 #include "processing/mRefTable.h"
 
 #include <array>
@@ -35,16 +36,6 @@ enum eCalFlag
     FlagXisLog,
     FlagAutoAxes,
     FlagTorque
-};
-
-/// What the points are used for, as a channel's ProcMode tells it.
-enum eApprox : int16_t
-{
-    ApproxLinear,
-    ApproxOneLine,
-    ApproxTwoLines,
-    ApproxAbsolute,
-    ApproxRefTable
 };
 
 class cCalibr

@@ -5,6 +5,7 @@
 #include "base/mNumText.h"
 #include "core/mGlobData.h"
 #include "core/mIni.h"
+#include "core/mModes.h"
 #include "files/mBinIO.h"
 #include "files/mTextIO.h"
 #include "platform/mHost.h"
@@ -184,7 +185,7 @@ bool cReZero::ReZero()
         return false;
     for (ReZeroRow& Row : mRows) {
         TakeZero(Row, Row.Log);
-        if (mCalibrMode || gFile.Calibr[Row.Chan].ProcMode != 4) continue;
+        if (mCalibrMode || gFile.Calibr[Row.Chan].ProcMode != ApproxRefTable) continue;
         gFile.Calibr[Row.Chan].Log0 = Row.LogZero;
         ZeroRefTable(Row.Chan);
     }
@@ -196,7 +197,8 @@ std::string cReZero::Unmoved() const
 {
     std::string Names;
     for (const ReZeroRow& Row : mRows)
-        if (const int16_t Mode = mCalibrMode ? int16_t{0} : gFile.Calibr[Row.Chan].ProcMode; Mode == 1 || Mode == 2)
+        if (const int16_t Mode = mCalibrMode ? int16_t{ApproxLinear} : gFile.Calibr[Row.Chan].ProcMode;
+            Mode == ApproxOneLine || Mode == ApproxTwoLines)
             Names += (Names.empty() ? "" : ", ") + Row.Name;
     return Names;
 }

@@ -25,7 +25,7 @@ public:
     /// One or more frames were taken; gData holds the last one. Draws only what changed.
     virtual void DrawData() = 0;
 
-    /// Playback control: codes 0 to 6.
+    /// Playback control: a code of ePlayCode.
     virtual void DoAction(int /*Code*/) {}
 
     /// Whether the values shown are still coming; those that are not are shown grey. A new window is not live.

@@ -4,6 +4,7 @@
 #include "base/mCodePage.h"
 #include "base/mRowArray.h"
 #include "base/mSampleStore.h"
+#include "core/mModes.h"
 
 #include <array>
 #include <cstdint>
@@ -22,7 +23,7 @@ struct CalibrRow
     std::string ParamID;
     int16_t Seat = 0;
     int16_t Side = 0;
-    int16_t Mode = 0;
+    int16_t Mode = 0; // eSensor
     double Lever = 0; // m
     double Q0 = 0;    // physical value = Q0 + Q1 x count
     double Q1 = 0;
@@ -31,9 +32,9 @@ struct CalibrRow
     double Max = 0;
     int16_t Visible = 0;
     double Rmain = 0;
-    double Log0 = 0; // counts
-    int16_t ProcMode = 0;
-    double Threshold = 0; // with ProcMode 4 the number of the reference table
+    double Log0 = 0;      // counts
+    int16_t ProcMode = 0; // eApprox
+    double Threshold = 0; // with ApproxRefTable the number of the reference table
     double Qup0 = 0;
     double Qup1 = 0;
     double Qup2 = 0;
@@ -120,8 +121,8 @@ struct ViewRow
 {
     int32_t Seat = 0;
     std::string ID;
-    int16_t Mode = 0;
-    int16_t Oper = 0;
+    int16_t Mode = 0; // eRowMode
+    int16_t Oper = 0; // eOper
     int16_t AverMode = 0;
     int32_t Color = 0; // 0x00BBGGRR
     int32_t Options = 0;
@@ -180,10 +181,10 @@ struct DataRow
 /// The open session data file.
 struct DataFile
 {
-    int16_t Model = 0; // 60 to 65 master and slaves, 66 to 68 slaves alone; 0 and 1 mark old files
+    int16_t Model = 0; // eModel
     int16_t SlaveCnt = 0;
     int16_t SlaveChans = 0;
-    int16_t KeyMode = 0;
+    int16_t KeyMode = 0; // eKeyMode
     std::string KeyChanID;
     float KeyThres = 0; // units of the key channel
     int16_t ChanCnt = 0;
@@ -310,7 +311,7 @@ extern int32_t gMissed;    // frames reckoned lost
 extern int16_t gKeyChan;   // channel that drives stroke detection, 0 or -1 when there is none
 extern double gKeyQ0;
 extern double gKeyQ1;
-extern int16_t gKeyMode; // stroke key mode in use, 0 to 3
+extern int16_t gKeyMode; // stroke key mode in use, eKeyMode
 extern int16_t gH1Chan;  // channel of handle force H1, 0 or -1 when there is none
 extern double gH1Q0;
 extern double gH1Q1;

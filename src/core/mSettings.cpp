@@ -2,6 +2,7 @@
 #include "core/mSettings.h"
 
 #include "base/mNumText.h"
+#include "core/mModes.h"
 #include "platform/mHost.h"
 
 #include <cmath>
@@ -185,7 +186,7 @@ LegacyPage TextPage()
 {
     if (gCodePage == 1251) return LegacyPage::Cyrillic;
     if (gCodePage == 1252) return LegacyPage::Latin;
-    return gLanguage == 1 ? LegacyPage::Cyrillic : LegacyPage::Latin;
+    return gLanguage == LanguageRussian ? LegacyPage::Cyrillic : LegacyPage::Latin;
 }
 
 void LoadSettings()

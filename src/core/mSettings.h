@@ -10,13 +10,13 @@
 #include <string>
 #include <variant>
 
-extern int16_t gLanguage;   // 0 English, 1 Russian
+extern int16_t gLanguage;   // eLanguage
 extern int16_t gCodePage;   // legacy code page of text files, 0: by language (1252 English, 1251 Russian)
 extern int16_t gErgoMode;   // "Ergometer Mode"
 extern int16_t gInBoatMode; // "In-Boat Mode"
 extern int16_t gKeyModeSet; // stroke key mode when the file's is out of range
 extern int16_t gExpSTD;     // deviations are stored with a sample
-extern int16_t gConnection; // 0 serial port, 1 wireless TCP
+extern int16_t gConnection; // eConnection
 extern std::string gTCPaddress;
 extern int16_t gTCPport;
 extern std::string gRowersDBFN;
@@ -34,8 +34,8 @@ extern int16_t gQVN_BT;
 extern int16_t gQVN_BLE;
 extern std::array<int32_t, 9> gRGB; // 0x00BBGGRR
 extern int16_t gDrawWidth;
-extern int16_t gSplitPar;
-extern double VQ0; // speed = VQ0 + VQ1 x count
+extern int16_t gSplitPar; // eSplit
+extern double VQ0;        // speed = VQ0 + VQ1 x count
 extern double VQ1;
 extern int16_t gSplitsCnt;
 extern std::array<double, 11> gSplitsArr; // lengths of the splits from element 1 on; s when splits go by time
@@ -67,9 +67,9 @@ extern int16_t gFFLow;
 extern int16_t gFFHigh;
 extern double gFFslope;
 extern int32_t gSessCnt;
-extern int16_t gXScale; // samples per plotted point of the data view
-extern int16_t mDisplayMode;
-extern int16_t mScullMode;
+extern int16_t gXScale;      // samples per plotted point of the data view
+extern int16_t mDisplayMode; // eDisplay
+extern int16_t mScullMode;   // eScull
 
 /// One key of the store, the global that it fills, and the value of a missing key.
 struct Setting

@@ -2,6 +2,7 @@
 #include "files/mDecode.h"
 
 #include "base/mNumText.h"
+#include "core/mModes.h"
 #include "core/mSettings.h"
 
 #include <algorithm>
@@ -203,8 +204,8 @@ bool DecodeShort(std::span<const uint8_t> Bytes, Stream& Kept, SampleVector& Dat
     Body.ReadByte();
     Body.ReadByte();
     // The old 16-channel slave numbers its channels from 0, so its first word lies over the time.
-    if (gFile.Model == 66) PutWords(Body, Data, 0, 18, Signed);
-    if (gFile.Model == 67 || gFile.Model == 68) PutWords(Body, Data, 1, 8, Signed);
+    if (gFile.Model == ModelSlave16) PutWords(Body, Data, 0, 18, Signed);
+    if (gFile.Model == ModelSlave8 || gFile.Model == ModelEncoder) PutWords(Body, Data, 1, 8, Signed);
     Body.ReadByte();
     ++Kept.FrameCnt;
     if (Time != Kept.ShortTime) Kept.Frequency = 1 / (Time - Kept.ShortTime);

@@ -2,6 +2,7 @@
 #include "files/mFrame.h"
 
 #include "core/mGlobData.h"
+#include "core/mModes.h"
 #include "files/mDecode.h"
 
 #include <algorithm>
@@ -11,11 +12,10 @@ namespace {
 constexpr std::size_t BufferSize = 65536;
 
 // The limits of the four sources; the two links look at the size of the body, the files at L.
-constexpr int FileShortLength = 28;   // exactly this L is short
-constexpr int SerialLongAbove = 33;   // bodies above are long
-constexpr int SocketShortBelow = 34;  // bodies below are short
-constexpr int ReplayLongAbove = 33;   // L above is long
-constexpr int16_t OldSlaveModel = 66; // its bodies of 49 bytes are short although no limit makes them so
+constexpr int FileShortLength = 28;  // exactly this L is short
+constexpr int SerialLongAbove = 33;  // bodies above are long
+constexpr int SocketShortBelow = 34; // bodies below are short
+constexpr int ReplayLongAbove = 33;  // L above is long
 } // namespace
 
 ByteSource::ByteSource(Refill Reader, Reading Manner) : More(std::move(Reader)), How(Manner), Buffer(BufferSize) {}
@@ -66,7 +66,8 @@ std::optional<Frame> TakeFrame(ByteSource& Source)
 
 bool IsShortFrame(FrameSource From, int Length)
 {
-    if (gFile.Model == OldSlaveModel) return true;
+    if (gFile.Model == ModelSlave16)
+        return true; // its bodies of 49 bytes are short although no size limit makes them so
     const int BodySize = Length + 1;
     switch (From) {
     case FrameSource::File:

@@ -4,6 +4,7 @@
 #include "base/mNumText.h"
 #include "base/mSafeSave.h"
 #include "core/mGlobData.h"
+#include "core/mModes.h"
 #include "core/mSettings.h"
 #include "files/mBinIO.h"
 #include "platform/mHost.h"
@@ -45,13 +46,13 @@ struct LastKeys
 bool BeginsStroke(const LastKeys& Key, double Thres)
 {
     switch (gKeyMode) {
-    case 0:
+    case KeyDecreasing:
         return Key.x <= Thres && Key.p > Thres;
-    case 1:
+    case KeyIncreasing:
         return Key.x >= Thres && Key.p < Thres;
-    case 2:
+    case KeyMinimum:
         return Key.x > Key.p && Key.o > Key.p && Key.p < Thres;
-    case 3:
+    case KeyMaximum:
         return Key.x < Key.p && Key.o < Key.p && Key.p > Thres;
     default:
         return false;

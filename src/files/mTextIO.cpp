@@ -4,6 +4,7 @@
 #include "base/mCodePage.h"
 #include "base/mSafeSave.h"
 #include "core/mIni.h"
+#include "core/mModes.h"
 #include "core/mSettings.h"
 #include "files/mTextMain.h"
 #include "files/mTextSamples.h"
@@ -38,7 +39,7 @@ void ReadCalibr(LineReader& Lines, DataFile& File)
 {
     int16_t Chan = 0;
     ReadRows(Lines, File.Calibr, [&](CalibrRow& Row, const LineFields& Cells) {
-        const std::size_t Skipped = File.Model == 0 && !Cells.Closed.empty() ? 1 : 0;
+        const std::size_t Skipped = File.Model == ModelOldest && !Cells.Closed.empty() ? 1 : 0;
         SetFields<CalibrRow>(Row, CalibrFields(), std::span(Cells.Closed).subspan(Skipped));
         Row.Chan = ++Chan;
     });
@@ -132,7 +133,7 @@ void AppendCalibr(std::string& Text, const DataFile& File)
 {
     Text += "Calibr\r\n";
     for (const CalibrRow& Row : File.Calibr) {
-        if (File.Model == 0) {
+        if (File.Model == ModelOldest) {
             AppendText(Text, {}, File.SessID);
             Text += '\t';
         }
@@ -157,7 +158,7 @@ bool ReadDataFile(const std::string& Path, DataFile& File, SectionFilter Filter)
     const std::string Text = DecodeText(std::move(*Bytes), Encoding, TextPage());
     if (!IsSession(Text)) return TellFailure("This is no session data file: ", Path, "");
     File.Encoding = Encoding;
-    File.Model = 0;
+    File.Model = ModelOldest;
     File.SampleCnt = 0;
     File.Desc.Clear();
     File.Data.Clear();
@@ -169,7 +170,7 @@ bool ReadDataFile(const std::string& Path, DataFile& File, SectionFilter Filter)
 std::string DataFileText(const DataFile& File, SectionFilter Filter)
 {
     std::string Text;
-    if (File.Model != 0) AppendMain(Text, File);
+    if (File.Model != ModelOldest) AppendMain(Text, File);
     AppendSess(Text, File);
     AppendRows(Text, "Crew", CrewFields(), File.Crew);
     AppendCalibr(Text, File);

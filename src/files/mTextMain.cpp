@@ -1,6 +1,7 @@
 // Main and Sess, with the old models that kept the oar's dimensions in Sess.
 #include "files/mTextMain.h"
 
+#include "core/mModes.h"
 #include "core/mSettings.h"
 #include "files/mTextIO.h"
 
@@ -12,7 +13,6 @@ float gOldBladeLen = 0;
 
 namespace {
 constexpr FieldFormat OarFormat{FieldForm::Number, 1, 2};
-constexpr int16_t FirstNewModel = 2;
 
 struct OldOars
 {
@@ -60,7 +60,7 @@ void ReadMain(LineReader& Lines, DataFile& File)
     LineFields Cells;
     Cells.Cut(Line);
     SetFields<DataFile>(File, MainFields(), Cells.Closed);
-    if (IsOpenFile(File)) gKeyMode = File.KeyMode >= 0 && File.KeyMode <= 3 ? File.KeyMode : gKeyModeSet;
+    if (IsOpenFile(File)) gKeyMode = IsKeyMode(File.KeyMode) ? File.KeyMode : gKeyModeSet;
 }
 
 void ReadSess(LineReader& Lines, DataFile& File)
@@ -71,13 +71,13 @@ void ReadSess(LineReader& Lines, DataFile& File)
     Cells.Cut(Line);
     SetFields<DataFile>(File, SessHeadFields(), Cells.Closed);
     const auto Rest = std::span(Cells.Closed).subspan(std::min(SessHeadFields().size(), Cells.Closed.size()));
-    if (File.Model >= FirstNewModel) {
+    if (File.Model > ModelOld) {
         SetFields<DataFile>(File, SessTailFields(), Rest);
         return;
     }
     const OldOars Oars = ReadOldOars(Rest);
     if (IsOpenFile(File)) KeepOldOars(Oars);
-    if (File.Model == 0) SpreadOldOars(File, Oars);
+    if (File.Model == ModelOldest) SpreadOldOars(File, Oars);
 }
 
 void AppendMain(std::string& Text, const DataFile& File)
@@ -91,7 +91,7 @@ void AppendSess(std::string& Text, const DataFile& File)
 {
     Text += "Sess\r\n";
     AppendFields(Text, File, SessHeadFields());
-    if (File.Model >= FirstNewModel)
+    if (File.Model > ModelOld)
         AppendFields(Text, File, SessTailFields());
     else
         for (const float Oar : {gOldInboard, gOldOarLen, gOldBladeLen}) {

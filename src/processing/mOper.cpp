@@ -4,40 +4,70 @@
 #include "base/mError.h"
 #include "processing/mGlobFunc.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numeric>
 #include <utility>
+
+namespace {
+constexpr std::array Table = {
+    Operation{OperNone, "None", 1, eOperUnit::First},
+    Operation{OperAdd, "Add", 1, eOperUnit::Shared},
+    Operation{OperSubstract, "Substract", 2, eOperUnit::Shared},
+    Operation{OperMultiplay, "Multy", 2, eOperUnit::None},
+    Operation{OperAverage, "Average", 2, eOperUnit::Shared},
+    Operation{OperIntegral, "Integral", 1, eOperUnit::None},
+    Operation{OperDifferent, "Differential", 1, eOperUnit::PerSecond},
+    Operation{OperSegSpeed, "Segm.Speed", 2, eOperUnit::Segment},
+    Operation{OperPower, "Power", 4, eOperUnit::Power},
+    Operation{OperArower, "Rower's Acceleration", 4, eOperUnit::None},
+    Operation{OperFigureXY, "XY Anim.", 1, eOperUnit::None},
+    Operation{OperFigureXZ, "XZ Anim.", 1, eOperUnit::None},
+    Operation{OperFigureYZ, "YZ Anim.", 1, eOperUnit::None},
+};
+} // namespace
+
+std::span<const Operation> Operations()
+{
+    return Table;
+}
+
+const Operation* FindOper(int Number)
+{
+    const auto* const Found = std::ranges::find(Table, Number, &Operation::Number);
+    return Found == Table.end() ? nullptr : Found;
+}
 
 void LiveOper::DoOper(int Number, double Time)
 {
     auto& V = ArgVals;
     switch (Number) {
-    case 0:
-    case 1:
+    case OperNone:
+    case OperAdd:
         V[0] = Add();
         break;
-    case 2:
+    case OperSubstract:
         V[0] = V[1] - V[2];
         break;
-    case 3:
+    case OperMultiplay:
         V[0] = V[1] * V[2];
         break;
-    case 4:
+    case OperAverage:
         V[0] = (V[1] + V[2]) / 2;
         break;
-    case 5: // Integral: by its name an integral, by what it gives the second derivative
-    case 6: // Different: the central difference
+    case OperIntegral:  // Integral: by its name an integral, by what it gives the second derivative
+    case OperDifferent: // Different: the central difference
     {
         const double D1 = SafeDiv(Prev1 - Prev2, gDeltaT);
         const double D2 = SafeDiv(V[1] - Prev1, gDeltaT);
-        V[0] = Number == 5 ? SafeDiv(D2 - D1, gDeltaT) : (D1 + D2) / 2;
+        V[0] = Number == OperIntegral ? SafeDiv(D2 - D1, gDeltaT) : (D1 + D2) / 2;
         ShiftHistory();
         break;
     }
-    case 7:
+    case OperSegSpeed:
         V[0] = SegSpeed(Time);
         break;
-    case 8:
+    case OperPower:
         V[0] = (V[3] + V[4]) * SegSpeed(Time);
         break;
     default:
@@ -69,21 +99,21 @@ PointPair::PointPair(int ArgCnt, double StepTime)
 double PointPair::DoReportOper(int Number) const
 {
     switch (Number) {
-    case 0:
+    case OperNone:
         return Mean(1);
-    case 1:
+    case OperAdd:
         return Add();
-    case 2:
+    case OperSubstract:
         return Mean(1) - Mean(2);
-    case 3:
+    case OperMultiplay:
         return Multiplay();
-    case 4:
+    case OperAverage:
         return (Mean(1) + Mean(2)) / 2;
-    case 6:
+    case OperDifferent:
         return SafeDiv(At(ValB, 1) - At(ValA, 1), Step);
-    case 7:
+    case OperSegSpeed:
         return SegSpeed();
-    case 8:
+    case OperPower:
         return Power(SegSpeed());
     default:
         return 0;
@@ -94,12 +124,12 @@ double PointPair::DoPlayOper(int Number) const
 {
     const bool HasPair = ArgCnt() >= 2;
     switch (Number) {
-    case 4:
-    case 7:
+    case OperAverage:
+    case OperSegSpeed:
         return HasPair ? DoReportOper(Number) : 0;
-    case 8:
+    case OperPower:
         return Power(HasPair ? SegSpeed() : 0);
-    case 9:
+    case OperArower:
         return Arower();
     default:
         return DoReportOper(Number);

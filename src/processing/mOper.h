@@ -4,11 +4,38 @@
 #pragma once
 
 #include "core/mGlobData.h"
+#include "core/mModes.h"
 
 #include <array>
 #include <span>
 #include <string_view>
 #include <vector>
+
+/// What the unit of an operation's result follows from.
+enum class eOperUnit
+{
+    None,      // nothing is known of it
+    First,     // that of argument 1
+    Shared,    // the one that all arguments share
+    PerSecond, // that of argument 1 in a second
+    Segment,   // that of arguments 1 and 2 in a second
+    Power      // of a force along a path
+};
+
+/// An operation as users meet it.
+struct Operation
+{
+    int16_t Number; // eOper
+    const char* Title;
+    int ArgCnt; // arguments that it takes, besides argument 0
+    eOperUnit Unit;
+};
+
+/// All operations in the order of their numbers.
+std::span<const Operation> Operations();
+
+/// The operation of that number, null when there is none.
+const Operation* FindOper(int Number);
 
 /// Radians of a degree.
 inline constexpr double DegreeRad = 0.017453292519943278;
@@ -16,7 +43,7 @@ inline constexpr double DegreeRad = 0.017453292519943278;
 /// A value as an argument takes it: an angle in degrees, channel Mode 1, becomes the arc of its lever in metres.
 inline double ArcValue(const CalibrRow& Row, double X)
 {
-    return Row.Mode == 1 ? X * Row.Lever * DegreeRad : X;
+    return Row.Mode == SensorAngle ? X * Row.Lever * DegreeRad : X;
 }
 
 /// The live form: arguments of one sample, and the history that differences need.
@@ -31,9 +58,8 @@ public:
     int ArgCnt = 0;         // arguments in use, up to LastArg
     bool HasSecond = false; // the second argument has a channel
 
-    /// Puts the result of operation Number into ArgVals[0]: 0 and 1 Add, 2 Substract, 3 Multiplay, 4 Average,
-    /// 5 Integral, 6 Different, 7 SegSpeed, 8 Power; any other number leaves it as it is. Time in seconds; the step
-    /// between samples is gDeltaT. Allocates nothing and cannot fail.
+    /// Puts the result of operation Number, OperNone to OperPower, into ArgVals[0]; OperNone adds, and any other number
+    /// leaves it as it is. Time in seconds; the step between samples is gDeltaT. Allocates nothing and cannot fail.
     void DoOper(int Number, double Time);
 
 private:
@@ -58,12 +84,11 @@ public:
     std::vector<double> ValB; // at the next point
     double Step;              // s between the two
 
-    /// The report's form: 0 DoNothig, 1 Add, 2 Substract, 3 Multiplay, 4 Average, 6 Different, 7 SegSpeed, 8 Power;
-    /// 0 for any other number.
+    /// The report's form of OperNone to OperPower but for OperIntegral; 0 for any other number.
     double DoReportOper(int Number) const;
 
-    /// The play view's form: as the report's, but Average and SegSpeed of a row with too few arguments give 0, and 9
-    /// is Arower.
+    /// The play view's form: as the report's, but Average and SegSpeed of a row with too few arguments give 0, and
+    /// there is OperArower.
     double DoPlayOper(int Number) const;
 
 private:

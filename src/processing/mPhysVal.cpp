@@ -3,6 +3,7 @@
 
 #include "base/mNumText.h"
 #include "core/mGlobData.h"
+#include "core/mModes.h"
 #include "processing/mRefTable.h"
 
 #include <cmath>
@@ -42,16 +43,16 @@ void CalcPhysVals(int Chan, std::span<double> Values, double& Prev)
     const auto Up = [Q0 = Row.Qup0, Q1 = Row.Qup1, Q2 = Row.Qup2](double X) { return Square(Q0, Q1, Q2, X); };
     const auto Down = [Q0 = Row.Qdn0, Q1 = Row.Qdn1, Q2 = Row.Qdn2](double X) { return Square(Q0, Q1, Q2, X); };
     switch (Row.ProcMode) {
-    case 1:
+    case ApproxOneLine:
         return Convert(Values, Up);
-    case 2:
+    case ApproxTwoLines:
         return Convert(Values, [&](double X) {
             const double Before = std::exchange(Prev, X);
             return X > Before ? Up(X) : X < Before ? Down(X) : (Up(X) + Down(X)) / 2;
         });
-    case 3:
+    case ApproxAbsolute:
         return Convert(Values, [&](double X) { return std::fabs(Line(X)); });
-    case 4:
+    case ApproxRefTable:
         return Convert(Values, [Table = TableNumber(Row)](double X) { return RefLookup(Table, X); });
     default:
         return Convert(Values, Line);

@@ -3,6 +3,7 @@
 
 #include "base/mError.h"
 #include "core/mGlobData.h"
+#include "core/mModes.h"
 #include "core/mSettings.h"
 #include "platform/mHost.h"
 #include "processing/mNorm.h"
@@ -27,13 +28,13 @@ constexpr int32_t FirstKey = 2; // rows 0 and 1 of the store are never read
 bool IsBoundary(const std::array<double, 5>& K, double Thr)
 {
     switch (gKeyMode) {
-    case 0:
+    case KeyDecreasing:
         return K[0] > Thr && K[1] >= Thr && K[2] <= Thr && K[3] < Thr;
-    case 1:
+    case KeyIncreasing:
         return K[0] < Thr && K[1] <= Thr && K[2] >= Thr && K[3] > Thr;
-    case 2:
+    case KeyMinimum:
         return K[0] >= K[1] && K[1] >= K[2] && K[2] < K[3] && K[3] < K[4];
-    case 3:
+    case KeyMaximum:
         return K[0] <= K[1] && K[1] <= K[2] && K[2] > K[3] && K[3] > K[4];
     default:
         return false;
@@ -42,7 +43,7 @@ bool IsBoundary(const std::array<double, 5>& K, double Thr)
 
 double BoundaryTime(const KeyWindow& Win, double Thr)
 {
-    if (gKeyMode >= 2) return Win.T[2];
+    if (gKeyMode == KeyMinimum || gKeyMode == KeyMaximum) return Win.T[2];
     return Win.T[1] + (Win.T[2] - Win.T[1]) * SafeDiv(Win.K[1] - Thr, Win.K[1] - Win.K[2]);
 }
 

@@ -5,6 +5,7 @@
 #include "base/mNumText.h"
 #include "base/mSafeSave.h"
 #include "core/mGlobData.h"
+#include "core/mModes.h"
 #include "platform/mHost.h"
 #include "processing/mProcFuncs.h"
 #include "processing/mRefZero.h"
@@ -76,7 +77,7 @@ void LoadRefTables()
     gRefTabs.assign(1, {});
     for (int Chan = 1; Chan <= gFile.Calibr.UBound(); ++Chan) {
         CalibrRow& Row = gFile.Calibr[Chan];
-        if (Row.ProcMode != 4) continue;
+        if (Row.ProcMode != ApproxRefTable) continue;
         gRefCnt = ToInt16(gRefCnt + 1);
         // A table that cannot be read keeps its number, so that no channel comes to use the table of another.
         RefTable& Table = gRefTabs.emplace_back();

@@ -3,6 +3,7 @@
 
 #include "base/mNumText.h"
 #include "core/mGlobData.h"
+#include "core/mModes.h"
 #include "processing/mRefTable.h"
 
 #include <utility>
@@ -16,10 +17,10 @@ bool ZeroRefTable(int Chan)
     RefTable Fresh;
     if (ReadRefTable(gCurDir + Row.SensorID + ".ref", Fresh) == 0) return false;
     Table = std::move(Fresh);
-    if (Row.Side < 1 || Row.Side > 4) return true;
+    if (Row.Side < SideRight || Row.Side > SideLeftScull) return true;
     const double Z = RefLookup(static_cast<int>(Number), Row.Log0);
     const double A = Table.Y[0], B = Table.Y[static_cast<std::size_t>(Table.Cnt)];
-    const bool IsTurned = Row.Side == 2 || Row.Side == 4;
+    const bool IsTurned = Row.Side == SideLeft || Row.Side == SideLeftScull;
     Row.Min = IsTurned ? Z - B : A - Z;
     Row.Max = IsTurned ? Z - A : B - Z;
     for (double& Y : Table.Y)
@@ -30,5 +31,5 @@ bool ZeroRefTable(int Chan)
 void ZeroAllRefTables()
 {
     for (int Chan = 1; Chan <= gFile.Calibr.UBound(); ++Chan)
-        if (gFile.Calibr[Chan].ProcMode == 4 && gFile.Calibr[Chan].Log0 != 0) ZeroRefTable(Chan);
+        if (gFile.Calibr[Chan].ProcMode == ApproxRefTable && gFile.Calibr[Chan].Log0 != 0) ZeroRefTable(Chan);
 }

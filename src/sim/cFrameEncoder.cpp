@@ -1,6 +1,8 @@
 // Seven bits a byte, lowest first, so that only the sync byte is 128 or above.
 #include "sim/cFrameEncoder.h"
 
+#include "core/mModes.h"
+
 #include <algorithm>
 #include <array>
 
@@ -18,11 +20,6 @@ constexpr int Code16 = 0;
 constexpr int Code8 = 10;
 constexpr int Code8Wireless = 12;
 constexpr int Code4 = 14;
-
-bool IsMaster(int Model)
-{
-    return Model >= 60 && Model <= 65;
-}
 
 int32_t CountAt(std::span<const int32_t> Counts, int Chan)
 {
@@ -45,7 +42,7 @@ cFrameEncoder::cFrameEncoder(const FrameLayout& Layout_)
 
 bool cFrameEncoder::IsPossible(const FrameLayout& Layout)
 {
-    if (!IsMaster(Layout.Model)) return Layout.Model >= 66 && Layout.Model <= 68;
+    if (!IsMasterModel(Layout.Model)) return IsSlaveModel(Layout.Model);
     if (Layout.SlaveCnt == 0) return true;
     constexpr std::array<int, 6> Sizes = {4, 6, 8, 10, 16, 18};
     const bool HasSize = std::find(Sizes.begin(), Sizes.end(), Layout.SlaveChans) != Sizes.end();
@@ -55,22 +52,22 @@ bool cFrameEncoder::IsPossible(const FrameLayout& Layout)
 
 int cFrameEncoder::LastChan() const
 {
-    if (Layout.Model == 66) return 17;
-    if (Layout.Model > 66) return 8;
+    if (Layout.Model == ModelSlave16) return 17;
+    if (Layout.Model > ModelSlave16) return 8;
     // The extra words of all but the last slave are overwritten by the next slave's channels.
     return 16 + Layout.SlaveCnt * BlockChans + (HasExtras && Layout.SlaveCnt > 0 ? 2 : 0);
 }
 
 int32_t cFrameEncoder::MaxCount(int Chan) const
 {
-    return IsMaster(Layout.Model) && (Chan == 13 || Chan == 14) ? MaxLong : MaxWord;
+    return IsMasterModel(Layout.Model) && (Chan == 13 || Chan == 14) ? MaxLong : MaxWord;
 }
 
 void cFrameEncoder::Append(std::vector<uint8_t>& Out, int64_t Time, std::span<const int32_t> Counts, int Kind)
 {
     Body.clear();
     PutGroups(Time, 5);
-    if (IsMaster(Layout.Model))
+    if (IsMasterModel(Layout.Model))
         AppendLong(Counts, Kind);
     else
         AppendShort(Time, Counts);
@@ -124,7 +121,7 @@ void cFrameEncoder::AppendShort(int64_t Time, std::span<const int32_t> Counts)
 {
     constexpr int HeaderItems = 7; // bytes
     PutGroups(0, HeaderItems);
-    if (Layout.Model > 66) {
+    if (Layout.Model > ModelSlave16) {
         PutWords(Counts, 1, 8);
         return;
     }

@@ -1,6 +1,8 @@
 // Raw counts as the bytes of a logger's frame, for every logger model.
 #pragma once
 
+#include "core/mModes.h"
+
 #include <cstdint>
 #include <span>
 #include <vector>
@@ -8,10 +10,10 @@
 /// What a logger sends: its model and its slaves.
 struct FrameLayout
 {
-    int Model = 61;      // 60 to 65 master and slaves, 66 to 68 a slave alone
-    int SlaveCnt = 0;    // of a master
-    int SlaveChans = 8;  // 4, 8 or 16, and 2 more with the extra words
-    bool Signed = false; // slaves send offset values
+    int Model = ModelMaster; // eModel
+    int SlaveCnt = 0;        // of a master
+    int SlaveChans = 8;      // 4, 8 or 16, and 2 more with the extra words
+    bool Signed = false;     // slaves send offset values
 };
 
 /// Frame kinds: which items of the optional block a master's frame carries.

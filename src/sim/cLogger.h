@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/mGlobData.h"
+#include "core/mModes.h"
 #include "sim/cFaults.h"
 #include "sim/cFrameEncoder.h"
 #include "sim/cRig.h"
@@ -13,7 +14,7 @@
 /// How a simulated logger works and how its crew rows.
 struct LoggerSettings
 {
-    int Model = 61;
+    int Model = ModelMaster;
     int Freq = 25;     // Hz: 25, 50 or 100
     double Rate = 28;  // strokes per minute
     double Spread = 2; // standard deviation of the stroke periods, per cent

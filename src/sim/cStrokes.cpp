@@ -1,6 +1,8 @@
 // Strokes drawn one behind the other from the seed.
 #include "sim/cStrokes.h"
 
+#include "core/mModes.h"
+
 #include <algorithm>
 #include <array>
 
@@ -22,7 +24,7 @@ constexpr std::array<Stretch, 4> Stretches = {{
 
 const Stretch& StretchOf(int KeyMode)
 {
-    return Stretches[KeyMode >= 0 && KeyMode <= 3 ? static_cast<std::size_t>(KeyMode) : 0];
+    return Stretches[IsKeyMode(KeyMode) ? static_cast<std::size_t>(KeyMode) : 0];
 }
 
 constexpr double CatchDeviation = 0.7; // degrees

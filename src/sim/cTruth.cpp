@@ -2,6 +2,7 @@
 #include "sim/cTruth.h"
 
 #include "base/mNumText.h"
+#include "core/mModes.h"
 
 #include <array>
 #include <functional>
@@ -22,13 +23,13 @@ double SlopeOf(const Curve& Signal, double T)
 Curve BoundaryCurve(const Curve& Signal, int KeyMode, double Threshold)
 {
     switch (KeyMode) {
-    case 0:
+    case KeyDecreasing:
         return [=](double T) { return Threshold - Signal(T); };
-    case 1:
+    case KeyIncreasing:
         return [=](double T) { return Signal(T) - Threshold; };
-    case 2:
+    case KeyMinimum:
         return [=](double T) { return SlopeOf(Signal, T); };
-    case 3:
+    case KeyMaximum:
         return [=](double T) { return -SlopeOf(Signal, T); };
     default:
         return {};

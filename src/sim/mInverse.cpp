@@ -2,6 +2,7 @@
 #include "sim/mInverse.h"
 
 #include "base/mNumText.h"
+#include "core/mModes.h"
 #include "processing/mPhysVal.h"
 #include "processing/mRefTable.h"
 
@@ -56,13 +57,13 @@ double SolveTable(const CalibrRow& Row, double Y)
 double CountOf(const CalibrRow& Row, double Y, double Prev, double MaxCount)
 {
     switch (Row.ProcMode) {
-    case 1:
+    case ApproxOneLine:
         return SolveSquare({Row.Qup0, Row.Qup1, Row.Qup2}, Y, MaxCount, Row.Log0);
-    case 2:
+    case ApproxTwoLines:
         return SolveHysteresis(Row, Y, Prev, MaxCount);
-    case 3:
+    case ApproxAbsolute:
         return SolveLine(Row.Q0, Row.Q1, std::fabs(Y), Row.Log0);
-    case 4:
+    case ApproxRefTable:
         return SolveTable(Row, Y);
     default:
         return SolveLine(Row.Q0, Row.Q1, Y, Row.Log0);

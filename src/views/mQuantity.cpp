@@ -1,7 +1,9 @@
 // Quantities of channels, and what the operations make of them.
 #include "views/mQuantity.h"
 
+#include "core/mModes.h"
 #include "processing/mGlobFunc.h"
+#include "processing/mOper.h"
 
 #include <algorithm>
 #include <array>
@@ -59,7 +61,7 @@ std::vector<Argument> Find(const std::string& ParamID)
     const int Chan = FindChan(gFile.Calibr, ParamID);
     if (Chan < 1 || Chan > gFile.Calibr.UBound()) return {};
     const auto* const Each = KnownFor(ParamID);
-    const bool IsArc = gFile.Calibr[Chan].Mode == 1;
+    const bool IsArc = gFile.Calibr[Chan].Mode == SensorAngle;
     if (Each == Known.end()) return {Argument{{"", ""}, ""}};
     if (IsArc) return {Argument{{Each->Arc, "m"}, Each->Speed}};
     return {Argument{{Each->Name, Each->Unit}, Each->Speed}};
@@ -102,7 +104,7 @@ Quantity Common(const Quantity& First, const Quantity& Second)
 Quantity QuantityX(const ViewRow& Row)
 {
     const auto Names = SplitStr(Row.Arguments);
-    if (Row.Mode != 1 || Names.empty()) return {};
+    if (Row.Mode != RowOverArgument || Names.empty()) return {};
     const auto Found = Find(Names[0]);
     return Found.empty() ? Quantity{} : Found[0].Value;
 }
@@ -115,25 +117,25 @@ Quantity QuantityY(const ViewRow& Row)
         for (const Argument& Each : Find(Names[i]))
             Args.push_back(Each);
     if (Args.empty()) return {};
-    switch (Row.Oper) {
-    case 1:
-    case 2:
-    case 4: {
+    const Operation* const Oper = FindOper(Row.Oper);
+    switch (Oper ? Oper->Unit : eOperUnit::None) {
+    case eOperUnit::Shared: {
         Quantity Whole = Args[0].Value;
         for (const Argument& Each : Args)
             Whole = Common(Whole, Each.Value);
         return Whole;
     }
-    case 6:
+    case eOperUnit::PerSecond:
         return {Args[0].Speed, PerSecond(Args[0].Value.Unit)};
-    case 7:
+    case eOperUnit::Segment:
         if (Args.size() == 1) return {Args[0].Speed, PerSecond(Args[0].Value.Unit)};
         return {"", PerSecond(Common(Args[0].Value, Args[1].Value).Unit)};
-    case 8:
+    case eOperUnit::Power:
         return {"Power", Args[0].Value.Unit == "m" && Args.back().Value.Unit == "N" ? "W" : ""};
-    case 0:
+    case eOperUnit::First:
         return Args[0].Value;
-    default:
+    case eOperUnit::None:
         return {};
     }
+    return {};
 }

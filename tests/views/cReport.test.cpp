@@ -97,12 +97,12 @@ TEST_CASE_FIXTURE(ReportState, "a page has the sample, both plots within their r
 
 TEST_CASE_FIXTURE(ReportState, "what a report cannot show is told on the page, and the rest is shown")
 {
-    Add("Bad", 0, 0, 50, 0, 50, "A1,H9,H1", "").Oper = 8;
+    Add("Bad", 0, 0, 50, 0, 50, "A1,H9,H1", "").Oper = OperPower;
     Add("None", 0, 0, 50, 0, 50, "", "MaxY");
     gFile.View3[2].Arguments = "None,H1,H7";
     Texts Page = Lines(ReportStored);
     CHECK(Count(Page, "Row 2 (Course): the session has no channel H7") == 1);
-    CHECK(Count(Page, "Row 3 (Bad) failed: ") == 1);
+    CHECK(Count(Page, "Row 3 (Bad): the operation Power takes 4 arguments behind the first, the row has 2") == 1);
     CHECK(Count(Page, "polyline") == 2);
     std::swap(gFile.Data[1], gFile.Data[2]);
     CHECK(Count(Lines(ReportStored), "curve 1 is H1, channel 1 is A1") == 1);

@@ -7,6 +7,7 @@
 #include "core/mDataWindow.h"
 #include "core/mGlobData.h"
 #include "core/mIni.h"
+#include "core/mModes.h"
 #include "core/mSettings.h"
 #include "core/shell/fMenu.h"
 #include "core/shell/mMain.h"
@@ -70,11 +71,11 @@ bool frmMain::Load(const std::string& Folder)
     const bool Found = StartUp(Folder);
     Command("mnuWinToolbar")->setChecked(gToolBar);
     Command("mnuWinStatusBar")->setChecked(gStatusBar);
-    if (gLanguage == 1)
+    if (gLanguage == LanguageRussian)
         for (std::size_t i = 0; i < AllToolButtons().size(); ++i)
             findChild<QToolButton*>("cmdToolBar_" + QString::number(i))->setText(AllToolButtons()[i].Russian);
     ShowBars();
-    if (auto* Chosen = findChild<QRadioButton*>(gConnection == 1 ? "opConnection_1" : "opConnection_0"))
+    if (auto* Chosen = findChild<QRadioButton*>(gConnection == ConnectionTCP ? "opConnection_1" : "opConnection_0"))
         Chosen->setChecked(true);
     PlaceWindow();
     return Found;

@@ -4,6 +4,7 @@
 #include "base/mNumText.h"
 #include "core/mGlobData.h"
 #include "core/mIni.h"
+#include "core/mModes.h"
 #include "core/mSettings.h"
 #include "files/mTextIO.h"
 
@@ -13,7 +14,7 @@ bool StartUp(const std::string& Folder)
     LoadSettings();
     const bool Found = ReadIni();
     SetCurFile(gCurFile);
-    gKeyMode = gFile.KeyMode >= 0 && gFile.KeyMode <= 3 ? gFile.KeyMode : gKeyModeSet;
+    gKeyMode = IsKeyMode(gFile.KeyMode) ? gFile.KeyMode : gKeyModeSet;
     gTimeStep = SafeDiv(1, gDataFreq);
     gDeltaT = gTimeStep;
     return Found;

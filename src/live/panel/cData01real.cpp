@@ -3,6 +3,7 @@
 
 #include "base/mNumText.h"
 #include "core/mIni.h"
+#include "core/mModes.h"
 #include "core/mSettings.h"
 #include "processing/mGlobFunc.h"
 #include "processing/mPhysVal.h"
@@ -25,8 +26,6 @@ constexpr int CaptionLine = 12; // height of a caption, and from one to the next
 constexpr int NumberLine = 60;  // from one stroke number to the next
 constexpr int NumberFont = 48;
 constexpr int GridLines = 11;
-constexpr int FigureFrom = 11; // the first operation that draws a figure
-constexpr int FigureTo = 15;
 
 // Where nothing has been plotted yet.
 constexpr SurfacePoint Nowhere{std::numeric_limits<int32_t>::min(), 0};
@@ -84,7 +83,8 @@ void cData01real::InitViewID(int ViewID, int16_t Source)
     for (std::string& Key : SplitStr(View.Functions))
         Numbers.push_back({Key});
     if (!Numbers.empty()) ReadModel();
-    if (View.Oper >= FigureFrom && View.Oper <= FigureTo && gFile.Crew.UBound() >= 1) Head = Wide(gFile.Crew[1].Head);
+    if (View.Oper >= OperFigureXY && View.Oper <= OperFigureLast && gFile.Crew.UBound() >= 1)
+        Head = Wide(gFile.Crew[1].Head);
 }
 
 void cData01real::ReadModel()
@@ -116,21 +116,21 @@ void cData01real::SetScales()
     CapX = Left + CaptionShift;
     CapY = Top + CaptionLine * View.Offset;
     XSpan = Right - Left;
-    if (View.Mode == 0) XScale = XSpan / (TraceRoom - 1);
-    if (View.Mode == 1) SetScale(XScale, XSpan, Wide(View.MaxXPar) - Wide(View.MinXPar));
+    if (View.Mode == RowOverPosition) XScale = XSpan / (TraceRoom - 1);
+    if (View.Mode == RowOverArgument) SetScale(XScale, XSpan, Wide(View.MaxXPar) - Wide(View.MinXPar));
     SetScale(YScale, Bottom - Top, Wide(View.MaxYPar) - Wide(View.MinYPar));
     X0 = Left - Wide(View.MinXPar) * XScale;
     Y0 = Bottom + Wide(View.MinYPar) * YScale;
     DotR = Size.Y / 200.0;
     HeadR = Head / 4 * XScale;
-    for (std::size_t i = 0; View.Oper < FigureFrom && i < Pts.size(); ++i)
+    for (std::size_t i = 0; View.Oper < OperFigureXY && i < Pts.size(); ++i)
         if (IsPlaced(Pts[i])) PlacePoint(i);
     DrawScales();
 }
 
 void cData01real::DrawAgain(int Last)
 {
-    for (int Cur = 1; gIsCurves && View.Oper < FigureFrom && Cur <= Last; ++Cur)
+    for (int Cur = 1; gIsCurves && View.Oper < OperFigureXY && Cur <= Last; ++Cur)
         DrawStep(Cur - 1, Cur);
     if (HasStroke) DrawStroke();
 }
@@ -139,7 +139,7 @@ void cData01real::DrawScales()
 {
     if (!gIsCurves) return;
     iSurface& Surface = *Panel->Surface;
-    if (View.Oper >= 0 && View.Oper < FigureFrom) {
+    if (View.Oper >= 0 && View.Oper < OperFigureXY) {
         // Thin whatever the curves' width: the grid is there to read the curve by.
         Surface.SetPen(Grey);
         for (int i = 0; gIsGrid && i < GridLines; ++i) {
@@ -160,7 +160,7 @@ void cData01real::DrawData(int Prev, int Cur, bool NewStroke)
     HasNumbers = false;
     if (ArgChan.empty()) return;
     ++SampCnt;
-    if (NewStroke && View.Mode == 0) {
+    if (NewStroke && View.Mode == RowOverPosition) {
         XScale = SafeDiv(XSpan, SampCnt);
         SampCnt = 0;
     }
@@ -170,8 +170,8 @@ void cData01real::DrawData(int Prev, int Cur, bool NewStroke)
     Stats.CheckFunc(XVal, V[0], V[1], Clock);
     if (IsMod) Model.Take(XVal, V[0]);
     if (SrcMode == SourceDots) return DrawDots();
-    if (gIsCurves && View.Oper < FigureFrom) DrawLine(Prev, Cur);
-    if (gIsCurves && View.Oper >= FigureFrom) DrawAnimXY();
+    if (gIsCurves && View.Oper < OperFigureXY) DrawLine(Prev, Cur);
+    if (gIsCurves && View.Oper >= OperFigureXY) DrawAnimXY();
     if (NewStroke && !Numbers.empty()) EndStroke();
 }
 
@@ -197,8 +197,8 @@ void cData01real::TakeArguments()
         Clock = gRaw(0, gPlayIdx);
     const auto X = Calibrated(ArgChan[0]);
     if (X) XVal = *X;
-    if (View.Mode == 0) XPos = SampCnt;
-    if (View.Mode == 1) XPos = (X ? ArcValue(gFile.Calibr[ArgChan[0]], XVal) : XVal) - Wide(View.MinXPar);
+    if (View.Mode == RowOverPosition) XPos = SampCnt;
+    if (View.Mode == RowOverArgument) XPos = (X ? ArcValue(gFile.Calibr[ArgChan[0]], XVal) : XVal) - Wide(View.MinXPar);
     for (std::size_t i = 1; i <= static_cast<std::size_t>(Oper.ArgCnt); ++i)
         if (const auto Value = Calibrated(ArgChan[i])) Oper.ArgVals[i] = ArcValue(gFile.Calibr[ArgChan[i]], *Value);
 }
@@ -228,7 +228,7 @@ void cData01real::DrawStep(int Prev, int Cur)
     if (!IsPlaced(To)) return;
     const SurfacePoint& Last = Pts[static_cast<std::size_t>(Prev)];
     const SurfacePoint& From = IsPlaced(Last) ? Last : To;
-    if (View.Mode == 0 && To.X < From.X) return;
+    if (View.Mode == RowOverPosition && To.X < From.X) return;
     iSurface& Surface = *Panel->Surface;
     SetPen(Colour);
     Surface.Line(From.X, From.Y, To.X, To.Y);

@@ -28,7 +28,8 @@ enum SourceMode : int16_t
     SourceTimer = 1,  // the newest frame at a timer's pace
     SourceFrames = 2, // frames as they come
     SourceTable = 4,
-    SourceDots = 8 // the table, dots instead of lines
+    SourceDots = 8,   // the table, dots instead of lines
+    SourceNoView = 16 // from here on no data view opens on what the panel has recorded
 };
 
 /// Whether that source is the sample store.

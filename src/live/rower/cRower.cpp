@@ -3,6 +3,7 @@
 
 #include "base/mNumText.h"
 #include "core/mIni.h"
+#include "core/mModes.h"
 #include "core/mSettings.h"
 #include "files/mBinIO.h"
 #include "platform/mHost.h"
@@ -169,13 +170,13 @@ bool cRower::IsStart(double Key) const
 {
     const double Thresh = Wide(KeyThresh);
     switch (gKeyMode) {
-    case 0:
+    case KeyDecreasing:
         return KeyPrev > Thresh && Key <= Thresh;
-    case 1:
+    case KeyIncreasing:
         return KeyPrev <= Thresh && Key > Thresh;
-    case 2:
+    case KeyMinimum:
         return KeyPrev2 > KeyPrev && KeyPrev < Key;
-    case 3:
+    case KeyMaximum:
         return KeyPrev2 < KeyPrev && KeyPrev > Key;
     default:
         return false;
@@ -237,8 +238,8 @@ void cRower::DrawTargets()
 
 eRowerWish cRower::DoAction(int Code)
 {
-    if (Code == 6) return eRowerWish::Close;
-    if (Code < 0 || Code == 3 || Code > 6) return eRowerWish::None;
+    if (Code == PlayClose) return eRowerWish::Close;
+    if (Code < PlayToStart || Code == PlayPause || Code > PlayClose) return eRowerWish::None;
     FindTimeIdx(gPlayTime);
     DrawData();
     return eRowerWish::None;

@@ -232,5 +232,5 @@ void fData01real::closeEvent(QCloseEvent* Event)
     Panel.Unload();
     if (WasLogging) StopAll();
     qDataWindow::closeEvent(Event);
-    if (WasLogging && Mode < 16 && OnRecorded) OnRecorded(gLogFile.Path());
+    if (WasLogging && Mode < SourceNoView && OnRecorded) OnRecorded(gLogFile.Path());
 }

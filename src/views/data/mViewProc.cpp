@@ -4,6 +4,7 @@
 #include "base/mError.h"
 #include "base/mNumText.h"
 #include "core/mGlobData.h"
+#include "core/mModes.h"
 #include "core/mSettings.h"
 #include "files/mTextIO.h"
 #include "platform/mHost.h"
@@ -82,7 +83,7 @@ bool ProcSel(const ViewData& Data, const ProcStretch& Stretch)
 std::vector<int32_t> FillSplits()
 {
     std::vector<int32_t> Bounds(static_cast<std::size_t>(std::max<int16_t>(gSplitsCnt, 0)) + 1, 0);
-    if (gSplitPar != 1 || gSplitsCnt < 1) return Bounds;
+    if (gSplitPar != SplitTime || gSplitsCnt < 1) return Bounds;
     float Limit = SplitLength(1);
     std::size_t k = 1;
     for (int32_t i = 0; i <= gRaw.UBound(); ++i) {

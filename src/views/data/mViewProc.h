@@ -24,7 +24,7 @@ struct ProcStretch
 /// inside the filter (told) it is not begun. False when no sample was made or the file could not be written.
 bool ProcSel(const ViewData& Data, const ProcStretch& Stretch);
 
-/// Sample indices at which the splits begin and end, from 0 on: splits by time, one after the other, with gSplitPar 1;
+/// Sample indices at which the splits begin and end, from 0 on: splits by time, one after the other, with SplitTime;
 /// zeros otherwise.
 std::vector<int32_t> FillSplits();
 

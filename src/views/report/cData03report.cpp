@@ -3,6 +3,7 @@
 
 #include "base/mError.h"
 #include "base/mNumText.h"
+#include "core/mModes.h"
 #include "processing/mGlobFunc.h"
 #include "processing/mNorm.h"
 #include "processing/mOper.h"
@@ -65,8 +66,9 @@ void cData03report::FillArr(const std::vector<int>& ArgChans)
     PointPair Pair(static_cast<int>(ArgChans.size()) - 1, Step);
     for (int32_t i = FirstS; i < FirstS + PntCnt; ++i) {
         double X = 0;
-        if (View.Mode == 0) X = i + 0.5;
-        if (View.Mode == 1 && ArgChans[0] >= 1) X = (Value(ArgChans[0], i) + Value(ArgChans[0], i + 1)) / 2;
+        if (View.Mode == RowOverPosition) X = i + 0.5;
+        if (View.Mode == RowOverArgument && ArgChans[0] >= 1)
+            X = (Value(ArgChans[0], i) + Value(ArgChans[0], i + 1)) / 2;
         for (std::size_t Arg = 1; Arg < ArgChans.size(); ++Arg) {
             if (ArgChans[Arg] < 1 || !HasPair(i)) continue;
             Pair.ValA[Arg] = Value(ArgChans[Arg], i);
@@ -91,13 +93,13 @@ std::vector<RowValue> cData03report::GetFuncs() const
 double cData03report::LeftValue() const
 {
     const double Low = View.MinXPar;
-    return View.Mode == 0 ? Low + FirstS : Low;
+    return View.Mode == RowOverPosition ? Low + FirstS : Low;
 }
 
 double cData03report::RightValue() const
 {
     const double High = View.MaxXPar;
-    return View.Mode == 0 ? LeftValue() + PntCnt : High;
+    return View.Mode == RowOverPosition ? LeftValue() + PntCnt : High;
 }
 
 void cData03report::SetScales(const PlotRect& Area, double Pixel)
@@ -144,7 +146,7 @@ void cData03report::DrawNorm(iSurface& Surface) const
 {
     if (Pts.empty()) return;
     std::vector<SurfacePlace> Cycle = Pts;
-    const double Period = View.Mode == 0 ? ScaleX * PntCnt : 0;
+    const double Period = View.Mode == RowOverPosition ? ScaleX * PntCnt : 0;
     Cycle.push_back({Pts.front().X + Period, Pts.front().Y});
     if (Period != 0) Cycle.insert(Cycle.begin(), {Pts.back().X - Period, Pts.back().Y});
     DrawClipped(Surface, Frame, Cycle);

@@ -3,6 +3,7 @@
 
 #include "base/mError.h"
 #include "base/mNumText.h"
+#include "core/mModes.h"
 #include "core/mSettings.h"
 #include "platform/mHost.h"
 #include "processing/mGlobFunc.h"
@@ -96,6 +97,7 @@ void cReport::MakeObjects(std::vector<cData03report>& Objs, int ObjKind, int32_t
 {
     for (int Row = 1; Row <= gFile.View3.UBound(); ++Row) {
         const std::string What = "Row " + FormatNum(Row, "0") + " (" + gFile.View3[Row].ID + ")";
+        if (!HasArguments(What, gFile.View3[Row])) continue;
         cData03report Plot;
         const bool Success = Guard(What, Notes, [&] {
             Plot.InitViewID(Row, ObjKind, First, Last);
@@ -107,11 +109,23 @@ void cReport::MakeObjects(std::vector<cData03report>& Objs, int ObjKind, int32_t
     }
 }
 
+// A row without arguments is left out without a word: it names nothing to draw.
+bool cReport::HasArguments(const std::string& What, const ViewRow& Row)
+{
+    const int ArgCnt = static_cast<int>(SplitStr(Row.Arguments).size()) - 1;
+    const Operation* const Oper = FindOper(Row.Oper);
+    if (!Oper || ArgCnt < 0 || ArgCnt >= Oper->ArgCnt) return true;
+    Notes.push_back(What + ": the operation " + Oper->Title + " takes " + FormatNum(Oper->ArgCnt, "0") +
+                    (Oper->ArgCnt == 1 ? " argument" : " arguments") + " behind the first, the row has " +
+                    FormatNum(ArgCnt, "0"));
+    return false;
+}
+
 // An argument without a channel counts as 0. The name None says that this is meant.
 void cReport::CheckArguments(const std::string& What, const ViewRow& Row)
 {
     const auto Names = SplitStr(Row.Arguments);
-    for (std::size_t Arg = Row.Mode == 1 ? 0 : 1; Arg < Names.size(); ++Arg)
+    for (std::size_t Arg = Row.Mode == RowOverArgument ? 0 : 1; Arg < Names.size(); ++Arg)
         if (!Names[Arg].empty() && Names[Arg] != "None" && FindChan(gFile.Calibr, Names[Arg]) < 1)
             Notes.push_back(What + ": the session has no channel " + Names[Arg] + ", which counts as 0 here");
 }
@@ -195,6 +209,7 @@ std::vector<ReportLine> cReport::PrintReport() const
     const Quantity Position = {"Point of the stroke", ""};
     for (const cData03report& Plot : NormObjs)
         if (auto Values = Plot.GetFuncs(); !Values.empty())
-            Lines.push_back({Plot.Row().ID, Plot.Row().Mode == 0 ? Position : Plot.X(), Plot.Y(), std::move(Values)});
+            Lines.push_back(
+                {Plot.Row().ID, Plot.Row().Mode == RowOverPosition ? Position : Plot.X(), Plot.Y(), std::move(Values)});
     return Lines;
 }

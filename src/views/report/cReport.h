@@ -56,6 +56,7 @@ private:
     void MakeObjects(std::vector<cData03report>& Objs, int ObjKind, int32_t First, int32_t Last);
     void MakeHead(const DescRow& Sample, int Kind, int32_t First, int32_t Last);
     void CheckColumns(const DescRow& Sample);
+    bool HasArguments(const std::string& What, const ViewRow& Row);
     void CheckArguments(const std::string& What, const ViewRow& Row);
 
     std::vector<cData03report> PrimObjs;

@@ -2,6 +2,7 @@
 #include "views/report/cReportPlots.h"
 
 #include "base/mNumText.h"
+#include "core/mModes.h"
 #include "processing/mNorm.h"
 #include "views/report/mPageText.h"
 
@@ -119,7 +120,7 @@ std::vector<Plot> Gather(const iSurface& Surface, const cReport& Report)
 // A typical stroke's positions are shown in percent of the stroke.
 double ShownPer(const cData03report& Row)
 {
-    return Row.Row().Mode == 0 && !Row.IsPrimary() ? 100.0 / NormSteps : 1;
+    return Row.Row().Mode == RowOverPosition && !Row.IsPrimary() ? 100.0 / NormSteps : 1;
 }
 
 void DrawXScale(iSurface& Surface, const Plot& Each)
@@ -171,7 +172,7 @@ std::pair<std::string, std::string> TitleOf(const Plot& Each)
         X = Common(X, Row->X());
     }
     std::string Over = WithSmallStart(AxisText(X));
-    if (Each.First().Row().Mode == 0) Over = Each.First().IsPrimary() ? "sample" : "the stroke, %";
+    if (Each.First().Row().Mode == RowOverPosition) Over = Each.First().IsPrimary() ? "sample" : "the stroke, %";
     std::string Name = AxisText(Y);
     if (Name.empty() && Each.Rows.size() == 1) Name = Each.First().Row().ID;
     return {Name, Over.empty() ? "" : (Name.empty() ? "over " : "  over ") + Over};
