@@ -146,9 +146,7 @@ void TellNoFrames(const std::string& Path)
 
 bool SaveText(const std::string& Path, const std::string& Text)
 {
-    if (SaveWhole(Path, Text)) return true;
-    MsgBox("Can't write file: " + Path, TitleError);
-    return false;
+    return SaveWhole(Path, Text) || FileFailed(CantWrite, Path, TitleError);
 }
 
 bool LoadSession(const std::string& Path)

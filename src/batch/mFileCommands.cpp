@@ -171,8 +171,7 @@ bool DoDump(const Args& Line)
     }
     if (Count == 0) TellNoFrames(Line.Files[1]);
     if (CloseScanFile() && File.Commit()) return true;
-    if (!File.Failure().empty())
-        MsgBox("Can't write file: " + Line.Files[2] + " (" + File.Failure() + ")", TitleWarning);
+    if (!File.Failure().empty()) FileFailed(CantWrite, Line.Files[2], TitleWarning, File.Failure());
     return false;
 }
 

@@ -107,8 +107,7 @@ bool Recorder::Start()
     if (!OpenLog(OutPath, OldBytes::Dropped)) return false;
     Begin = Loop.Milliseconds();
     if (!OpenLink()) {
-        MsgBox("Can't open serial port: " + gCOMdevice + " (not there, or another program has it)", TitleError);
-        return false;
+        return FileFailed("Can't open serial port: ", gCOMdevice, TitleError, "not there, or another program has it");
     }
     SendRun();
     return true;

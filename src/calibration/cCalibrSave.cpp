@@ -15,11 +15,6 @@ namespace {
 constexpr const char* ReadBy[] = {"a line", "a curve", "two curves", "the absolute value of a line",
                                   "a reference table"};
 
-bool WriteSession()
-{
-    return BackupFile(gCurFile) && WriteDataFile(gCurFile, gFile, SectionFilter::Any);
-}
-
 DateDays Today()
 {
     if (!gHost.Clock) return 0;

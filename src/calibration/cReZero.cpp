@@ -266,8 +266,7 @@ bool cReZero::SaveData()
     const auto Former = gFile.Calibr;
     const double FormerQ0 = gAutoCalQ0;
     Store();
-    const bool IsSaved =
-        mCalibrMode ? WriteIni() : BackupFile(gCurFile) && WriteDataFile(gCurFile, gFile, SectionFilter::Any);
+    const bool IsSaved = mCalibrMode ? WriteIni() : WriteSession();
     mSaved = IsSaved;
     if (IsSaved) {
         mDirty = mGainTyped = false;

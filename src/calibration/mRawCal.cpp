@@ -102,16 +102,14 @@ bool SaveRawCal(const std::string& Path, const RawCal& Data)
     }
     WholeFile File(Path);
     File.Append(EncodeText(Text, TextEncoding::Legacy, TextPage()));
-    if (File.Commit()) return true;
-    MsgBox("Can't write file: " + Path + " (" + File.Failure() + ")", TitleError);
-    return false;
+    return File.Commit() || FileFailed(CantWrite, Path, TitleError, File.Failure());
 }
 
 std::optional<RawCal> LoadRawCal(const std::string& Path)
 {
     auto Bytes = ReadWhole(Path);
     if (!Bytes) {
-        MsgBox("Can't open file: " + Path, TitleError);
+        FileFailed(CantOpen, Path, TitleError);
         return {};
     }
     TextEncoding Encoding{};

@@ -201,9 +201,7 @@ bool WriteIni()
             Item.Global);
         Text += "\r\n";
     }
-    if (SaveWhole(IniPath(), Text)) return true;
-    MsgBox("Can't write file: " + IniPath(), TitleError);
-    return false;
+    return SaveWhole(IniPath(), Text) || FileFailed(CantWrite, IniPath(), TitleError);
 }
 
 void SelectCalibrSens(int16_t CalCh)

@@ -166,10 +166,7 @@ std::size_t RawFile::Read(std::span<uint8_t> Room)
 
 bool OpenScanFile(const std::string& Path, int32_t Start)
 {
-    if (!gScanFile.Open(Path, Start)) {
-        MsgBox("Can't open file: " + Path, TitleError);
-        return false;
-    }
+    if (!gScanFile.Open(Path, Start)) return FileFailed(CantOpen, Path, TitleError);
     gScanStream = NewStream();
     gScanData.fill(0);
     return true;
@@ -180,8 +177,7 @@ bool CloseScanFile()
     PublishFile(gScanStream);
     const bool HasFailed = gScanFile.HasFailed();
     gScanFile.Close();
-    if (HasFailed) MsgBox("Can't read file: " + gScanFile.Path(), TitleError);
-    return !HasFailed;
+    return !HasFailed || FileFailed(CantRead, gScanFile.Path(), TitleError);
 }
 
 bool ReadFrame()
@@ -216,7 +212,5 @@ bool CutRawFile(const std::string& Dest, int32_t Start, int32_t Stop)
         ShowReading("Cancelled");
         return false;
     }
-    if (Piece.Commit()) return true;
-    MsgBox("Can't write file: " + Dest + " (" + Piece.Failure() + ")", TitleError);
-    return false;
+    return Piece.Commit() || FileFailed(CantWrite, Dest, TitleError, Piece.Failure());
 }

@@ -22,7 +22,7 @@ void WriteLine(const std::string& Line)
     gDumpFile << Line << "\r\n" << std::flush;
     if (gDumpFile) return;
     StopDump();
-    MsgBox("Can't write file: " + DumpPath, TitleError);
+    FileFailed(CantWrite, DumpPath, TitleError);
 }
 } // namespace
 
@@ -35,8 +35,7 @@ bool StartDump(const std::string& Path)
     gDumpFile.open(Path, std::ios::binary | std::ios::trunc);
     if (!gDumpFile) {
         gDumpFile.clear();
-        MsgBox("Can't open file: " + Path, TitleError);
-        return false;
+        return FileFailed(CantOpen, Path, TitleError);
     }
     gDumping = true;
     std::string Head = "N\tT\t";

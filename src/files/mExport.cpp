@@ -69,7 +69,5 @@ bool WriteText(const std::string& Path, int32_t From, int32_t To)
     WholeFile File(Path);
     File.Append(HeadLine());
     AppendSamples(File, From, To);
-    if (File.Commit()) return true;
-    MsgBox("Can't write file: " + Path + " (" + File.Failure() + ")", TitleWarning);
-    return false;
+    return File.Commit() || FileFailed(CantWrite, Path, TitleWarning, File.Failure());
 }

@@ -55,10 +55,7 @@ bool ReadOldFile(const std::string& Path)
     std::error_code Error;
     const auto Size = std::filesystem::file_size(Path, Error);
     std::ifstream File(Path, std::ios::binary);
-    if (Error || !File) {
-        MsgBox("Can't open file: " + Path, TitleError);
-        return false;
-    }
+    if (Error || !File) return FileFailed(CantOpen, Path, TitleError);
     OldHead Head{};
     File.read(Head.data(), HeadSize);
     const auto LastSample = NumberAt<int32_t>(Head, LastSampleAt);

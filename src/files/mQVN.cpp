@@ -190,9 +190,7 @@ bool WriteStrFile(const std::string& Path)
         Text += "\r\n";
     }
     Text += "End\r\n";
-    if (SaveWhole(Path, Text)) return true;
-    MsgBox("Can't open file: " + Path, TitleError);
-    return false;
+    return SaveWhole(Path, Text) || FileFailed(CantOpen, Path, TitleError);
 }
 
 bool SumScan(int From, int To, int& Count, double& RateSum, double& SpeedSum)

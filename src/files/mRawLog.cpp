@@ -54,16 +54,14 @@ void StartLog()
     if (!MayReplace(gRawFN)) return;
     StopLog();
     gFile.SampleCnt = Next;
-    // A session data file that cannot be saved is told; the recording matters more and goes on.
-    if (BackupFile(gCurFile)) WriteDataFile(gCurFile, gFile, SectionFilter::Any);
+    WriteSession(); // a failure is reported to the user; the recording matters more and goes on
     OpenLog(gRawFN, OldBytes::Kept);
 }
 
 bool OpenLog(const std::string& Path, OldBytes Old)
 {
     gLogging = gLogFile.Open(Path, Old);
-    if (!gLogging) MsgBox("Can't open Log file: " + Path, TitleError);
-    return gLogging;
+    return gLogging || FileFailed("Can't open Log file: ", Path, TitleError);
 }
 
 void LogFrame(std::span<const uint8_t> Frame)

@@ -142,21 +142,15 @@ void AppendCalibr(std::string& Text, const DataFile& File)
     }
     Text += "End\r\n";
 }
-
-bool TellFailure(const std::string& What, const std::string& Path, const std::string& Reason)
-{
-    MsgBox(What + Path + (Reason.empty() ? "" : " (" + Reason + ")"), TitleWarning);
-    return false;
-}
 } // namespace
 
 bool ReadDataFile(const std::string& Path, DataFile& File, SectionFilter Filter)
 {
     auto Bytes = ReadWhole(Path);
-    if (!Bytes) return TellFailure("Can't open file: ", Path, "");
+    if (!Bytes) return FileFailed(CantOpen, Path, TitleWarning);
     TextEncoding Encoding{};
     const std::string Text = DecodeText(std::move(*Bytes), Encoding, TextPage());
-    if (!IsSession(Text)) return TellFailure("This is no session data file: ", Path, "");
+    if (!IsSession(Text)) return FileFailed("This is no session data file: ", Path, TitleWarning);
     File.Encoding = Encoding;
     File.Model = ModelOldest;
     File.SampleCnt = 0;
@@ -194,7 +188,7 @@ bool WriteDataFile(const std::string& Path, const DataFile& File, SectionFilter 
 {
     WholeFile New(Path);
     New.Append(EncodeText(DataFileText(File, Filter), File.Encoding, TextPage()));
-    return New.Commit() || TellFailure("Can't write file: ", Path, New.Failure());
+    return New.Commit() || FileFailed(CantWrite, Path, TitleWarning, New.Failure());
 }
 
 bool BackupFile(const std::string& Path)
@@ -204,8 +198,13 @@ bool BackupFile(const std::string& Path)
     std::error_code Error;
     if (!std::filesystem::exists(Original, Error)) return true;
     const auto Bytes = ReadWhole(Original.string());
-    if (!Bytes) return TellFailure("Can't open file: ", Path, "");
+    if (!Bytes) return FileFailed(CantOpen, Path, TitleWarning);
     WholeFile Copy(std::filesystem::path(Original).replace_extension(".bak").string());
     Copy.Append(*Bytes);
-    return Copy.Commit() || TellFailure("Can't write the backup of file: ", Path, Copy.Failure());
+    return Copy.Commit() || FileFailed("Can't write the backup of file: ", Path, TitleWarning, Copy.Failure());
+}
+
+bool WriteSession()
+{
+    return BackupFile(gCurFile) && WriteDataFile(gCurFile, gFile, SectionFilter::Any);
 }

@@ -31,3 +31,7 @@ bool WriteDataFile(const std::string& Path, const DataFile& File, SectionFilter 
 /// Copies Path to the file of the same name with the extension ".bak"; a path without folder is in the program's
 /// folder. A file that does not exist needs no copy. False when it cannot be copied (told).
 bool BackupFile(const std::string& Path);
+
+/// Backs the current session data file up and writes gFile in its place. False when either failed (reported to the
+/// user): the file is as it was.
+bool WriteSession();

@@ -28,6 +28,12 @@ void MsgBox(const std::string& Text, const std::string& Title)
     gHost.Dialogs->MsgBox(Text, Title, eButtons::Ok);
 }
 
+bool FileFailed(const std::string& What, const std::string& Path, const std::string& Title, const std::string& Reason)
+{
+    MsgBox(What + Path + (Reason.empty() ? "" : " (" + Reason + ")"), Title);
+    return false;
+}
+
 bool AskYesNo(const std::string& Text, const std::string& Title)
 {
     const Asking Here;

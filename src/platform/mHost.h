@@ -32,6 +32,16 @@ inline constexpr const char* TitleInformation = "Information";
 /// Shows a message with one OK button.
 void MsgBox(const std::string& Text, const std::string& Title);
 
+// What could not be done with a file.
+inline constexpr const char* CantOpen = "Can't open file: ";
+inline constexpr const char* CantRead = "Can't read file: ";
+inline constexpr const char* CantWrite = "Can't write file: ";
+
+/// Reports what could not be done with the file at Path, with the reason where one is known. Gives false, so that the
+/// caller can return it.
+bool FileFailed(const std::string& What, const std::string& Path, const std::string& Title,
+                const std::string& Reason = "");
+
 /// Asks a question; true when it was answered Yes.
 bool AskYesNo(const std::string& Text, const std::string& Title);
 

@@ -96,7 +96,7 @@ int16_t ReadRefTable(const std::string& Path, RefTable& Table)
         Table = std::move(Read);
         return gRefCnt;
     }
-    MsgBox("Can't open reference table: " + Path, TitleError);
+    FileFailed("Can't open reference table: ", Path, TitleError);
     return 0;
 }
 
@@ -109,9 +109,7 @@ bool WriteRefTable(const std::string& Path, const RefTable& Table)
         Text += FormatNum(Row, "0") + "\t" + FormatNum(Table.N[i], "0") + "\t" + FormatNum(Table.X[i], "0.000") + "\t" +
                 FormatNum(Table.Y[i], "0.000000") + "\r\n";
     }
-    if (SaveWhole(Path, Text)) return true;
-    MsgBox("Can't open file: " + Path, TitleError);
-    return false;
+    return SaveWhole(Path, Text) || FileFailed(CantOpen, Path, TitleError);
 }
 
 double RefLookup(int Tab, double V)

@@ -92,7 +92,7 @@ void OpenStrokeLog(StrokeLog& Log)
     StrokeLogFN = Base + ".csv";
     for (int N = 1; !Log.Open(StrokeLogFN) && errno == EEXIST; ++N)
         StrokeLogFN = Base + "_" + FormatNum(N, "00") + ".csv";
-    if (!Log.IsOpen()) MsgBox("Can't open Log file: " + StrokeLogFN, TitleWarning);
+    if (!Log.IsOpen()) FileFailed("Can't open Log file: ", StrokeLogFN, TitleWarning);
     Log.Write(HeaderLine());
 }
 
@@ -197,10 +197,7 @@ bool ExportStrokes(int32_t Start, int32_t& Stop)
     for (int32_t From = Cur; DetectCycle(Cur, Stop, CycleTime); From = Cur)
         StrokeRow(From, Cur, Log);
     if (!Log.IsOpen()) return false;
-    if (!Log.IsWhole()) {
-        MsgBox("Can't write Log file: " + StrokeLogFN, TitleWarning);
-        return false;
-    }
+    if (!Log.IsWhole()) return FileFailed("Can't write Log file: ", StrokeLogFN, TitleWarning);
     MsgBox("Stroke date was recorded into the file " + StrokeLogFN, TitleInformation);
     return true;
 }

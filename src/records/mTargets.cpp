@@ -29,12 +29,6 @@ constexpr std::string_view EndMark = "End";
 
 using Cells = std::vector<std::string>;
 
-bool CannotOpen(const std::string& Path)
-{
-    MsgBox("Can't open file: " + Path, TitleError);
-    return false;
-}
-
 Cells SplitTabs(std::string_view Line)
 {
     Cells Row;
@@ -159,7 +153,7 @@ bool LoadTargets()
 {
     TargetTable Table;
     const auto Lines = ReadTable(TargetsName, TargetsMark, Table.Encoding);
-    if (!Lines) return CannotOpen(gAppDir + TargetsName);
+    if (!Lines) return FileFailed(CantOpen, gAppDir + TargetsName, TitleError);
     if (!Lines->empty()) Table.Heads = Lines->front();
     for (std::size_t i = 1; i < Lines->size(); ++i)
         Table.Rows.push_back(TargetFromCells((*Lines)[i]));
@@ -176,14 +170,14 @@ bool SaveTargets()
         AppendLine(Text, CellsOf(Row));
     Text.append(EndMark).append("\r\n");
     const std::string Path = gAppDir + TargetsName;
-    return SaveWhole(Path, EncodeText(Text, gTargets.Encoding, TextPage())) || CannotOpen(Path);
+    return SaveWhole(Path, EncodeText(Text, gTargets.Encoding, TextPage())) || FileFailed(CantOpen, Path, TitleError);
 }
 
 bool LoadCurves()
 {
     TextEncoding Encoding;
     const auto Lines = ReadTable(CurvesName, CurvesMark, Encoding);
-    if (!Lines) return CannotOpen(gAppDir + CurvesName);
+    if (!Lines) return FileFailed(CantOpen, gAppDir + CurvesName, TitleError);
     gCurves.clear();
     for (const Cells& Row : *Lines) {
         CurveRow Curve{Row.front(), {}};

@@ -74,7 +74,7 @@ std::string Summary(const SimOptions& Options, const LoggerSettings& Used, const
 bool Told(const WholeFile& File, const std::string& Path)
 {
     if (File.Failure().empty()) return false;
-    MsgBox("Can't write file: " + Path + " (" + File.Failure() + ")", TitleWarning);
+    FileFailed(CantWrite, Path, TitleWarning, File.Failure());
     return true;
 }
 } // namespace

@@ -32,8 +32,7 @@ bool WriteRigTruth(const SimOptions& Options, const cStreamer& Streamer)
 {
     const bool IsWanted = !Options.Truth.empty() && !Options.Logger.Rigs.empty();
     if (!IsWanted || SaveWhole(Options.Truth, Streamer.RigTruth())) return true;
-    MsgBox("Can't write file: " + Options.Truth, TitleWarning);
-    return false;
+    return FileFailed(CantWrite, Options.Truth, TitleWarning);
 }
 
 // Streams until the end or until the user or the system ends the program.

@@ -148,7 +148,7 @@ void FileOpen(frmMain& Main)
 void FileSave(frmMain& Main)
 {
     if (gCurFile.empty()) return MsgBox("There is no session to save: open one first.", TitleInformation);
-    if (!BackupFile(gCurFile) || !WriteDataFile(gCurFile, gFile, SectionFilter::Any)) return;
+    if (!WriteSession()) return;
     if (auto* Corrections = dynamic_cast<fSwap*>(Main.findChild<QWidget*>("fSwap"))) Corrections->SetSaved();
     UpdateStatus("Saved: " + gCurFile);
 }

@@ -16,11 +16,6 @@
 #include <limits>
 
 namespace {
-bool WriteSession()
-{
-    return BackupFile(gCurFile) && WriteDataFile(gCurFile, gFile, SectionFilter::Any);
-}
-
 float SplitLength(std::size_t k)
 {
     return k < gSplitsArr.size() ? static_cast<float>(gSplitsArr[k]) : 0;

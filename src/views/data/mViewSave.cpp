@@ -62,10 +62,7 @@ bool SaveFrames(int32_t Start, int32_t Stop, const FrameMap& Map)
     const std::string Path = AskTarget("qvn", gCurDir);
     if (Path.empty()) return false;
     RawFile Source;
-    if (!Source.Open(gRawFN, Map.Start)) {
-        MsgBox("Can't open file: " + gRawFN, TitleError);
-        return false;
-    }
+    if (!Source.Open(gRawFN, Map.Start)) return FileFailed(CantOpen, gRawFN, TitleError);
     WholeFile Piece(Path);
     const auto First = static_cast<std::size_t>(Start);
     const auto Numbers =
@@ -74,9 +71,7 @@ bool SaveFrames(int32_t Start, int32_t Stop, const FrameMap& Map)
         MsgBox("The recording is shorter than it was when it was read: " + gRawFN, TitleError);
         return false;
     }
-    if (Piece.Commit()) return true;
-    MsgBox("Can't write file: " + Path + " (" + Piece.Failure() + ")", TitleError);
-    return false;
+    return Piece.Commit() || FileFailed(CantWrite, Path, TitleError, Piece.Failure());
 }
 
 bool SaveRows(int FirstRow, int LastRow)

@@ -119,8 +119,7 @@ bool WriteReportFile(const cReport& Report, const std::string& Path)
         const QByteArray Bytes = Each.Write(Pages, Shown(Report.Title));
         if (!Bytes.isEmpty() && SaveWhole(Path, {Bytes.constData(), static_cast<std::size_t>(Bytes.size())}))
             return true;
-        MsgBox("Can't write file: " + Path, TitleError);
-        return false;
+        return FileFailed(CantWrite, Path, TitleError);
     }
     MsgBox("A report is saved under a name that ends with .pdf, .svg or .png, not as: " + Path, TitleError);
     return false;

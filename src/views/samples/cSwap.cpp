@@ -166,7 +166,7 @@ bool cSwap::Save()
         MsgBox("There is no session to save: open one first.", TitleInformation);
         return false;
     }
-    if (!BackupFile(gCurFile) || !WriteDataFile(gCurFile, gFile, SectionFilter::Any)) return false;
+    if (!WriteSession()) return false;
     SetSaved();
     return true;
 }
