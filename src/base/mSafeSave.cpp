@@ -127,12 +127,18 @@ void WholeFile::Append(std::string_view Bytes)
     Buffer += Bytes;
 }
 
+bool WholeFile::Sync()
+{
+    Flush();
+    if (IsOpen() && !Temporary.empty() && fsync(File) != 0) Fail();
+    return IsOpen();
+}
+
 bool WholeFile::Commit()
 {
     Flush();
-    if (!IsOpen()) return false;
+    if (!IsOpen() || (Wanted == Durability::Durable && !Sync())) return false;
     const bool Replaces = !Temporary.empty();
-    if (Replaces && Wanted == Durability::Durable && fsync(File) != 0) Fail();
     if (Replaces && !IsNamed && IsOpen()) GiveName();
     if (close(File) != 0) Fail();
     File = -1;
@@ -151,6 +157,26 @@ bool SaveWhole(const std::string& Path, std::string_view Bytes, Durability Wante
     WholeFile File(Path, Wanted);
     File.Append(Bytes);
     return File.Commit();
+}
+
+// The old first file is written beside the new one ahead of everything, so that putting it back needs no room.
+bool CommitBoth(WholeFile& First, WholeFile& Second)
+{
+    std::error_code Error;
+    const bool Existed = std::filesystem::is_regular_file(First.Target, Error);
+    const auto Bytes = Existed ? ReadWhole(First.Target) : std::nullopt;
+    std::optional<WholeFile> Old;
+    if (Bytes) Old.emplace(First.Target).Append(*Bytes);
+    if (Existed && !(Old && Old->Sync())) {
+        First.Reason = Old ? Old->Failure() : SystemReason(EIO);
+        return false;
+    }
+    if (!First.Sync() || !Second.Sync() || !First.Commit()) return false;
+    if (Second.Commit()) return true;
+    if (!(Old ? Old->Commit() : unlink(First.Target.c_str()) == 0))
+        Second.Reason += "; the new " + First.Target + " could not be taken back";
+    SyncName(First.Target);
+    return false;
 }
 
 void SyncName(const std::string& Path)

@@ -32,6 +32,9 @@ public:
 
     void Append(std::string_view Bytes);
 
+    /// Puts everything appended on the disk, so that Commit has only the name left to give. False when that failed.
+    bool Sync();
+
     /// Puts the new file in the place of the old one. False when any step failed: the old file is as it was.
     bool Commit();
 
@@ -39,6 +42,8 @@ public:
     const std::string& Failure() const { return Reason; }
 
 private:
+    friend bool CommitBoth(WholeFile& First, WholeFile& Second);
+
     void OpenBeside();
     void GiveName();
     void Fail();
@@ -55,6 +60,12 @@ private:
 
 /// Writes Bytes as the whole new content of Path. False when it failed: the old file is as it was.
 bool SaveWhole(const std::string& Path, std::string_view Bytes, Durability Wanted = Durability::Durable);
+
+/// Commits two files that belong together: both are on the disk before the first takes its place, and when the second
+/// cannot take its own, the old first file is put back. False when a step failed, which the Failure of one of them
+/// names: both old files are as they were, unless that Failure says that the first could not be put back. A kill
+/// between the two renames leaves the first new and the second old; a device or a pipe is not taken back.
+bool CommitBoth(WholeFile& First, WholeFile& Second);
 
 /// Puts the name of a new file on the disk, which lives in its folder.
 void SyncName(const std::string& Path);

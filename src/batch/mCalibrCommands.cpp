@@ -3,6 +3,7 @@
 
 #include "base/mNumText.h"
 #include "calibration/cCalibr.h"
+#include "calibration/mCalStore.h"
 #include "core/mGlobData.h"
 #include "platform/mHost.h"
 #include "processing/mPhysVal.h"
@@ -34,13 +35,13 @@ bool SetUp(cCalibr& Bench, const Args& Line)
     return true;
 }
 
-// The table first: a session never names a table that is not there.
-bool StoreTable(cCalibr& Bench, const std::string& Out)
+// Table and session together; the table lies beside the session.
+bool SaveTable(cCalibr& Bench, const RefTable& Table, const std::string& Session, const std::string& Out)
 {
-    RefTable Table;
-    if (!Bench.MakeRefTable(Table)) return false;
     Bench.StoreRefTable();
-    return WriteRefTable((std::filesystem::path(Out).parent_path() / (Bench.SensID() + ".ref")).string(), Table);
+    if (!BackUpReplaced(Session, Out)) return false;
+    const auto Path = std::filesystem::path(Out).parent_path() / (Bench.SensID() + ".ref");
+    return WriteTableAndSession({Path.string(), RefTableText(Table)}, Out);
 }
 
 // A line does not change how a channel is read.
@@ -72,11 +73,14 @@ bool DoCalibrate(const Args& Line)
     if (!LoadSession(Session)) return false;
     cCalibr Bench;
     if (!SetUp(Bench, Line)) return false;
-    const bool IsStored =
-        Bench.AnalyseArr() && Bench.Store() && (Line.Text("--apply", "") != "4" || StoreTable(Bench, Out));
+    RefTable Table;
+    const bool IsTable = Bench.Approx() == ApproxRefTable;
+    const bool IsStored = Bench.AnalyseArr() && Bench.Store() && (!IsTable || Bench.MakeRefTable(Table));
     PrintAnalysis(Bench);
-    if (IsStored) TellUnused(Bench);
-    return IsStored && SaveSession(Session, Out);
+    if (!IsStored) return false;
+    if (IsTable) return SaveTable(Bench, Table, Session, Out);
+    TellUnused(Bench);
+    return SaveSession(Session, Out);
 }
 
 std::string LookupObjection(const Args& Line)

@@ -154,10 +154,14 @@ bool LoadSession(const std::string& Path)
     return OpenSession(Path);
 }
 
+bool BackUpReplaced(const std::string& Session, const std::string& Out)
+{
+    return !IsSameFile(Out, Session) || BackupFile(Session);
+}
+
 bool SaveSession(const std::string& Session, const std::string& Out)
 {
-    if (IsSameFile(Out, Session) && !BackupFile(Session)) return false;
-    return WriteDataFile(Out, gFile, SectionFilter::Any);
+    return BackUpReplaced(Session, Out) && WriteDataFile(Out, gFile, SectionFilter::Any);
 }
 
 bool LoadRaw(const std::string& Path, const Args& Line)

@@ -34,6 +34,10 @@ std::span<const Command> AllCommands();
 /// Opens the session data file and resolves its channels. False when it cannot be read (told).
 bool LoadSession(const std::string& Path);
 
+/// Copies the session's own file to its backup when Out is about to replace it. False when it fails (reported to the
+/// user).
+bool BackUpReplaced(const std::string& Session, const std::string& Out);
+
 /// Writes gFile to Out, behind a backup copy when that is the session's own file. False when it fails (told).
 bool SaveSession(const std::string& Session, const std::string& Out);
 

@@ -134,7 +134,7 @@ bool cCalibr::AnalyseArr()
     CalAnalysis Result;
     if (mPoints.size() < 2)
         Result.Text = TooFewPoints;
-    else if (mLine.Q1 == 0)
+    else if (fApproxMode == ApproxLinear && mLine.Q1 == 0)
         Result.Text = NoSolution;
     else if (fApproxMode == ApproxLinear)
         return true;

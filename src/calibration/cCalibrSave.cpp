@@ -1,6 +1,7 @@
 // Where the workbench keeps its results: the session, the ini file, raw calibration files and reference tables.
 #include "base/mNumText.h"
 #include "calibration/cCalibr.h"
+#include "calibration/mCalStore.h"
 #include "calibration/mRefBuild.h"
 #include "core/mFields.h"
 #include "core/mIni.h"
@@ -75,7 +76,7 @@ bool cCalibr::SaveData()
 bool cCalibr::StoreAnd(const std::function<bool()>& Write)
 {
     if (!HasChannel()) return false;
-    const CalibrRow Former = *Row();
+    const FormerChannels Former;
     mHint.clear();
     if (Store()) {
         AskReading();
@@ -84,8 +85,7 @@ bool cCalibr::StoreAnd(const std::function<bool()>& Write)
         if (Write()) return true;
         mHint = "The session was not saved and is as it was. Save again once its folder can be written.";
     }
-    *Row() = Former;
-    ResolveChannels();
+    Former.PutBack();
     return false;
 }
 
@@ -158,9 +158,11 @@ bool cCalibr::Store()
     if (!HasChannel() || !FitsUse()) return false;
     TrimSensID();
     const CalLine Typed{Val(mBoxes[BoxQ0]), Val(mBoxes[BoxQ1]), Val(mBoxes[BoxR2])};
-    if (Typed.Q1 == 0 && !AskYesNo("The slope Q1 is 0: every count of the channel would give the same value. Do you "
-                                   "want to save it nevertheless?",
-                                   TitleWarning))
+    const bool IsCurve = mAnalysis.IsDone && (fApproxMode == ApproxOneLine || fApproxMode == ApproxTwoLines);
+    if (Typed.Q1 == 0 && !IsCurve &&
+        !AskYesNo("The slope Q1 is 0: every count of the channel would give the same value. Do you "
+                  "want to save it nevertheless?",
+                  TitleWarning))
         return false;
     mLine = Typed;
     CalibrRow& Channel = *Row();
@@ -232,14 +234,13 @@ bool cCalibr::CreateRefTable3()
     if (std::filesystem::exists(Path, Error) &&
         !AskYesNo("There is a table of sensor " + mSensID + " already. Do you want to replace it?", TitleWarning))
         return false;
-    if (!WriteRefTable(Path, Table)) return false;
-    const CalibrRow Former = *Row();
+    const FormerChannels Former;
+    const ComingRefFile File{Path, RefTableText(Table)};
     StoreRefTable();
-    LoadRefTables();
+    LoadRefTables(&File);
     Row()->RefTabFN = mSensID + ".ref";
-    if (!WriteSession()) {
-        *Row() = Former;
-        LoadRefTables();
+    if (!BackupFile(gCurFile) || !WriteTableAndSession(File, gCurFile)) {
+        Former.PutBack();
         return false;
     }
     mSavedText = "Saved. " + Reading() + ": " + Path;

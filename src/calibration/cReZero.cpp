@@ -3,6 +3,7 @@
 
 #include "acquisition/mComFast.h"
 #include "base/mNumText.h"
+#include "calibration/mCalStore.h"
 #include "core/mGlobData.h"
 #include "core/mIni.h"
 #include "core/mModes.h"
@@ -10,7 +11,6 @@
 #include "files/mTextIO.h"
 #include "platform/mHost.h"
 #include "processing/mPhysVal.h"
-#include "processing/mRefTable.h"
 #include "processing/mRefZero.h"
 
 #include <algorithm>
@@ -263,7 +263,7 @@ void cReZero::Store()
 
 bool cReZero::SaveData()
 {
-    const auto Former = gFile.Calibr;
+    const FormerChannels Former;
     const double FormerQ0 = gAutoCalQ0;
     Store();
     const bool IsSaved = mCalibrMode ? WriteIni() : WriteSession();
@@ -274,10 +274,7 @@ bool cReZero::SaveData()
             Row.IsZeroed = false;
     } else if (mCalibrMode)
         gAutoCalQ0 = FormerQ0;
-    else {
-        gFile.Calibr = Former;
-        ResolveChannels();
-        LoadRefTables();
-    }
+    else
+        Former.PutBack();
     return IsSaved;
 }

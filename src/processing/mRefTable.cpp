@@ -11,6 +11,7 @@
 #include "processing/mRefZero.h"
 
 #include <algorithm>
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -69,9 +70,21 @@ bool ReadTable(std::string_view Text, RefTable& Table)
     Table.Cnt = std::min(Table.Cnt, static_cast<int16_t>(Rows - 1));
     return true;
 }
+
+// Gives gRefCnt, or 0 when there is no table in Text (reported to the user).
+int16_t TakeTable(const std::optional<std::string>& Text, const std::string& Path, RefTable& Table)
+{
+    RefTable Read;
+    if (Text && ReadTable(*Text, Read)) {
+        Table = std::move(Read);
+        return gRefCnt;
+    }
+    FileFailed("Can't open reference table: ", Path, TitleError);
+    return 0;
+}
 } // namespace
 
-void LoadRefTables()
+void LoadRefTables(const ComingRefFile* Coming)
 {
     gRefCnt = 0;
     gRefTabs.assign(1, {});
@@ -81,26 +94,21 @@ void LoadRefTables()
         gRefCnt = ToInt16(gRefCnt + 1);
         // A table that cannot be read keeps its number, so that no channel comes to use the table of another.
         RefTable& Table = gRefTabs.emplace_back();
-        if (ReadRefTable(gCurDir + Row.SensorID + ".ref", Table) == 0) continue;
+        const std::string Path = gCurDir + Row.SensorID + ".ref";
+        const bool IsComing = Coming && Coming->Path == Path;
+        if ((IsComing ? TakeTable(Coming->Text, Path, Table) : ReadRefTable(Path, Table)) == 0) continue;
         Row.Threshold = gRefCnt;
         Row.RefTabFN = Row.SensorID;
-        if (Row.Log0 != 0) ZeroRefTable(Chan);
+        if (Row.Log0 != 0) ShiftRefTable(Chan);
     }
 }
 
 int16_t ReadRefTable(const std::string& Path, RefTable& Table)
 {
-    const auto Text = ReadWhole(Path);
-    RefTable Read;
-    if (Text && ReadTable(*Text, Read)) {
-        Table = std::move(Read);
-        return gRefCnt;
-    }
-    FileFailed("Can't open reference table: ", Path, TitleError);
-    return 0;
+    return TakeTable(ReadWhole(Path), Path, Table);
 }
 
-bool WriteRefTable(const std::string& Path, const RefTable& Table)
+std::string RefTableText(const RefTable& Table)
 {
     std::string Text =
         "Reference Table\r\n" + FormatNum(Table.Cnt, "00") + "\t" + Table.Name + "\t\r\nN\tCnt\tX\tY\r\n";
@@ -109,7 +117,12 @@ bool WriteRefTable(const std::string& Path, const RefTable& Table)
         Text += FormatNum(Row, "0") + "\t" + FormatNum(Table.N[i], "0") + "\t" + FormatNum(Table.X[i], "0.000") + "\t" +
                 FormatNum(Table.Y[i], "0.000000") + "\r\n";
     }
-    return SaveWhole(Path, Text) || FileFailed(CantOpen, Path, TitleError);
+    return Text;
+}
+
+bool WriteRefTable(const std::string& Path, const RefTable& Table)
+{
+    return SaveWhole(Path, RefTableText(Table)) || FileFailed(CantOpen, Path, TitleError);
 }
 
 double RefLookup(int Tab, double V)

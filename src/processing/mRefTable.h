@@ -22,15 +22,25 @@ struct RefTable
 extern std::vector<RefTable> gRefTabs;
 extern int16_t gRefCnt;
 
-/// Reloads the tables of all channel rows with ProcMode 4 from gCurDir. A row whose table was read gets its number in
-/// Threshold and its SensorID in RefTabFN, and its zero when it has one; a table that cannot be read is told and its
-/// row is left alone.
-void LoadRefTables();
+/// A table file that is about to be written.
+struct ComingRefFile
+{
+    std::string Path;
+    std::string Text;
+};
 
-/// Reads a table file. Gives gRefCnt, or 0 when it cannot be opened (told).
+/// Reloads the tables of all channel rows with ProcMode 4 from gCurDir. A row whose table was read gets its number in
+/// Threshold and its SensorID in RefTabFN, and its zero when it has one; a table that cannot be read is reported to the
+/// user and its row is left alone. Coming stands for the file of its path.
+void LoadRefTables(const ComingRefFile* Coming = nullptr);
+
+/// Reads a table file. Gives gRefCnt, or 0 when it cannot be opened (reported to the user).
 int16_t ReadRefTable(const std::string& Path, RefTable& Table);
 
-/// Writes a table file whole. False when that fails (told).
+/// The whole file of a table.
+std::string RefTableText(const RefTable& Table);
+
+/// Writes a table file whole. False when that fails (reported to the user).
 bool WriteRefTable(const std::string& Path, const RefTable& Table);
 
 /// Output of table number Tab at input V; 0 for a number without a table and at V equal to the last input.

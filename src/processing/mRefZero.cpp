@@ -8,23 +8,39 @@
 
 #include <utility>
 
-bool ZeroRefTable(int Chan)
+namespace {
+// Number of the channel's table, 0 without one.
+int TableOf(const CalibrRow& Row)
+{
+    const double Number = RoundHalfEven(Row.Threshold);
+    return Number >= 1 && Number <= gRefCnt ? static_cast<int>(Number) : 0;
+}
+} // namespace
+
+void ShiftRefTable(int Chan)
 {
     CalibrRow& Row = gFile.Calibr[Chan];
-    const double Number = RoundHalfEven(Row.Threshold);
-    if (!(Number >= 1 && Number <= gRefCnt)) return true;
+    const int Number = TableOf(Row);
+    if (Number == 0 || Row.Side < SideRight || Row.Side > SideLeftScull) return;
     RefTable& Table = gRefTabs[static_cast<std::size_t>(Number)];
-    RefTable Fresh;
-    if (ReadRefTable(gCurDir + Row.SensorID + ".ref", Fresh) == 0) return false;
-    Table = std::move(Fresh);
-    if (Row.Side < SideRight || Row.Side > SideLeftScull) return true;
-    const double Z = RefLookup(static_cast<int>(Number), Row.Log0);
+    const double Z = RefLookup(Number, Row.Log0);
     const double A = Table.Y[0], B = Table.Y[static_cast<std::size_t>(Table.Cnt)];
     const bool IsTurned = Row.Side == SideLeft || Row.Side == SideLeftScull;
     Row.Min = IsTurned ? Z - B : A - Z;
     Row.Max = IsTurned ? Z - A : B - Z;
     for (double& Y : Table.Y)
         Y = IsTurned ? Z - Y : Y - Z;
+}
+
+bool ZeroRefTable(int Chan)
+{
+    const CalibrRow& Row = gFile.Calibr[Chan];
+    const int Number = TableOf(Row);
+    if (Number == 0) return true;
+    RefTable Fresh;
+    if (ReadRefTable(gCurDir + Row.SensorID + ".ref", Fresh) == 0) return false;
+    gRefTabs[static_cast<std::size_t>(Number)] = std::move(Fresh);
+    ShiftRefTable(Chan);
     return true;
 }
 

@@ -146,3 +146,40 @@ TEST_CASE_FIXTURE(Session, "what is no readable file gives nothing, and a folder
     CHECK_FALSE(SaveWhole(Folder.Path("folder"), "x"));
     CHECK_FALSE(SaveWhole(Folder.Path("missing/session.txt"), "x"));
 }
+
+TEST_CASE_FIXTURE(Session, "of two files that belong together both are new or both are as they were")
+{
+    const std::string Other = Folder.Path("table.ref");
+    const auto CommitOver = [&](bool IsBlocked) {
+        WholeFile First(Other), Second(Path);
+        First.Append("new table");
+        Second.Append("new session");
+        if (IsBlocked) fs::remove(Path);
+        if (IsBlocked) fs::create_directory(Path); // no file takes the place of a folder
+        const bool IsDone = CommitBoth(First, Second);
+        CHECK(Second.Failure() == (IsBlocked ? "Is a directory" : ""));
+        if (IsBlocked) fs::remove(Path);
+        return IsDone;
+    };
+    CHECK_FALSE(CommitOver(true));
+    CHECK_FALSE(fs::exists(Other)); // as before
+    REQUIRE(SaveWhole(Other, "old table"));
+    fs::permissions(Other, fs::perms(0640));
+    CHECK_FALSE(CommitOver(true));
+    CHECK(ReadWhole(Other) == "old table");
+    CHECK(fs::status(Other).permissions() == fs::perms(0640));
+    {
+        WholeFile First(Other), Second(Path);
+        First.Append("new table");
+        Second.Append(std::string(10'000, 'x'));
+        const FullDisk Disk;
+        CHECK_FALSE(CommitBoth(First, Second));
+        CHECK(Second.Failure() == "File too large");
+    }
+    CHECK(ReadWhole(Other) == "old table");
+    CHECK(Files() == 1);
+    REQUIRE(CommitOver(false));
+    CHECK(ReadWhole(Other) == "new table");
+    CHECK(ReadWhole(Path) == "new session");
+    CHECK(Files() == 2);
+}

@@ -61,6 +61,12 @@ TEST_CASE("a channel is calibrated from a raw calibration file, and looked up")
     CHECK(Folder.Bytes("t/x.txt").find("\tGATE\tGATE.ref") != std::string::npos);
     REQUIRE(Folder.Batch("lookup t/x.txt In4 1000") == 0);
     CHECK(Val(Folder.Out) == doctest::Approx(90).epsilon(1e-5));
+
+    const std::string Table = Folder.Bytes("t/GATE.ref");
+    std::filesystem::create_directory(Folder.Path("t/y.txt")); // no session can be written there
+    REQUIRE(Folder.Batch("calibrate s.txt b.xcl --channel 4 --apply 4 --min 20 --max 100 --out t/y.txt") == 1);
+    CHECK(Folder.Bytes("t/GATE.ref") == Table);
+    CHECK(Folder.Bytes("err.log").find("t/y.txt") != std::string::npos);
 }
 
 TEST_CASE("the last counts of a recording become the zeros of a group, and of no other channel")

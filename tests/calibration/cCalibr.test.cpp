@@ -352,6 +352,60 @@ TEST_CASE_FIXTURE(Bench, "a table finds the curve again that its points were tak
     CHECK(gFile.Calibr[2].Max == 50);
 }
 
+TEST_CASE_FIXTURE(Bench,
+                  "a table that cannot be saved with its session leaves both files and the values read as they were")
+{
+    Load("sweep.xcl", Sweep(-60, 60, 3000, 3));
+    Work.SetArrMin("-50");
+    Work.SetArrMax("50");
+    REQUIRE(Work.CreateRefTable3());
+    const std::string Table = *ReadWhole(Folder.Path("S7.ref"));
+    const std::string Session = *ReadWhole(gCurFile);
+    const auto Read = [] {
+        double Prev = 0;
+        return CalcPhysVal(2, CurveCount(20), Prev);
+    };
+    const double Former = Read();
+    CHECK(Former == doctest::Approx(20).epsilon(1e-3));
+    CalPoints Shifted = Sweep(-60, 60, 3000, 3);
+    for (CalPoint& Each : Shifted)
+        Each.L += 500;
+    Load("shifted.xcl", Shifted);
+    gCurFile = Folder.Path("gone/s.txt"); // its folder is not there, that of the table is
+    CHECK_FALSE(Work.CreateRefTable3());
+    CHECK(ReadWhole(Folder.Path("S7.ref")) == Table);
+    gCurFile = Folder.Path("s.txt");
+    std::filesystem::remove(Folder.Path("S7.ref"));
+    std::filesystem::create_directory(Folder.Path("S7.ref")); // no table can be written or read
+    CHECK_FALSE(Work.CreateRefTable3());
+    CHECK(ReadWhole(gCurFile) == Session);
+    CHECK(Read() == Former);
+    CHECK(gFile.Calibr[2].Max == 50);
+    CHECK(Work.Points().size() == 3000);
+    std::filesystem::remove(Folder.Path("S7.ref"));
+    REQUIRE(Work.CreateRefTable3());
+    CHECK(std::fabs(Read() - Former) > 1);
+}
+
+TEST_CASE_FIXTURE(Bench, "points with as much fall as rise have curves, though the slope of their line is exactly 0")
+{
+    CalPoints Valley;
+    for (int i = -10; i <= 10; ++i)
+        Valley.push_back({5000.0 + 100 * i, 0.5 * i * i});
+    Valley.push_back(Valley.back()); // the last one is not used
+    Load("valley.xcl", {Valley.begin(), Valley.end() - 1});
+    REQUIRE(Work.Line().Q1 == 0);
+    Work.SetApprox(ApproxOneLine);
+    REQUIRE(Work.AnalyseArr());
+    CheckCurve(Work.Analysis().Up.Q, Valley);
+    Dialogs.AnswerYes = false;
+    REQUIRE(Work.SaveData()); // a slope that is not used is not asked for
+    double Prev = 0;
+    CHECK(CalcPhysVal(2, 5600, Prev) == doctest::Approx(18));
+    Work.SetApprox(ApproxLinear);
+    CHECK_FALSE(Work.AnalyseArr());
+}
+
 TEST_CASE_FIXTURE(Bench, "a kill at any instant of a save leaves the session whole, and with new values its points")
 {
     Load("sweep.xcl", Sweep(-60, 60, 2000, 0));

@@ -82,10 +82,12 @@ TEST_CASE_FIXTURE(Session, "the present counts of a group become its zeros, in t
         CHECK(gFile.Calibr[3].Min == doctest::Approx(-59));
         CHECK(gFile.Calibr[3].Max == doctest::Approx(41));
     }
-    SetCurFile(Folder.Path("gone/s.txt"));
+    SetCurFile(Folder.Path("gone/s.txt")); // neither session nor tables are there
     CHECK_FALSE(Zeros.SaveData());
-    SetCurFile(Folder.Path("s.txt"));
     CHECK(gFile.Calibr[1].Q0 == -50);
+    CHECK(Value(3, 510) == doctest::Approx(-10));
+    CHECK(Value(3, 410) == doctest::Approx(0));
+    SetCurFile(Folder.Path("s.txt"));
     REQUIRE(Zeros.SaveData());
     CHECK_FALSE(Zeros.IsDirty());
     CHECK(ReadWhole(Folder.Path("s.bak")).has_value());
