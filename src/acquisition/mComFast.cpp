@@ -4,6 +4,7 @@
 #include "acquisition/mSampling.h"
 #include "base/mError.h"
 #include "base/mNumText.h"
+#include "core/mDataWindow.h"
 #include "core/mGlobData.h"
 #include "core/mIni.h"
 #include "core/mModes.h"
@@ -34,10 +35,11 @@ const std::array Models = {
 struct LinkInUse
 {
     bool IsSocket = false;
-    std::string Key; // all that makes it another link
+    std::string Key;
     std::string Device;
     std::vector<std::string> Known; // devices that were there when it was opened
     bool IsRun = false;             // the logger was asked to stream
+    bool HasServed = false;         // windows with live data
 };
 LinkInUse Used;
 
@@ -54,11 +56,6 @@ std::string LinkName()
     return gConnection == ConnectionTCP ? gLinkAddress + ":" + FormatNum(gLinkPort, "0") : PortName();
 }
 
-std::string LinkKey()
-{
-    return LinkName() + (gConnection == ConnectionTCP ? "" : "," + LineSettings + "," + FormatNum(gFrameMin, "0"));
-}
-
 std::optional<std::string> NthDevice(int Number)
 {
     const auto Devices = gHost.SerialPort->Devices();
@@ -66,41 +63,101 @@ std::optional<std::string> NthDevice(int Number)
     return Devices[static_cast<std::size_t>(Number) - 1];
 }
 
-bool CanOpen(int Number)
+bool CanOpen(int Number, const std::string& Settings)
 {
     const auto Device = NthDevice(Number);
-    if (!Device || !gHost.SerialPort->Open(*Device, LineSettings, eWaiting::Dropped)) return false;
+    if (!Device || !gHost.SerialPort->Open(*Device, Settings, eWaiting::Dropped)) return false;
     gHost.SerialPort->Close();
     return true;
 }
 
-void SetUpModel()
+// What the logger's model asks of the link and of the session's channels.
+struct LinkSizes
 {
+    int16_t ChanCnt = gFile.ChanCnt;
+    int16_t FrameMin = gFrameMin;
+    std::string Settings = LineSettings;
+};
+
+LinkSizes SizesOfModel()
+{
+    LinkSizes Sizes;
     const LoggerModel* Model = FindModel(gFile.Model);
-    if (!Model) return;
+    if (!Model) return Sizes;
     const bool BySlaves = Model->ChanCnt == 0;
     const int Slaves = gFile.SlaveCnt;
-    const auto ChanCnt = BySlaves ? ToInt16(int64_t{Slaves} * gFile.SlaveChans + 16) : Model->ChanCnt;
-    gFrameMin = BySlaves ? ToInt16((int64_t{gFile.SlaveChans} * 2 + 4) * Slaves + 39) : Model->FrameMin;
-    gFile.ChanCnt = ChanCnt;
-    LineSettings = Model->Settings ? Model->Settings : FormatNum(gQVNbauds, "0") + ",n,8,1";
+    Sizes.ChanCnt = BySlaves ? ToInt16(int64_t{Slaves} * gFile.SlaveChans + 16) : Model->ChanCnt;
+    Sizes.FrameMin = BySlaves ? ToInt16((int64_t{gFile.SlaveChans} * 2 + 4) * Slaves + 39) : Model->FrameMin;
+    Sizes.Settings = Model->Settings ? Model->Settings : FormatNum(gQVNbauds, "0") + ",n,8,1";
+    return Sizes;
 }
 
-bool OpenSerial()
+void SetSizes(const LinkSizes& Sizes)
 {
-    if (!FindPort()) {
+    gFile.ChanCnt = Sizes.ChanCnt;
+    gFrameMin = Sizes.FrameMin;
+    LineSettings = Sizes.Settings;
+}
+
+// All that makes it another link.
+std::string LinkKey(const LinkSizes& Sizes)
+{
+    return LinkName() + (gConnection == ConnectionTCP ? "" : "," + Sizes.Settings + "," + FormatNum(Sizes.FrameMin, "0"));
+}
+
+// Opens the port that the settings ask for. Gives its device, empty when there is none (reported in panel 3).
+std::string OpenPort(const LinkSizes& Sizes)
+{
+    if (!FindPort(Sizes.Settings)) {
         ShowReading("No COM ports found");
-        return false;
+        return {};
     }
     ShowReading(PortName());
-    Used.Device = gCOMdevice.empty() ? NthDevice(gCOMport).value_or("") : gCOMdevice;
-    Used.Known = gHost.SerialPort->Devices();
-    if (!gHost.SerialPort->Open(Used.Device, LineSettings, eWaiting::Dropped)) {
-        ShowReading("Can't open " + Used.Device);
+    const std::string Device = gCOMdevice.empty() ? NthDevice(gCOMport).value_or("") : gCOMdevice;
+    if (gHost.SerialPort->Open(Device, Sizes.Settings, eWaiting::Dropped)) return Device;
+    ShowReading("Can't open " + Device);
+    return {};
+}
+
+// The search for a port closed the one in use.
+void TakeUpFormerPort()
+{
+    if (Used.Device.empty() || gLinkWatch.State() != cLinkWatch::eState::Open) return;
+    BeginStream();
+    if (!gHost.SerialPort->Open(Used.Device, LineSettings, eWaiting::Kept)) LinkLost("it could not be opened again");
+}
+
+void Leave()
+{
+    gHost.Socket->Close();
+    gLinkWatch.Closed();
+    gLinkStream.IsOpen = false;
+    Used = {};
+}
+
+// Nothing of the session or of a link or replay in use changes before the port is open.
+bool OpenSerial(const LinkSizes& Sizes)
+{
+    if (gLogging) TakeRest();
+    const std::string Device = OpenPort(Sizes);
+    if (Device.empty()) {
+        TakeUpFormerPort();
         return false;
     }
+    Leave();
+    StopReplay();
+    SetSizes(Sizes);
+    Used.Device = Device;
+    Used.Known = gHost.SerialPort->Devices();
     LinkOpened();
     return true;
+}
+
+// The setting may have changed while the link was open.
+void SetPeriod()
+{
+    gTimeStep = SafeDiv(1, gDataFreq);
+    gDeltaT = gTimeStep;
 }
 
 void Connect()
@@ -134,11 +191,11 @@ const LoggerModel* FindModel(int16_t Model)
     return Found == Models.end() ? nullptr : &*Found;
 }
 
-bool FindPort()
+bool FindPort(const std::string& Settings)
 {
-    if (!gCOMdevice.empty() || CanOpen(gCOMport)) return true;
+    if (!gCOMdevice.empty() || CanOpen(gCOMport, Settings)) return true;
     for (int16_t Number = 1; Number <= LastPort; ++Number) {
-        if (!CanOpen(Number)) continue;
+        if (!CanOpen(Number, Settings)) continue;
         gCOMport = Number;
         WriteIni();
         return true;
@@ -148,20 +205,24 @@ bool FindPort()
 
 bool OpenLink()
 {
-    if (gConnection != ConnectionTCP) SetUpModel();
-    if (gLinkWatch.State() != cLinkWatch::eState::Closed && Used.Key == LinkKey()) return true;
-    DropLink();
-    StopReplay();
-    if (gConnection == ConnectionTCP)
+    const bool IsSocket = gConnection == ConnectionTCP;
+    const LinkSizes Sizes = IsSocket ? LinkSizes{} : SizesOfModel();
+    if (gLinkWatch.State() != cLinkWatch::eState::Closed && Used.Key == LinkKey(Sizes)) {
+        SetSizes(Sizes);
+        SetPeriod();
+        return true;
+    }
+    if (!IsSocket && !OpenSerial(Sizes)) return false;
+    if (IsSocket) {
+        DropLink();
+        StopReplay();
         Connect();
-    else if (!OpenSerial())
-        return false;
-    Used.Key = LinkKey();
+    }
+    Used.Key = LinkKey(Sizes); // the port may be another one now
     CreateData();
     gLinkStream = NewStream();
     gLinkStream.IsOpen = true;
-    gTimeStep = SafeDiv(1, gDataFreq);
-    gDeltaT = gTimeStep;
+    SetPeriod();
     gFrameCnt = 0;
     gFirstCycle = true;
     return true;
@@ -171,6 +232,14 @@ void CloseLink()
 {
     DropLink();
     gFile.Signed = gSignedADC;
+}
+
+void CloseUnusedLink()
+{
+    if (gLinkWatch.State() == cLinkWatch::eState::Closed) return;
+    const bool IsNeeded = IsLinkNeeded();
+    if (Used.HasServed && !IsNeeded && !gLogging) return CloseLink();
+    Used.HasServed = Used.HasServed || IsNeeded;
 }
 
 void SendRun()
@@ -212,8 +281,6 @@ void DropLink()
 {
     if (gLogging) TakeRest();
     gHost.SerialPort->Close();
-    gHost.Socket->Close();
-    gLinkWatch.Closed();
-    gLinkStream.IsOpen = false;
-    Used = {};
+    Leave();
+    gFrameMin = 0; // recordings are read as without a link
 }

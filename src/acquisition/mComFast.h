@@ -27,17 +27,22 @@ const LoggerModel* FindModel(int16_t Model);
 /// Watches the link that is open or was asked for.
 extern cLinkWatch gLinkWatch;
 
-/// Looks for a serial port that can be opened, first number gCOMport, then 1 to 16. Another number than before is
-/// taken into gCOMport and the ini file. False when there is none. A device named by path needs no search.
-bool FindPort();
+/// Looks for a serial port that can be opened with Settings ("57600,n,8,1"), first number gCOMport, then 1 to 16.
+/// Another number than before is stored in gCOMport and the ini file. False when there is none. A device named by path
+/// needs no search.
+bool FindPort(const std::string& Settings);
 
-/// Opens the link that gConnection asks for; a link that is open already is left as it is, since frames would be lost.
-/// A connection to a wireless logger is made in the background, and tried again as long as it takes. False when there
-/// is no serial port (told in panel 3).
+/// Opens the link that gConnection asks for. A link that is open already stays open, since frames would be lost; only
+/// the sampling period is set anew from gDataFreq. A connection to a wireless logger is made in the background, and
+/// tried again as long as it takes. False when there is no serial port (reported in panel 3): then the session, a
+/// running replay and the link in use are as before.
 bool OpenLink();
 
 /// Closes the link and stores in the session whether its samples are signed.
 void CloseLink();
+
+/// Closes a link that windows have used once the last of them is closed, unless a recording runs.
+void CloseUnusedLink();
 
 /// Asks the logger to stream, now or when the link is open, and again each time it was taken up anew.
 void SendRun();
@@ -54,5 +59,5 @@ void LinkLost(const std::string& Reason);
 /// an adapter may come back under another name.
 void ReopenLink();
 
-/// Closes the link, whichever it is.
+/// Closes the link, whichever it is. gFrameMin is 0 again.
 void DropLink();

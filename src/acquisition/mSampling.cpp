@@ -268,6 +268,7 @@ void TickLink()
 {
     const int64_t Now = gHost.Clock->Milliseconds();
     gLinkWatch.Tick(Now);
+    CloseUnusedLink();
     CheckLive();
     TakeBackFrameText();
     WatchLog(Now);

@@ -90,6 +90,11 @@ const std::vector<cDataWindow*>& LoadedWindows()
     return Windows;
 }
 
+bool IsLinkNeeded()
+{
+    return std::any_of(Windows.begin(), Windows.end(), [](const cDataWindow* Each) { return Each->NeedsLink(); });
+}
+
 void SampleDataWindows()
 {
     HandToAll("Taking the frame", &cDataWindow::TakeSample);

@@ -28,6 +28,9 @@ public:
     /// Playback control: a code of ePlayCode.
     virtual void DoAction(int /*Code*/) {}
 
+    /// Whether the window shows live data, started or not, so that the link stays open for it.
+    virtual bool NeedsLink() const { return true; }
+
     /// Whether the values shown are still coming; those that are not are shown grey. A new window is not live.
     virtual void SetLive(bool Live) = 0;
 
@@ -52,6 +55,9 @@ private:
 
 /// The loaded windows in the order in which they were opened.
 const std::vector<cDataWindow*>& LoadedWindows();
+
+/// Whether a loaded window needs the link.
+bool IsLinkNeeded();
 
 /// Calls TakeSample of each window tagged "D", in order: once for every decoded frame. A window that fails is reported
 /// to the user once and then left out; the others go on.

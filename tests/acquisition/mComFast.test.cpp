@@ -3,9 +3,12 @@
 
 #include "acquisition/mSampling.h"
 #include "core/mIni.h"
+#include "files/mBinIO.h"
 #include "files/mStream.h"
 #include "support/Case.h"
 #include "support/ScriptedLink.h"
+
+#include <memory>
 
 namespace {
 struct Link : LinkState
@@ -77,6 +80,126 @@ TEST_CASE_FIXTURE(Link, "the port of the setting is tried first, then the others
     gCOMdevice = "/dev/none";
     CHECK_FALSE(OpenLink());
     CHECK(Panel(3) == "Can't open /dev/none");
+}
+
+TEST_CASE_FIXTURE(Link, "a link that cannot be opened changes neither the session nor the link or replay in use")
+{
+    gFile.Model = 66;
+    gFile.ChanCnt = 26;
+    const auto IsAsBefore = [] { return gFile.ChanCnt == 26 && gFrameMin == 0; };
+    CHECK_FALSE(OpenLink());
+    CHECK(IsAsBefore());
+    REQUIRE(SaveWhole(Folder.Path("r.qvn"), LongFrame(40) + LongFrame(80)));
+    StartReplay(Folder.Path("r.qvn"));
+    CHECK_FALSE(OpenLink());
+    CHECK(gReplaying);
+    StopReplay();
+
+    SUBCASE("a serial link")
+    {
+        gFile.Model = 69;
+        Port.Plugged = {"/dev/ttyUSB0"};
+        REQUIRE(OpenLink());
+        gCOMdevice = "/dev/none";
+        gFile.Model = 66;
+        CHECK_FALSE(OpenLink());
+        CHECK(IsAsBefore());
+        Port.Feed(ShortFrame(3000));
+        CHECK(gSampleTime == 3);
+        // One that cannot be taken up again at once is tried again.
+        Port.Plugged.clear();
+        CHECK_FALSE(OpenLink());
+        Port.Plugged = {"/dev/ttyUSB0"};
+        Clock.Wait(1000);
+        Port.Feed(ShortFrame(5000));
+        CHECK(gSampleTime == 5);
+    }
+    SUBCASE("a wireless link")
+    {
+        gConnection = 1;
+        REQUIRE(OpenLink());
+        Socket.Answer();
+        gConnection = 0;
+        CHECK_FALSE(OpenLink());
+        CHECK(IsAsBefore());
+        Socket.Feed(ShortFrame(3000));
+        CHECK(gSampleTime == 3);
+    }
+}
+
+TEST_CASE_FIXTURE(Link, "a recording that is read after a link was closed has the samples that it has without a link")
+{
+    gFile.Model = 61;
+    for (int16_t Chan = 1; Chan <= 16; ++Chan)
+        gFile.Calibr.Grow().Chan = Chan;
+    Port.Plugged = {"/dev/ttyS0"};
+    REQUIRE(SaveWhole(Folder.Path("r.qvn"), LongFrame(40) + LongFrame(80) + LongFrame(120)));
+    const auto Samples = [this] {
+        int32_t Start = 0;
+        int32_t Stop = 0;
+        REQUIRE(ReadRawFile(Folder.Path("r.qvn"), Start, Stop));
+        return gRaw.UBound();
+    };
+    const auto Without = Samples();
+    REQUIRE(OpenLink());
+    REQUIRE(gFrameMin == 39);
+    CloseLink();
+    CHECK(gFrameMin == 0);
+    CHECK(Samples() == Without);
+    REQUIRE(OpenLink());
+    StartReplay(Folder.Path("r.qvn"));
+    CHECK(Samples() == Without);
+}
+
+TEST_CASE_FIXTURE(Link, "a link closes behind the last window that needs it, but not under a recording")
+{
+    gFile.Model = 61;
+    Port.Plugged = {"/dev/ttyS0"};
+    REQUIRE(OpenLink());
+    Clock.Wait(1000);
+    CHECK(Port.IsOpen()); // the window may still come
+    struct StoredWindow : CountingWindow
+    {
+        bool NeedsLink() const override { return false; }
+    } Stored;
+    auto First = std::make_unique<CountingWindow>();
+    auto Second = std::make_unique<CountingWindow>();
+    Second->Tag.clear(); // its data are not started yet
+    Clock.Wait(200);
+    First.reset();
+    Clock.Wait(1000);
+    CHECK(Port.IsOpen());
+    SUBCASE("with a recording")
+    {
+        REQUIRE(OpenLog(Folder.Path("a.qvn"), OldBytes::Kept));
+        Second.reset();
+        Clock.Wait(1000);
+        Port.Feed(LongFrame(40));
+        CHECK(gLogFile.Length() > 0);
+        StopAll();
+    }
+    Second.reset();
+    gSignedADC = true;
+    Clock.Wait(200);
+    CHECK_FALSE(Port.IsOpen());
+    CHECK(gFile.Signed);
+    Clock.Wait(5000);
+    CHECK(Panel(3) == "");
+}
+
+TEST_CASE_FIXTURE(Link, "asking for the link that is open takes a changed frequency up and leaves the stream alone")
+{
+    gFile.Model = 61;
+    Port.Plugged = {"/dev/ttyS0"};
+    gDataFreq = 25;
+    REQUIRE(OpenLink());
+    Port.Feed(LongFrame(40) + LongFrame(80).substr(0, 10));
+    gDataFreq = 100;
+    REQUIRE(OpenLink());
+    CHECK(gTimeStep == 0.01);
+    CHECK(gDeltaT == 0.01);
+    Port.Feed(LongFrame(80).substr(10));
+    CHECK(gFrameCnt == 2);
 }
 
 TEST_CASE_FIXTURE(Link, "an adapter that was pulled is taken up again, under a new name too, but no other device is")
