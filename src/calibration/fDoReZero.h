@@ -8,6 +8,13 @@
 
 #include <array>
 
+/// What the window zeroes: channels of the session, or the automatic calibrator.
+enum eReZeroMode
+{
+    ReZeroChannels,
+    ReZeroCalibrator
+};
+
 class QButtonGroup;
 class QGridLayout;
 class QGroupBox;

@@ -62,7 +62,12 @@ void HandToAll(const char* What, void (cDataWindow::*Work)())
 }
 } // namespace
 
-cDataWindow::cDataWindow(std::string InitTag) : Tag(std::move(InitTag))
+cDataWindow::cDataWindow(std::string InitTag)
+    : Tag(std::move(InitTag)), Session([this](eNotice What) {
+          if (What != eNotice::SessionReplaced) return;
+          LoseFrames();
+          NewSession();
+      })
 {
     Windows.push_back(this);
 }
@@ -124,9 +129,4 @@ void CloseDForms()
     FromLast([](cDataWindow& Each) {
         if (Each.Tag == DataTag) Each.Unload();
     });
-}
-
-void TellNewSession()
-{
-    FromLast([](cDataWindow& Each) { Each.NewSession(); });
 }

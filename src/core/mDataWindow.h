@@ -1,6 +1,8 @@
 // The list of open windows that take frames, and how frames and their absence are handed to them.
 #pragma once
 
+#include "core/mNotice.h"
+
 #include <string>
 #include <vector>
 
@@ -51,6 +53,7 @@ public:
 
 private:
     bool IsLive = false;
+    cListener Session; // calls NewSession, LoseFrames ahead of it
 };
 
 /// The loaded windows in the order in which they were opened.
@@ -74,6 +77,3 @@ void CheckLive();
 
 /// Unloads each window tagged "D", from the last to the first.
 void CloseDForms();
-
-/// Tells every window that another session was opened, from the last to the first.
-void TellNewSession();

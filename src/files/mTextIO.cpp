@@ -5,6 +5,7 @@
 #include "base/mSafeSave.h"
 #include "core/mIni.h"
 #include "core/mModes.h"
+#include "core/mNotice.h"
 #include "core/mSettings.h"
 #include "files/mTextMain.h"
 #include "files/mTextSamples.h"
@@ -188,7 +189,9 @@ bool WriteDataFile(const std::string& Path, const DataFile& File, SectionFilter 
 {
     WholeFile New(Path);
     New.Append(EncodeText(DataFileText(File, Filter), File.Encoding, TextPage()));
-    return New.Commit() || FileFailed(CantWrite, Path, TitleWarning, New.Failure());
+    if (!New.Commit()) return FileFailed(CantWrite, Path, TitleWarning, New.Failure());
+    if (IsOpenFile(File) && Path == gCurFile && Filter == SectionFilter::Any) Notify(eNotice::SessionSaved);
+    return true;
 }
 
 bool BackupFile(const std::string& Path)

@@ -8,6 +8,7 @@
 #include "core/mIni.h"
 #include "core/shell/fFolders.h"
 #include "core/shell/fMenu.h"
+#include "core/shell/fWindows.h"
 #include "files/mTextIO.h"
 
 #include <QLabel>
@@ -57,7 +58,8 @@ TEST_CASE_FIXTURE(ShellState, "every menu entry is there, and what cannot be cho
         CAPTURE(Item.Name);
         ++Entries;
         const QAction& Entry = Find<QAction>(Item.Name);
-        CHECK(Entry.isEnabled() == (Item.Action != nullptr));
+        CHECK(Entry.isEnabled() == (Item.Action || Item.Window));
+        CHECK((!Item.Window || FindWindow(Item.Window)));
         CHECK((Entry.isEnabled() || Entry.toolTip().size() > 5));
     }
     CHECK(Entries == 55);

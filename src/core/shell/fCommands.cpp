@@ -1,86 +1,32 @@
 // The commands of the main window.
 #include "core/shell/fCommands.h"
-#include "base/mVersion.h"
 
 #include "acquisition/mComFast.h"
 #include "acquisition/mSampling.h"
 #include "base/mNumText.h"
 #include "calibration/fCheckChans.h"
-#include "calibration/fDoCalibr.h"
 #include "calibration/fDoReZero.h"
-#include "calibration/fTrackChans.h"
 #include "core/mDataWindow.h"
 #include "core/mGlobData.h"
+#include "core/shell/fWindows.h"
 #include "core/shell/frmMain.h"
 #include "files/mDump.h"
 #include "files/mTextIO.h"
-#include "live/rower/fData01real.h"
 #include "platform/mHost.h"
-#include "records/fTargets.h"
-#include "records/mTargets.h"
-#include "views/data/fData02view.h"
-#include "views/report/fData03report.h"
-#include "views/samples/fSamples.h"
-#include "views/samples/fSwap.h"
-#include "widgets/qIcons.h"
-#include "widgets/qPlace.h"
+#include "views/data/mViewLoad.h"
 
-#include <QMessageBox>
 #include <QPointer>
 
 #include <algorithm>
 #include <filesystem>
-#include <memory>
 
 namespace {
-// The open window of a kind that takes frames.
-template <class Window>
-Window* FindOne()
+fCheckChans& ShowIndicators(frmMain& Main, const WindowArgs& Args = {})
 {
-    for (cDataWindow* Open : LoadedWindows())
-        if (auto* Found = dynamic_cast<Window*>(Open); Found && Found->Tag == DataTag) return Found;
-    return nullptr;
-}
-
-template <class Window>
-Window& ShowOne(frmMain& Main)
-{
-    auto* One = FindOne<Window>();
-    if (!One) Main.AddWindow(One = new Window);
-    return *One;
-}
-
-// A window of which there is one, in the place where it was closed.
-template <class Window>
-void ShowPlaced(frmMain& Main, const char* Name, const char* Section, QSize Default, const char* Prefix = "")
-{
-    auto* Open = Main.findChild<QWidget*>(Name);
-    if (!Open) {
-        Main.AddWindow(Open = new Window);
-        RestorePlace(*Open, Section, Default, Prefix);
-    }
-    Main.Activate(*Open);
-}
-
-fCheckChans& ShowIndicators(frmMain& Main)
-{
-    fCheckChans& Check = ShowOne<fCheckChans>(Main);
-    ShowOne<fTrackChans>(Main).OnDump = [&Main] { DumpChannels(Main); };
-    Main.Tile(Qt::Vertical);
+    auto& Check = dynamic_cast<fCheckChans&>(*OpenWindow(Main, "fCheckChans", Args));
+    OpenWindow(Main, "fTrackChans", {.OpensLink = false});
     Main.Activate(Check);
     return Check;
-}
-
-// What there is to tell of the targets is told ahead of the window.
-void ShowRower(frmMain& Main)
-{
-    if (!FindOne<fData01real>()) {
-        InitTargets();
-        auto& New = ShowOne<fData01real>(Main);
-        RestorePlace(New, "fData01real", Main.AreaSize());
-        New.OnRecorded = [&Main](const std::string& Path) { OpenDataView(Main, Path, DataRaw); };
-    }
-    Main.Activate(ShowOne<fData01real>(Main));
 }
 
 void TellPlaying(const std::string& Path)
@@ -91,7 +37,7 @@ void TellPlaying(const std::string& Path)
 void AskAndView(frmMain& Main, const char* Title, const char* Ext, int16_t Mode)
 {
     const std::string Path = ExecComDlg(Title, Ext, eFileMode::In, gCurDir);
-    if (!Path.empty()) OpenDataView(Main, Path, Mode);
+    if (!Path.empty()) OpenWindow(Main, "fData02view", {.File = Path, .Mode = Mode});
 }
 
 // A recording that is played wants a window to be seen in.
@@ -101,33 +47,14 @@ void Play(frmMain& Main, const std::string& Path)
     if (!gReplaying) return;
     const auto& Windows = LoadedWindows();
     if (std::none_of(Windows.begin(), Windows.end(), [](const cDataWindow* Open) { return Open->Tag == DataTag; }))
-        ShowIndicators(Main);
+        ShowIndicators(Main, {.OpensLink = false});
     TellPlaying(Path);
 }
 
-// Opens a report in a window of its own; the arguments are those of cReport::InitData.
-void OpenReport(frmMain& Main, int Kind, int16_t Sample, int32_t First, int32_t Last)
-{
-    Guard("The report", [&] {
-        auto Report = std::make_unique<fData03report>();
-        Report->InitData(Kind, Sample, First, Last);
-        fData03report* Shown = Report.release();
-        Main.AddWindow(Shown);
-        RestorePlace(*Shown, fData03report::Section, (Main.AreaSize() * 0.94).boundedTo({1400, 900}));
-        return true;
-    });
-}
-
-// A new window each time, since the two modes differ in what they write.
 fDoReZero& ShowReZero(frmMain& Main, bool CalibratorMode)
 {
-    if (auto* Open = dynamic_cast<fDoReZero*>(Main.findChild<QWidget*>("fDoReZero"))) {
-        Open->setObjectName({});
-        Open->Unload();
-    }
-    auto* Window = new fDoReZero(CalibratorMode);
-    Main.AddWindow(Window);
-    return *Window;
+    const WindowArgs Args{.Mode = CalibratorMode ? ReZeroCalibrator : ReZeroChannels, .OpensLink = false};
+    return dynamic_cast<fDoReZero&>(*OpenWindow(Main, "fDoReZero", Args));
 }
 
 // A wireless link takes a moment to be made.
@@ -145,11 +72,10 @@ void FileOpen(frmMain& Main)
     if (!Path.empty()) Main.OpenFile(Path);
 }
 
-void FileSave(frmMain& Main)
+void FileSave(frmMain&)
 {
     if (gCurFile.empty()) return MsgBox("There is no session to save: open one first.", TitleInformation);
     if (!WriteSession()) return;
-    if (auto* Corrections = dynamic_cast<fSwap*>(Main.findChild<QWidget*>("fSwap"))) Corrections->SetSaved();
     UpdateStatus("Saved: " + gCurFile);
 }
 
@@ -160,7 +86,6 @@ void FileExit(frmMain& Main)
 
 void CheckChannels(frmMain& Main)
 {
-    if (OpenLink()) SendRun();
     ShowIndicators(Main);
 }
 
@@ -172,31 +97,13 @@ void DumpChannels(frmMain& Main)
     }
     const std::string Path = ExecComDlg("Dump to...", "txt", eFileMode::Out);
     if (Path.empty()) return;
-    ShowIndicators(Main).SetDumpFN(Path);
+    ShowIndicators(Main, {.OpensLink = false}).SetDumpFN(Path);
     StartDump(Path);
-}
-
-void DoCalibration(frmMain& Main)
-{
-    if (OpenLink()) SendRun();
-    auto* Window = Main.findChild<QWidget*>("fDoCalibr");
-    if (!Window) Main.AddWindow(Window = new fDoCalibr);
-    Main.Tile(Qt::Vertical);
-    Main.Activate(*Window);
-}
-
-void ReZeroChannels(frmMain& Main)
-{
-    if (OpenLink()) SendRun();
-    ShowReZero(Main, false);
-    Main.Tile(Qt::Vertical);
 }
 
 void SetCalibrator(frmMain& Main)
 {
-    if (OpenLink()) SendRun();
-    ShowReZero(Main, true);
-    Main.Tile(Qt::Vertical);
+    OpenWindow(Main, "fDoReZero", {.Mode = ReZeroCalibrator});
 }
 
 std::string AutoReZero(frmMain& Main)
@@ -233,30 +140,6 @@ void AskAutoReZero(frmMain& Main)
     MsgBox(Names.empty() ? "No channel was zeroed." : "Zeroed and saved: " + Names, TitleInformation);
 }
 
-void ViewTypical(frmMain& Main)
-{
-    auto* Chooser = new dSamples(&Main);
-    Chooser->OnChosen = [&Main](int16_t Sample) { OpenReport(Main, ReportStored, Sample, 0, 0); };
-    Chooser->open();
-}
-
-// One view at a time, since it shows the one sample store; the former one may ask to stay.
-void OpenDataView(frmMain& Main, const std::string& FileName, int16_t Mode)
-{
-    if (auto* Open = Main.findChild<QWidget*>("fData02view")) {
-        QWidget* Frame = Open->parentWidget();
-        if (!Frame->close()) return;
-        Open->setObjectName({});
-    }
-    auto View = std::make_unique<fData02view>();
-    if (!View->InitData(FileName, Mode)) return;
-    View->OnPlot = [&Main](int Kind, int32_t First, int32_t Last) { OpenReport(Main, Kind, 0, First, Last); };
-    fData02view* Shown = View.release();
-    Main.AddWindow(Shown);
-    RestorePlace(*Shown, "fData02view", Main.AreaSize());
-    Main.Activate(*Shown);
-}
-
 void ViewRawFile(frmMain& Main)
 {
     AskAndView(Main, "Raw Files to Load", "qvn", DataRaw);
@@ -277,21 +160,10 @@ void ViewScannedFile(frmMain& Main)
     AskAndView(Main, "Skarvelin Data Files", "qvn", DataScanned);
 }
 
-void CorrectVars(frmMain& Main)
-{
-    ShowPlaced<fSwap>(Main, "fSwap", "fSwap", {460, 340});
-}
-
-void EditTargets(frmMain& Main)
-{
-    ShowPlaced<fTargets>(Main, "fTargets", fTargets::Section, {900, 420}, fTargets::Prefix);
-}
-
 void SampleRower(frmMain& Main)
 {
     gSampleName = "Sample # " + FormatNum(gFile.SampleCnt, "0");
-    if (OpenLink()) SendRun();
-    ShowRower(Main);
+    OpenWindow(Main, "fData01real");
     UpdateStatus(gSampleName);
 }
 
@@ -312,7 +184,7 @@ void PlayRawRower(frmMain& Main)
     StartReplay(Path);
     if (!gReplaying) return;
     gReplaying = false; // held until the panel is there to be played on
-    ShowRower(Main);
+    OpenWindow(Main, "fData01real", {.OpensLink = false});
     constexpr int32_t Minute = 60000; // ms
     SetReplayInterval(RoundWithin(gDeltaT * 1000 / 10, 1, Minute));
     gReplaying = true;
@@ -336,17 +208,4 @@ void ToggleLog(frmMain&)
 void ShowHelp(frmMain&)
 {
     MsgBox("Unable to display Help Contents. There is no Help associated with this project.", TitleInformation);
-}
-
-void ShowAbout(frmMain& Main)
-{
-    auto* Box = new QMessageBox(&Main);
-    Box->setObjectName("frmAbout");
-    Box->setAttribute(Qt::WA_DeleteOnClose);
-    Box->setWindowTitle("About Skarvelin");
-    Box->setIconPixmap(ProgramIcon().pixmap(64));
-    Box->setText(QString("<h2>Skarvelin</h2><p>Version %1</p>").arg(Version()));
-    Box->setInformativeText("Shows a rowing crew what it does: live channels, recordings, strokes and typical strokes."
-                            "<br><br>GNU General Public License, version 3 or later.");
-    Box->open();
 }

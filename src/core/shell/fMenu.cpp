@@ -41,11 +41,11 @@ constexpr MenuItem Items[] = {
     {"mnuSetUp", "mnuSetView1", "A&quisition View...", nullptr, nullptr, WithGrid},
     {"mnuSetUp", "mnuSetView3", "&Report View...", nullptr, nullptr, WithGrid},
     {"mnuSetUp", "mnuSetView4", "&Play View...", nullptr, nullptr, WithGrid},
-    {"mnuSetUp", "mnuSetTargets", "&Targets", nullptr, EditTargets, nullptr},
+    {"mnuSetUp", "mnuSetTargets", "&Targets", nullptr, nullptr, nullptr, "fTargets"},
 
     {"mnuCalibrate", "mnuCalibrCheck", "&Check Channels", "F5", CheckChannels, nullptr},
-    {"mnuCalibrate", "mnuCalibrDo", "&Do Calibration", nullptr, DoCalibration, nullptr},
-    {"mnuCalibrate", "mnuCalibrReZero", "Re&Zero Channels...", nullptr, ReZeroChannels, nullptr},
+    {"mnuCalibrate", "mnuCalibrDo", "&Do Calibration", nullptr, nullptr, nullptr, "fDoCalibr"},
+    {"mnuCalibrate", "mnuCalibrReZero", "Re&Zero Channels...", nullptr, nullptr, nullptr, "fDoReZero"},
     {"mnuCalibrate", "mnuCalibrAutoReZero", "A&uto ReZero...", nullptr, AskAutoReZero, nullptr},
     {"mnuCalibrate", "mnuCalibrZeroCal", "Set Calib&Rator...", nullptr, SetCalibrator, nullptr},
     {"mnuCalibrate", "mnuCalibrAnthro", "Anthropometry", nullptr, nullptr, WithVideo},
@@ -62,8 +62,8 @@ constexpr MenuItem Items[] = {
     {"mnuView", "mnuViewScanQVN", "Scan Skarvelin file", nullptr, ViewScannedFile, nullptr},
     {"mnuView", "mnuViewRaw", "&Raw...", nullptr, ViewRawFile, nullptr},
     {"mnuView", "mnuViewPrim", "&Primary...", nullptr, ViewPrimaryFile, nullptr},
-    {"mnuView", "mnuViewTyp", "&Typical", nullptr, ViewTypical, nullptr},
-    {"mnuView", "mnuViewSwap", "Correct Vars", nullptr, CorrectVars, nullptr},
+    {"mnuView", "mnuViewTyp", "&Typical", nullptr, nullptr, nullptr, "dSamples"},
+    {"mnuView", "mnuViewSwap", "Correct Vars", nullptr, nullptr, nullptr, "fSwap"},
 
     {"mnuPlay", "mnuPlayRawRower", "&Catch", nullptr, PlayRawRower, nullptr},
     {"mnuPlay", "mnuPlayRawCoach", "Simple", nullptr, PlayRawCoach, nullptr},
@@ -92,7 +92,7 @@ constexpr MenuItem Items[] = {
     {"mnuHelp", "mnuHelpContents", "&Contents", "F1", ShowHelp, nullptr},
     {"mnuHelp", "mnuHelpSearchForHelpOn", "&Search For Help On...", nullptr, ShowHelp, nullptr},
     {"mnuHelp", nullptr, nullptr, nullptr, nullptr, nullptr},
-    {"mnuHelp", "mnuHelpAbout", "&About ", nullptr, ShowAbout, nullptr},
+    {"mnuHelp", "mnuHelpAbout", "&About ", nullptr, nullptr, nullptr, "frmAbout"},
 };
 
 constexpr ToolButton Buttons[] = {

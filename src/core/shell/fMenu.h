@@ -5,7 +5,8 @@
 
 class frmMain;
 
-/// One entry. An entry without an action is disabled and its tool tip tells Why; one without a name is a separator.
+/// One entry. It runs its Action or opens a Window; one that has neither is disabled, and its tool tip says Why. One
+/// without a name is a separator.
 struct MenuItem
 {
     const char* Menu; // name of the menu it is in
@@ -14,6 +15,8 @@ struct MenuItem
     const char* Key; // keyboard shortcut
     void (*Action)(frmMain&);
     const char* Why;
+    const char* Window = nullptr; // a row of the table of windows
+    const char* Kind = "";        // WindowArgs::Kind
 };
 
 struct MenuTitle

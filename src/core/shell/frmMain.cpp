@@ -85,10 +85,7 @@ void frmMain::OpenFile(const std::string& Path)
 {
     if (!Area->CloseAsking()) return;
     const std::string Former = gCurFile;
-    if (Guard("Opening the session", [&] { return OpenSession(Path); }))
-        TellNewSession();
-    else
-        SetCurFile(Former);
+    if (!Guard("Opening the session", [&] { return OpenSession(Path); })) SetCurFile(Former);
 }
 
 QAction* frmMain::Command(const char* Name) const

@@ -6,6 +6,7 @@
 #include <QMainWindow>
 #include <QTimer>
 
+#include <functional>
 #include <string>
 
 class QAction;
@@ -60,7 +61,7 @@ private:
     void ShowTitle();
     void ShowLogging();
     QAction* Command(const char* Name) const;
-    void Run(const QString& Caption, void (*Action)(frmMain&));
+    void Run(const QString& Caption, const std::function<void()>& Action);
 
     qStatus& Status;
     qWorkArea* Area;

@@ -2,6 +2,7 @@
 #include "core/mDataWindow.h"
 #include "core/mSettings.h"
 #include "core/shell/fMenu.h"
+#include "core/shell/fWindows.h"
 #include "core/shell/frmMain.h"
 #include "platform/mHost.h"
 #include "platform/qt/qText.h"
@@ -46,8 +47,13 @@ void frmMain::BuildMenus()
         Entry->setObjectName(Item.Name);
         if (Item.Key) Entry->setShortcut(QKeySequence(Item.Key));
         Entry->setToolTip(Item.Why ? Item.Why : WithoutMarks(Item.Caption));
-        Entry->setEnabled(Item.Action != nullptr);
-        QObject::connect(Entry, &QAction::triggered, this, [this, &Item] { Run(Item.Caption, Item.Action); });
+        Entry->setEnabled(Item.Action || Item.Window);
+        QObject::connect(Entry, &QAction::triggered, this, [this, &Item] {
+            Run(Item.Caption, [this, &Item] {
+                if (Item.Action) return Item.Action(*this);
+                OpenWindow(*this, Item.Window, {.Kind = Item.Kind});
+            });
+        });
     }
     for (const char* Name : {"mnuWinToolbar", "mnuWinStatusBar"}) {
         Command(Name)->setCheckable(true);
@@ -55,10 +61,10 @@ void frmMain::BuildMenus()
     }
 }
 
-void frmMain::Run(const QString& Caption, void (*Action)(frmMain&))
+void frmMain::Run(const QString& Caption, const std::function<void()>& Action)
 {
     Guard(Plain(WithoutMarks(Caption)), [&] {
-        Action(*this);
+        Action();
         return true;
     });
 }
@@ -83,7 +89,7 @@ void frmMain::BuildToolBar()
         Button->setToolTip(Entry ? Entry->toolTip() : Item.Why ? Item.Why : WithoutMarks(Item.Caption));
         QObject::connect(Button, &QToolButton::clicked, this, [this, &Item] {
             if (Item.Command) return Command(Item.Command)->trigger();
-            Run(Item.Caption, Item.Action);
+            Run(Item.Caption, [this, &Item] { Item.Action(*this); });
             ShowLogging();
         });
         Bar->addWidget(Button);

@@ -5,6 +5,7 @@
 #include "core/mGlobData.h"
 #include "core/mIni.h"
 #include "core/mModes.h"
+#include "core/mNotice.h"
 #include "core/mSettings.h"
 #include "files/mTextIO.h"
 
@@ -30,7 +31,10 @@ bool LoadCurrentFile()
 bool OpenSession(const std::string& Path)
 {
     SetCurFile(Path);
-    return LoadCurrentFile();
+    if (!LoadCurrentFile()) return false;
+    CreateData(); // the former session's counts mean nothing in this one
+    Notify(eNotice::SessionReplaced);
+    return true;
 }
 
 void ShutDown()

@@ -30,7 +30,11 @@ QStringList ParamIDs()
 }
 } // namespace
 
-fSwap::fSwap() : lbOutput(new QLabel(this))
+fSwap::fSwap()
+    : Session([this](eNotice What) {
+          if (What == eNotice::SessionSaved) Swap.SetSaved();
+      }),
+      lbOutput(new QLabel(this))
 {
     setObjectName("fSwap");
     setWindowTitle(Caption);

@@ -1,6 +1,7 @@
 // The window "Correct Vars", in which stored samples are corrected.
 #pragma once
 
+#include "core/mNotice.h"
 #include "views/samples/cSwap.h"
 
 #include <QWidget>
@@ -17,9 +18,6 @@ class fSwap : public QWidget
 public:
     fSwap();
 
-    /// The session data file has been written from elsewhere.
-    void SetSaved() { Swap.SetSaved(); }
-
 protected:
     void closeEvent(QCloseEvent* Event) override;
     void keyPressEvent(QKeyEvent* Event) override;
@@ -34,6 +32,7 @@ private:
     void Save();
 
     cSwap Swap;
+    cListener Session; // which may also be saved from elsewhere
     QLineEdit* txtWhat = nullptr;
     QLineEdit* txtWith = nullptr;
     QLineEdit* txtAverTo = nullptr;

@@ -1,0 +1,211 @@
+// How the windows of the table are made, found and opened.
+#include "core/shell/fWindows.h"
+
+#include "acquisition/mComFast.h"
+#include "base/mVersion.h"
+#include "calibration/fCheckChans.h"
+#include "calibration/fDoCalibr.h"
+#include "calibration/fDoReZero.h"
+#include "calibration/fTrackChans.h"
+#include "core/mGlobData.h"
+#include "core/shell/fCommands.h"
+#include "core/shell/frmMain.h"
+#include "live/rower/fData01real.h"
+#include "platform/mHost.h"
+#include "platform/qt/qText.h"
+#include "records/fTargets.h"
+#include "records/mTargets.h"
+#include "views/data/fData02view.h"
+#include "views/report/cData03report.h"
+#include "views/report/fData03report.h"
+#include "views/samples/fSamples.h"
+#include "views/samples/fSwap.h"
+#include "widgets/qIcons.h"
+#include "widgets/qPlace.h"
+
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMessageBox>
+
+#include <algorithm>
+#include <memory>
+
+namespace {
+template <class Window>
+QWidget* Make(frmMain&, const WindowArgs&)
+{
+    return new Window;
+}
+
+QWidget* MakeTracks(frmMain& Main, const WindowArgs&)
+{
+    auto* Tracks = new fTrackChans;
+    Tracks->OnDump = [&Main] { DumpChannels(Main); };
+    return Tracks;
+}
+
+QWidget* MakeReZero(frmMain&, const WindowArgs& Args)
+{
+    return new fDoReZero(Args.Mode == ReZeroCalibrator);
+}
+
+QWidget* MakeRower(frmMain& Main, const WindowArgs&)
+{
+    auto* Panel = new fData01real;
+    Panel->OnRecorded = [&Main](const std::string& Path) {
+        OpenWindow(Main, "fData02view", {.File = Path, .Mode = DataRaw});
+    };
+    return Panel;
+}
+
+QWidget* MakeDataView(frmMain& Main, const WindowArgs& Args)
+{
+    auto View = std::make_unique<fData02view>();
+    if (!View->InitData(Args.File, static_cast<int16_t>(Args.Mode))) return nullptr;
+    View->OnPlot = [&Main](int Kind, int32_t First, int32_t Last) {
+        OpenWindow(Main, "fData03report", {.Mode = Kind, .First = First, .Last = Last});
+    };
+    return View.release();
+}
+
+QWidget* MakeReport(frmMain&, const WindowArgs& Args)
+{
+    auto Report = std::make_unique<fData03report>();
+    Report->InitData(Args.Mode, Args.Sample, Args.First, Args.Last);
+    return Report.release();
+}
+
+QWidget* MakeSamples(frmMain& Main, const WindowArgs&)
+{
+    auto* Chooser = new dSamples(&Main);
+    Chooser->OnChosen = [&Main](int16_t Sample) {
+        OpenWindow(Main, "fData03report", {.Mode = ReportStored, .Sample = Sample});
+    };
+    return Chooser;
+}
+
+QWidget* MakeAbout(frmMain& Main, const WindowArgs&)
+{
+    auto* Box = new QMessageBox(&Main);
+    Box->setAttribute(Qt::WA_DeleteOnClose);
+    Box->setWindowTitle("About Skarvelin");
+    Box->setIconPixmap(ProgramIcon().pixmap(64));
+    Box->setText(QString("<h2>Skarvelin</h2><p>Version %1</p>").arg(Version()));
+    Box->setInformativeText("Shows a rowing crew what it does: live channels, recordings, strokes and typical strokes."
+                            "<br><br>GNU General Public License, version 3 or later.");
+    return Box;
+}
+
+using enum eCount;
+using enum ePlace;
+
+constexpr WindowKind Windows[] = {
+    {"fCheckChans", "The channel indicator", Make<fCheckChans>, One, Tiled, NeedsLink},
+    {"fTrackChans", "The channel indicator", MakeTracks, One, Tiled, NeedsLink},
+    {"fDoCalibr", "The calibration workbench", Make<fDoCalibr>, One, Tiled, NeedsLink},
+    {"fDoReZero", "Re-zeroing", MakeReZero, OneAnew, Tiled, NeedsLink},
+    {"fData01real", "The rower's panel", MakeRower, One, Kept, NeedsLink | NeedsTargets, "fData01real"},
+    {"fData02view", "The data view", MakeDataView, OneAnew, Kept, NeedsNothing, "fData02view"},
+    {"fData03report", "The report", MakeReport, Many, Kept, NeedsNothing, fData03report::Section, "", {1400, 900}},
+    {"fSwap", "Correct Vars", Make<fSwap>, One, Kept, NeedsNothing, "fSwap", "", {460, 340}},
+    {"fTargets",
+     "The targets",
+     Make<fTargets>,
+     One,
+     Kept,
+     NeedsNothing,
+     fTargets::Section,
+     fTargets::Prefix,
+     {900, 420}},
+    {"dSamples", "The choice of a sample", MakeSamples, One, Dialog, NeedsNothing},
+    {"frmAbout", "About Skarvelin", MakeAbout, One, Dialog, NeedsNothing},
+};
+
+std::string ObjectName(const WindowKind& Row, const WindowArgs& Args)
+{
+    return Row.Count == OneAKind ? Row.Name + ("_" + Args.Kind) : Row.Name;
+}
+
+bool MeetNeeds(const WindowKind& Row, const WindowArgs& Args)
+{
+    if ((Row.Needs & NeedsSession) && gCurFile.empty()) {
+        MsgBox(std::string(Row.Title) + " shows a session: open one first.", TitleInformation);
+        return false;
+    }
+    if ((Row.Needs & NeedsLink) && Args.OpensLink && OpenLink()) SendRun();
+    return true;
+}
+
+// Closes the window as its frame's button does. False when it stays; else its name is free at once.
+bool Close(QWidget& Window)
+{
+    QWidget* Frame = Window.isWindow() ? &Window : Window.parentWidget();
+    if (!Frame->close()) return false;
+    Window.setObjectName({});
+    return true;
+}
+
+// The whole area, or the window's own size with some of the area to be seen around it.
+QSize Default(const WindowKind& Row, QSize Area)
+{
+    constexpr double Most = 0.94;
+    return Row.Size.isEmpty() ? Area : Row.Size.boundedTo(Area * Most);
+}
+
+void Show(frmMain& Main, const WindowKind& Row, const WindowArgs& Args, QWidget& Window)
+{
+    if (Row.Place == Dialog) return dynamic_cast<QDialog&>(Window).open();
+    Main.AddWindow(&Window);
+    if (!Row.Section) return;
+    const std::string Prefix = Row.Count == OneAKind ? Args.Kind + "_" + Row.Prefix : Row.Prefix;
+    RestorePlace(Window, Row.Section, Default(Row, Main.AreaSize()), Prefix);
+}
+
+QWidget* MakeAndShow(frmMain& Main, const WindowKind& Row, const WindowArgs& Args)
+{
+    if (Row.Needs & NeedsTargets) InitTargets(); // what it reports stands ahead of the window
+    QWidget* Made = nullptr;
+    Guard(Row.Title, [&] { return (Made = Row.Make(Main, Args)) != nullptr; });
+    if (!Made) return nullptr;
+    Made->setObjectName(Shown(ObjectName(Row, Args)));
+    Show(Main, Row, Args, *Made);
+    return Made;
+}
+} // namespace
+
+std::span<const WindowKind> AllWindows()
+{
+    return Windows;
+}
+
+const WindowKind* FindWindow(const std::string& Name)
+{
+    const auto* Found =
+        std::find_if(std::begin(Windows), std::end(Windows), [&](const WindowKind& Row) { return Row.Name == Name; });
+    return Found == std::end(Windows) ? nullptr : Found;
+}
+
+QWidget* FindOpen(const frmMain& Main, const std::string& Name)
+{
+    for (QWidget* Window : Main.findChildren<QWidget*>(Shown(Name))) {
+        const QWidget* Frame = Window->isWindow() ? Window : Window->parentWidget();
+        if (!Frame->isHidden()) return Window;
+    }
+    return nullptr;
+}
+
+QWidget* OpenWindow(frmMain& Main, const std::string& Name, const WindowArgs& Args)
+{
+    const WindowKind* Row = FindWindow(Name);
+    if (!Row || !MeetNeeds(*Row, Args)) return nullptr;
+    QWidget* Window = Row->Count == Many ? nullptr : FindOpen(Main, ObjectName(*Row, Args));
+    if (Window && Row->Count == OneAnew) {
+        if (!Close(*Window)) return nullptr;
+        Window = nullptr;
+    }
+    if (!Window) Window = MakeAndShow(Main, *Row, Args);
+    if (!Window) return nullptr;
+    if (Row->Place == Tiled) Main.Tile(Qt::Vertical);
+    if (Row->Place != Dialog) Main.Activate(*Window);
+    return Window;
+}
