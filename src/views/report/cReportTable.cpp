@@ -9,14 +9,11 @@
 namespace {
 constexpr int Letters = 12;
 constexpr int SmallLetters = 10;
-constexpr double LineHeight = 18;
-constexpr double HeadHeight = 34;                // of the quantities and the names of the functions
-constexpr double LeastKey = 58, MostKey = 96;    // width of a column
-constexpr double LeastGap = 24, MostGap = 70;    // between blocks
-constexpr double LeastName = 34, MostName = 260; // width of the names
-constexpr double UnitRoom = 24;                  // of a unit beside its value
+constexpr double LineHeight = TableLineHeight, HeadHeight = TableHeadHeight;
+constexpr double MostKey = 96;  // width of a column
+constexpr double MostGap = 70;  // between blocks
+constexpr double UnitRoom = 24; // of a unit beside its value
 constexpr double CellEdge = 8;
-constexpr std::size_t MostBlocks = 4;
 
 struct Function
 {
@@ -38,25 +35,12 @@ bool IsOf(char Axis, const std::string& Key)
 {
     return OrderOf(Key) < Functions.size() && Key.back() == Axis;
 }
-
-std::vector<std::string> KeysOf(const ReportLine& Line)
-{
-    std::vector<std::string> Keys;
-    for (const RowValue& Value : Line.Values)
-        Keys.push_back(Value.Key);
-    return Keys;
-}
 } // namespace
 
-bool cReportTable::IsAlike(std::size_t A, std::size_t B) const
+cReportTable::Block cReportTable::MakeBlock(const TablePart& Part) const
 {
-    return Lines[A].X == Lines[B].X && Lines[A].Y == Lines[B].Y && KeysOf(Lines[A]) == KeysOf(Lines[B]);
-}
-
-cReportTable::Block cReportTable::MakeBlock(std::size_t From, std::size_t To) const
-{
-    Block Result{From, To, {}, {}, {}, LeastName};
-    for (std::size_t i = From; i < To; ++i) {
+    Block Result{Part, {}, {}, {}, Layout.NameWidth(Part)};
+    for (std::size_t i = Part.From; i < Part.To; ++i) {
         const ReportLine& Line = Lines[i];
         for (const RowValue& Value : Line.Values) {
             if (Result.ColumnOf(Value.Key) == Result.Columns.size())
@@ -64,8 +48,6 @@ cReportTable::Block cReportTable::MakeBlock(std::size_t From, std::size_t To) co
             if (IsOf('X', Value.Key)) Result.X = Result.X ? Common(*Result.X, Line.X) : Line.X;
             if (IsOf('Y', Value.Key)) Result.Y = Result.Y ? Common(*Result.Y, Line.Y) : Line.Y;
         }
-        const auto Size = std::count_if(Line.ID.begin(), Line.ID.end(), [](char C) { return (C & 0xC0) != 0x80; });
-        Result.NameWidth = std::clamp(24 + 7.2 * static_cast<double>(Size), Result.NameWidth, MostName);
     }
     std::stable_sort(Result.Columns.begin(), Result.Columns.end(),
                      [](const Column& A, const Column& B) { return OrderOf(A.Key) < OrderOf(B.Key); });
@@ -83,71 +65,6 @@ std::size_t cReportTable::Block::ColumnOf(const std::string& Key) const
     const auto Found =
         std::find_if(Columns.begin(), Columns.end(), [&](const Column& Each) { return Each.Key == Key; });
     return static_cast<std::size_t>(Found - Columns.begin());
-}
-
-// Blocks of Most lines at most, which end where other quantities begin if they can; Torn counts those that cannot.
-std::vector<cReportTable::Block> cReportTable::Split(std::size_t From, std::size_t To, std::size_t Blocks,
-                                                     std::size_t Most, int& Torn) const
-{
-    std::vector<Block> Result;
-    Torn = 0;
-    while (From < To) {
-        const std::size_t Left = Blocks - Result.size() - 1; // blocks behind this one
-        std::size_t End = std::min(From + Most, To);
-        const std::size_t Least = To - From > Left * Most ? To - Left * Most : From + 1;
-        std::size_t Cut = End;
-        while (Cut > Least && Cut < To && IsAlike(Cut - 1, Cut))
-            --Cut;
-        if (Cut == To || !IsAlike(Cut - 1, Cut)) End = Cut;
-        if (End < To && IsAlike(End - 1, End)) ++Torn;
-        Result.push_back(MakeBlock(From, End));
-        From = End;
-    }
-    return Result;
-}
-
-// The lowest table whose blocks find room side by side; to tear alike lines apart costs two lines.
-std::vector<cReportTable::Block> cReportTable::Layout(std::size_t From, std::size_t To, double Width) const
-{
-    const std::size_t Count = To - From;
-    std::vector<Block> Best = {MakeBlock(From, To)};
-    std::size_t BestCost = Count;
-    for (std::size_t Blocks = 2; Blocks <= std::min(MostBlocks, Count); ++Blocks) {
-        const std::size_t Even = (Count + Blocks - 1) / Blocks;
-        for (std::size_t Most = Even; Most <= Even + Even / 2 + 2; ++Most) {
-            int Torn = 0;
-            const std::vector<Block> Parts = Split(From, To, Blocks, Most, Torn);
-            double Needed = -LeastGap;
-            std::size_t Highest = 0;
-            for (const Block& Each : Parts) {
-                Needed += Each.NameWidth + LeastKey * static_cast<double>(Each.Columns.size()) + LeastGap;
-                Highest = std::max(Highest, Each.To - Each.From);
-            }
-            const std::size_t Cost = Highest + 2 * static_cast<std::size_t>(Torn);
-            if (Needed > Width || Cost >= BestCost) continue;
-            Best = Parts;
-            BestCost = Cost;
-        }
-    }
-    return Best;
-}
-
-double cReportTable::Height(std::size_t From, std::size_t To, double Width) const
-{
-    if (From >= To) return 0;
-    std::size_t Highest = 0;
-    for (const Block& Each : Layout(From, To, Width))
-        Highest = std::max(Highest, Each.To - Each.From);
-    return HeadHeight + LineHeight * static_cast<double>(Highest);
-}
-
-std::size_t cReportTable::EndFor(std::size_t From, double Width, double Room) const
-{
-    const auto Down = static_cast<std::size_t>(std::max(1.0, (Room - HeadHeight) / LineHeight));
-    std::size_t To = std::min(Count(), From + MostBlocks * Down);
-    while (To > From && Height(From, To, Width) > Room)
-        --To;
-    return To;
 }
 
 // The name and unit of what a part of the columns shows, with a line below from the first of them to the last.
@@ -214,10 +131,10 @@ void cReportTable::DrawBlock(iSurface& Surface, const Block& Each, double Left, 
     const double Right = Left + Each.NameWidth + KeyWidth * static_cast<double>(Each.Columns.size());
     DrawHead(Surface, Each, Left, KeyWidth, Top);
     double Y = Top + HeadHeight;
-    for (std::size_t i = Each.From; i < Each.To; ++i, Y += LineHeight) {
+    for (std::size_t i = Each.Part.From; i < Each.Part.To; ++i, Y += LineHeight) {
         Surface.SetPen(InkBand);
         Surface.SetFill(InkBand);
-        if ((i - Each.From) % 2 == 1) Surface.Box(Left, Y - 1, Right, Y + LineHeight - 2);
+        if ((i - Each.Part.From) % 2 == 1) Surface.Box(Left, Y - 1, Right, Y + LineHeight - 2);
         DrawLine(Surface, Each, Lines[i], Left, KeyWidth, Y + 1);
     }
 }
@@ -226,14 +143,15 @@ void cReportTable::DrawBlock(iSurface& Surface, const Block& Each, double Left, 
 void cReportTable::Draw(iSurface& Surface, std::size_t From, std::size_t To, const PlotRect& Place) const
 {
     if (From >= To) return;
-    const std::vector<Block> Blocks = Layout(From, To, Place.Width());
+    std::vector<Block> Blocks;
     double Names = 0, Columns = 0;
-    for (const Block& Each : Blocks) {
+    for (const TablePart& Part : Layout.Parts(From, To, Place.Width())) {
+        const Block& Each = Blocks.emplace_back(MakeBlock(Part));
         Names += Each.NameWidth;
         Columns += static_cast<double>(Each.Columns.size());
     }
     const double Gaps = static_cast<double>(Blocks.size()) - 1;
-    const double KeyWidth = std::min((Place.Width() - Names - LeastGap * Gaps) / std::max(Columns, 1.0), MostKey);
+    const double KeyWidth = std::min((Place.Width() - Names - TableLeastGap * Gaps) / std::max(Columns, 1.0), MostKey);
     const double Gap = std::min((Place.Width() - Names - KeyWidth * Columns) / std::max(Gaps, 1.0), MostGap);
     double Left = Place.Left;
     for (const Block& Each : Blocks) {

@@ -1,7 +1,7 @@
 // The table of a report's functions: a line for each row, in blocks side by side, each with the columns that it needs.
 #pragma once
 
-#include "views/report/cReport.h"
+#include "views/report/cTableLayout.h"
 
 #include <cstddef>
 #include <optional>
@@ -12,16 +12,16 @@
 class cReportTable
 {
 public:
-    explicit cReportTable(std::vector<ReportLine> InitLines) : Lines(std::move(InitLines)) {}
+    explicit cReportTable(std::vector<ReportLine> InitLines) : Lines(std::move(InitLines)), Layout(Lines) {}
 
     /// Number of lines.
     std::size_t Count() const { return Lines.size(); }
 
     /// Height of the lines From up to, but not including, To in a table of that width; 0 for none.
-    double Height(std::size_t From, std::size_t To, double Width) const;
+    double Height(std::size_t From, std::size_t To, double Width) const { return Layout.Height(From, To, Width); }
 
     /// The line up to which the lines from From on fit into Room.
-    std::size_t EndFor(std::size_t From, double Width, double Room) const;
+    std::size_t EndFor(std::size_t From, double Width, double Room) const { return Layout.EndFor(From, Width, Room); }
 
     /// Draws the lines From up to, but not including, To across the width of Place, from its top on.
     void Draw(iSurface& Surface, std::size_t From, std::size_t To, const PlotRect& Place) const;
@@ -34,11 +34,9 @@ private:
         bool HasUnits;    // each value has its own beside it
     };
 
-    // Lines below each other.
     struct Block
     {
-        std::size_t From = 0;
-        std::size_t To = 0;
+        TablePart Part;
         std::vector<Column> Columns;
         std::optional<Quantity> X; // what the columns of an axis have in common, nothing without such columns
         std::optional<Quantity> Y;
@@ -47,10 +45,7 @@ private:
         std::size_t ColumnOf(const std::string& Key) const;
     };
 
-    bool IsAlike(std::size_t A, std::size_t B) const;
-    Block MakeBlock(std::size_t From, std::size_t To) const;
-    std::vector<Block> Split(std::size_t From, std::size_t To, std::size_t Blocks, std::size_t Most, int& Torn) const;
-    std::vector<Block> Layout(std::size_t From, std::size_t To, double Width) const;
+    Block MakeBlock(const TablePart& Part) const;
     void DrawSpan(iSurface& Surface, const Block& Each, char Axis, double First, double KeyWidth, double Top) const;
     void DrawHead(iSurface& Surface, const Block& Each, double Left, double KeyWidth, double Top) const;
     void DrawLine(iSurface& Surface, const Block& Each, const ReportLine& Line, double Left, double KeyWidth,
@@ -58,4 +53,5 @@ private:
     void DrawBlock(iSurface& Surface, const Block& Each, double Left, double KeyWidth, double Top) const;
 
     std::vector<ReportLine> Lines;
+    cTableLayout Layout;
 };
