@@ -102,7 +102,8 @@ void SetSizes(const LinkSizes& Sizes)
 // All that makes it another link.
 std::string LinkKey(const LinkSizes& Sizes)
 {
-    return LinkName() + (gConnection == ConnectionTCP ? "" : "," + Sizes.Settings + "," + FormatNum(Sizes.FrameMin, "0"));
+    return LinkName() +
+           (gConnection == ConnectionTCP ? "" : "," + Sizes.Settings + "," + FormatNum(Sizes.FrameMin, "0"));
 }
 
 // Opens the port that the settings ask for. Gives its device, empty when there is none (reported in panel 3).
