@@ -103,7 +103,7 @@ bool PlayThrough(const std::string& Path, cRower& Panel, TabText& Table)
     while (const auto Taken = gScanFile.Take()) {
         if (!DecodeLive(FrameSource::Replay, *Taken, gScanStream)) continue;
         ++Frame;
-        Panel.DrawData();
+        Panel.TakeSample();
         if (Panel.NewStroke()) WriteStroke(Table, Frame, Panel);
     }
     if (Frame < 0) TellNoFrames(Path);

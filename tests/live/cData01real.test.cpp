@@ -51,7 +51,9 @@ struct LivePlot : FreshState
         gData[0] = Time;
         gData[1] = X;
         gData[2] = F;
-        Plot.DrawData(Cur, Cur + 1, NewStroke);
+        Plot.TakeSample(Cur, Cur + 1, NewStroke);
+        Plot.DrawData(0);
+        Plot.ForgetSteps();
         ++Cur;
         return Log.Take();
     }
@@ -133,7 +135,7 @@ TEST_CASE("the trace holds a point outside the limits and is as wide as the stro
     Panel.Log.Extent = {510, 300}; // two units a sample
     Panel.Plot.SetScales();
     Panel.Log.Take();
-    Panel.Plot.DrawAgain(2);
+    Panel.Plot.DrawAgain(1, 2);
     CHECK(Panel.Log.Take() == Texts{"line 2 200 2 200 #FF0000 wide 3", "line 2 200 4 250 #FF0000 wide 3"});
     ViewRow Low = PlainRow(0, "X,F");
     Low.MinYPar = -600;
@@ -215,7 +217,7 @@ TEST_CASE("a stroke that the model cannot measure has its first number only")
     }
 }
 
-TEST_CASE("the acceleration model tells the rise behind the lowest value in one line")
+TEST_CASE("the acceleration model writes the rise behind the lowest value in one line")
 {
     // At rate 40 and a step of 0.05 s the peak is looked for from sample 2 to 4 behind the lowest one.
     const double Curve[] = {0, 0, 0, -8, -5, -2, 1, 4, 9, 9, 9, 9};

@@ -62,7 +62,8 @@ TEST_CASE_FIXTURE(FreshState, "a sample through twenty rows asks for no memory w
         for (std::size_t Chan = 1; Chan <= 20; ++Chan)
             gData[Chan] = (i * 10 + static_cast<int>(Chan)) % 1000;
         const long Before = Allocations;
-        Panel.DrawData();
+        Panel.TakeSample();
+        if (i % 3 == 0) Panel.DrawData();
         if (Panel.NewStroke())
             ++Starts;
         else

@@ -37,8 +37,10 @@ struct Panel : ShellState
             gSampleTime = gData[0] = 0.05 * Frame;
             for (std::size_t Chan = 1; Chan <= 24; ++Chan)
                 gData[Chan] = 8192 + 4000 * std::cos(Frame * 3.14159265 / 20 + static_cast<double>(Chan % 3));
+            SampleDataWindows();
             DrawDataWindows();
         }
+        QTest::qWait(30); // labels follow the picture rate
     }
 
     int Frame = 0;
@@ -86,6 +88,18 @@ TEST_CASE_FIXTURE(Panel, "strokes are counted on the labels, which are large and
     CHECK(!Find<QLabel>("lbData_2").isEnabled());
     QTest::keyClick(&Window(), Qt::Key_Space);
     CHECK(!gReplaying);
+}
+
+TEST_CASE_FIXTURE(Panel, "labels are set no more often than pictures are shown, and then to the newest values")
+{
+    gPictureRate = 1;
+    Choose("mnuSampleRower");
+    Row(60);
+    const QString Before = Label("lbData_0");
+    Row(60);
+    CHECK(Label("lbData_0") == Before);
+    CHECK(QTest::qWaitFor([&] { return Label("lbData_0") == "06.0"; }, 10000));
+    CHECK(Label("lbData_3") == "002");
 }
 
 TEST_CASE_FIXTURE(Panel, "targets that were edited show at the next opening, behind the curves")
@@ -207,8 +221,8 @@ TEST_CASE_FIXTURE(Panel, "a replay shows the strokes that the panel without a wi
     Stream Kept;
     while (const auto Taken = File.Take()) {
         if (!DecodeLive(FrameSource::Replay, *Taken, Kept)) continue;
-        Rower.DrawData();
-        if (Rower.NewStroke()) Expected.push_back(Rower.RateText + " " + Rower.StrokesText);
+        Rower.TakeSample();
+        if (Rower.NewStroke()) Expected.push_back(Rower.RateText() + " " + Rower.StrokesText());
     }
     REQUIRE(Expected.size() > 5);
 

@@ -1,10 +1,9 @@
-// A row of a live panel: takes each sample, draws one step of its curve, and at a stroke's start its stroke numbers and
-// the marks of its stroke model.
+// A row of a live panel: takes each sample, and draws its curve step by step, at a stroke's start with the numbers of
+// the stroke that ended.
 #pragma once
 
 #include "core/mGlobData.h"
-#include "live/panel/cStrokeModel.h"
-#include "live/panel/cStrokeStats.h"
+#include "live/panel/cStrokeNumbers.h"
 #include "platform/iSurface.h"
 #include "processing/mOper.h"
 
@@ -47,19 +46,14 @@ inline double Wide(float X)
 /// X in whole drawing units; nothing when it has no place on any surface.
 std::optional<int32_t> ToUnit(double X);
 
-/// A key of the row's functions with its value for the stroke that ended.
-struct StrokeNumber
-{
-    std::string Key;
-    double Value = 0;
-    bool IsMade = true; // false for a score that could not be given
-};
-
 class cData01real
 {
 public:
     /// Points of the trace.
     static constexpr int TraceRoom = 256;
+
+    /// Samples that can wait to be drawn.
+    static constexpr int StepRoom = 64;
 
     explicit cData01real(PlotSurface& OnPanel);
 
@@ -67,19 +61,35 @@ public:
     /// its curve or numbers only.
     void InitViewID(int ViewID, int16_t SrcMode);
 
-    /// Works the scales out for the surface's size and draws them.
-    void SetScales();
+    /// Works the scales out for the surface's size.
+    void Scale();
 
-    /// Draws the trace anew up to its place Last, and the numbers of the last stroke.
-    void DrawAgain(int Last);
+    /// Works the scales out and draws them.
+    void SetScales();
 
     /// Draws grid, zero lines and the row's name.
     void DrawScales();
 
-    /// Takes a sample and draws the step of the curve from place Prev of the trace to place Cur. NewStroke: a stroke
-    /// starts with this sample, and the numbers of the one that ended are drawn. Never fails; allocates nothing but
-    /// texts at a stroke's start.
-    void DrawData(int Prev, int Cur, bool NewStroke);
+    /// Takes the newest sample as place Cur of the trace; Prev is the place before it. NewStroke: a stroke starts with
+    /// this sample, and what waits to be drawn is forgotten, since the picture begins anew. Never fails; allocates
+    /// nothing but texts at a stroke's start. At most StepRoom samples wait.
+    void TakeSample(int Prev, int Cur, bool NewStroke);
+
+    /// Draws the step of the curve to sample number Sample of those that wait, from 0; behind a stroke's first one the
+    /// numbers of the stroke before.
+    void DrawData(int Sample);
+
+    /// What waits is drawn.
+    void ForgetSteps();
+
+    /// Draws the trace anew from the place before From to place To.
+    void DrawAgain(int From, int To);
+
+    /// Draws the step of the trace from place Prev to place Cur.
+    void DrawSegment(int Prev, int Cur);
+
+    /// Draws the numbers of the last stroke.
+    void DrawStroke();
 
     /// The numbers made by the last sample, in the order of the row's keys; none when it was no stroke's start.
     std::span<const StrokeNumber> StrokeNumbers() const;
@@ -90,22 +100,29 @@ public:
 private:
     using Trace = std::array<SurfacePoint, TraceRoom>;
 
-    void ReadModel();
+    // A step of the curve that is to be drawn.
+    struct Step
+    {
+        enum eKind
+        {
+            None,
+            Segment,
+            Dot,
+            Figure
+        } Kind = None;
+        SurfacePlace From;
+        SurfacePlace To;
+    };
+
     std::optional<double> Calibrated(int Chan) const;
     void TakeArguments();
-    void DrawLine(int Prev, int Cur);
+    Step TakeStep(int Prev, int Cur);
+    Step TakeLine(int Prev, int Cur);
     void PlacePoint(std::size_t Cur);
-    void DrawStep(int Prev, int Cur);
-    void DrawDots();
+    Step SegmentTo(int Prev, int Cur) const;
+    void DrawStep(const Step& Each);
     void DrawAnimXY();
     void DrawFigure(const Trace& Points, int32_t Ink);
-    void EndStroke();
-    void SetFuncs();
-    void CheckModel();
-    void DrawStroke();
-    void DrawMarks();
-    void DrawForceMark(int Key, double Score, int32_t& Ink);
-    void DrawNumbers();
     void SetPen(int32_t Ink) { Panel->Surface->SetPen(Ink, Panel->DrawWidth); }
 
     PlotSurface* Panel;
@@ -115,17 +132,9 @@ private:
 
     std::vector<int> ArgChan;
     LiveOper Oper;
-    std::vector<StrokeNumber> Numbers;
-    std::vector<ModelTarget> Targets; // of the keys behind the first
-    bool IsMod = false;
-    bool IsAcceleration = false; // the model, instead of force
-    bool HasNumbers = false;     // the last sample made them
-    bool HasStroke = false;      // the last stroke's stand on the panel
-    std::string MarkText;        // of the acceleration model; empty for a stroke that it could not measure
-    int MarkDiam = 0;            // the radius of marks
-    int MarkFont = 0;
-    int MarkX = 0;
-    int MarkY = 0;
+    cStrokeNumbers Numbers;
+    bool HasNumbers = false; // the last sample made them
+    bool IsDrawn = true;     // the last stroke's stand on the panel
 
     Trace Pts; // kept from stroke to stroke: a value outside the scale shows the point of the stroke before
     Trace OldPts;
@@ -139,6 +148,7 @@ private:
     double XPos = 0;  // what is plotted as x
     double Clock = 0; // s
     int SampCnt = 0;  // samples since the last stroke start
-    cStrokeStats Stats;
-    cStrokeModel Model;
+
+    std::array<Step, StepRoom> Steps;
+    int StepCnt = 0;
 };

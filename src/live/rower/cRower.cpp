@@ -7,26 +7,13 @@
 #include "core/mSettings.h"
 #include "files/mBinIO.h"
 #include "platform/mHost.h"
-#include "records/mTargets.h"
-
-#include <algorithm>
-
-namespace {
-constexpr int RingSize = 255; // the trace's last place is never reached
-constexpr int TargetWidth = 4;
-constexpr int HintFont = 16;
-constexpr int32_t Black = 0;
-} // namespace
 
 void cRower::Load(int16_t Source)
 {
     Mode = Source;
     gDeltaT = gFile.TimeStep;
     if (Mode == SourceFrames) gTimeStep = gDeltaT;
-    Panel.DrawWidth = gDrawWidth;
-    Plots.clear();
-    for (int Row = 1; Row <= gFile.View1.UBound(); ++Row)
-        Plots.emplace_back(Panel).InitViewID(Row, Mode);
+    Traces.Load(Mode);
     KeyThresh = gFile.KeyThres;
     LoadFactorSettings();
     FindSeat();
@@ -36,13 +23,11 @@ void cRower::Load(int16_t Source)
         KeyQ0 = gFile.Calibr[KeyChan].Q0;
         KeyQ1 = gFile.Calibr[KeyChan].Q1;
     }
-    PrevIdx = CurIdx = 0;
-    NextIdx = 1;
-    gFirstCycle = true;
+    gFirstCycle = IsFirstCycle = true;
     HasKeys = false;
-    TimeText = RateText = FormatNum(0, "00.0");
-    StrokesText = FormatNum(0, "000");
-    InitTargCurves();
+    IsNewStroke = false;
+    Figures = {};
+    Newest = 0;
 }
 
 // The first channel named as a seat's; the last row is not looked at.
@@ -81,17 +66,6 @@ bool cRower::InitMode(const std::string& RawPath) const
     return ReadRawFile(RawPath, Start, Stop);
 }
 
-void cRower::Resize()
-{
-    Clear();
-    for (cData01real& Plot : Plots)
-        Plot.SetScales();
-    InitTargCurves();
-    DrawTargets();
-    for (cData01real& Plot : Plots)
-        Plot.DrawAgain(PrevIdx);
-}
-
 // The panel's first frames, whose link may have been opened behind it with another sampling period, or frames that are
 // counted anew, for a replay or another link: their first stroke is none of the run before.
 void cRower::Restart()
@@ -99,41 +73,31 @@ void cRower::Restart()
     const double Step = gDeltaT;
     Load(Mode);
     if (gFrameCnt > 1) gDeltaT = Step; // measured already
-    Resize();
 }
 
-void cRower::Clear()
-{
-    Panel.Surface->Clear(gRGB[0]);
-    if (!Plots.empty()) return;
-    const SurfacePoint Size = Panel.Surface->Size();
-    Panel.Surface->SetPen(Black);
-    Panel.Surface->SetFont(HintFont);
-    Panel.Surface->Text(Size.X / 2.0, Size.Y / 2.0, "The session has no rows of View1 to draw.", eAlign::Centre);
-}
-
-// A stroke's first sample is drawn with the ring already begun anew, from the last point of the trace before.
-void cRower::DrawData()
+void cRower::TakeSample()
 {
     if (gFrameCnt < FramesSeen || (FramesSeen == 0 && gFrameCnt > 0)) Restart();
     FramesSeen = gFrameCnt;
-    TimeText = FormatNum(SampleTime(), "00.0");
+    IsFirstCycle = IsFirstCycle || gFirstCycle;
+    Newest = SampleTime();
     IsNewStroke = CheckCycle();
-    if (IsNewStroke) {
-        RateText = FormatNum(gRate, "00.0");
-        StrokesText = FormatNum(gStrokeCnt, "000");
-        Clear();
-        CurIdx = 0;
-        NextIdx = 1;
-        for (cData01real& Plot : Plots)
-            Plot.DrawScales();
-        DrawTargets();
-    }
-    for (cData01real& Plot : Plots)
-        Plot.DrawData(PrevIdx, CurIdx, IsNewStroke);
-    PrevIdx = CurIdx;
-    CurIdx = NextIdx;
-    NextIdx = (NextIdx + 1) % RingSize;
+    Traces.TakeSample(IsNewStroke);
+}
+
+std::string cRower::TimeText() const
+{
+    return FormatNum(Newest, "00.0");
+}
+
+std::string cRower::RateText() const
+{
+    return FormatNum(Figures.Rate, "00.0");
+}
+
+std::string cRower::StrokesText() const
+{
+    return FormatNum(Figures.StrokeCnt, "000");
 }
 
 double cRower::SampleTime() const
@@ -185,73 +149,24 @@ bool cRower::IsStart(double Key) const
 
 void cRower::CountCycle()
 {
-    const double Time = SampleTime();
-    if (gFirstCycle) {
-        gFirstCycle = false;
+    if (IsFirstCycle) {
+        gFirstCycle = IsFirstCycle = false;
         Figures = {};
     } else {
         Figures.StrokeCnt = ToInt16(Figures.StrokeCnt + 1);
-        Figures.CycleTime = Time - LastCycleTime;
+        Figures.CycleTime = Newest - LastCycleTime;
         Figures.CycleSum += Figures.CycleTime;
+        Figures.Rate = SafeDiv(60, Figures.CycleTime);
     }
-    LastCycleTime = Time;
+    LastCycleTime = Newest;
     gStrokeCnt = Figures.StrokeCnt;
     gCycleTime = Figures.CycleTime;
     gCycleSum = Figures.CycleSum;
-    gRate = SafeDiv(60, gCycleTime);
+    gRate = Figures.Rate;
     gRateAver = SafeDiv(gStrokeCnt * 60, gCycleSum);
 }
 
-// Curves are kept in unit form: the target's catch angle, total angle and peak force give them their size.
-void cRower::InitTargCurves()
-{
-    TargPts.clear();
-    constexpr std::size_t CatchAngle = 0, TotalAngle = 2, PeakForce = 4;
-    if ((gIsTargVals & gIsTargCurves) == 0 || gFile.View1.UBound() < 1) return;
-    if (gCurves.empty() || gTarget.Values.size() <= PeakForce) return;
-    const ViewRow& View = gFile.View1[1];
-    const double XRange = Wide(View.MaxXPar) - Wide(View.MinXPar);
-    const double YRange = Wide(View.MaxYPar) - Wide(View.MinYPar);
-    if (XRange == 0 || YRange == 0) return;
-    const SurfacePoint Size = Panel.Surface->Size();
-    TargPts.resize(gCurves.front().Values.size());
-    for (const CurveRow& Curve : gCurves) {
-        for (std::size_t i = 0; i < std::min(TargPts.size(), Curve.Values.size()); ++i) {
-            const double Angle = gTarget.Values[TotalAngle] * Curve.Values[i] + gTarget.Values[CatchAngle];
-            const double Force = gTarget.Values[PeakForce] * Curve.Values[i];
-            if (Curve.Name == "A") TargPts[i].X = ToUnit((Angle - Wide(View.MinXPar)) * (Size.X / XRange)).value_or(0);
-            if (Curve.Name == "F")
-                TargPts[i].Y = ToUnit(Size.Y - (Force - Wide(View.MinYPar)) * (Size.Y / YRange)).value_or(0);
-        }
-    }
-}
-
-// The pen stays as wide as the targets for the curves that are drawn over them.
-void cRower::DrawTargets()
-{
-    if (gIsTargCurves == 0) return;
-    Panel.DrawWidth = TargetWidth;
-    Panel.Surface->SetPen(Black, Panel.DrawWidth);
-    for (std::size_t i = 0; i + 1 < TargPts.size(); ++i)
-        Panel.Surface->Line(TargPts[i].X, TargPts[i].Y, TargPts[i + 1].X, TargPts[i + 1].Y);
-}
-
-eRowerWish cRower::DoAction(int Code)
-{
-    if (Code == PlayClose) return eRowerWish::Close;
-    if (Code < PlayToStart || Code == PlayPause || Code > PlayClose) return eRowerWish::None;
-    FindTimeIdx(gPlayTime);
-    DrawData();
-    return eRowerWish::None;
-}
-
-eRowerWish cRower::PressSpace() const
-{
-    if (Mode == SourceTimer) return eRowerWish::StartLog;
-    return Mode == SourceFrames ? eRowerWish::ToggleReplay : eRowerWish::None;
-}
-
-void cRower::Unload()
+void cRower::Unload() const
 {
     gDeltaT = gTimeStep;
 }

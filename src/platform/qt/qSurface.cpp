@@ -1,24 +1,16 @@
 // The retained picture and its way to the screen.
 #include "platform/qt/qSurface.h"
 
-#include "core/mSettings.h"
 #include "platform/qt/qColour.h"
 #include "platform/qt/qText.h"
 
 #include <QPaintEvent>
 
-#include <algorithm>
 #include <cmath>
 #include <cstring>
 
 namespace {
 const QColor Veil(243, 245, 247, 150);
-
-// Milliseconds from a change to the screen.
-int RefreshDelay()
-{
-    return 1000 / std::clamp<int>(gPictureRate, 1, 250);
-}
 
 QRectF Around(QPointF A, QPointF B)
 {
@@ -26,16 +18,14 @@ QRectF Around(QPointF A, QPointF B)
 }
 } // namespace
 
-qSurface::qSurface(QWidget* Parent) : QWidget(Parent), Pencil(font())
+qSurface::qSurface(QWidget* Parent)
+    : QWidget(Parent), Pencil(font()), Refresh([this] {
+          update(Dirty);
+          Dirty = {};
+      })
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMinimumSize(160, 120);
-    Refresh.setSingleShot(true);
-    Refresh.setTimerType(Qt::PreciseTimer);
-    QObject::connect(&Refresh, &QTimer::timeout, this, [this] {
-        update(Dirty);
-        Dirty = {};
-    });
 }
 
 qSurface::~qSurface()
@@ -74,14 +64,14 @@ QPainter& qSurface::Brush()
 }
 
 // The line's width and half a pixel of rounding stand out on every side. What has no place, as a curve through values
-// beyond all numbers, may have touched anything.
+// that are no numbers, may have touched anything.
 void qSurface::Changed(const QRectF& Place)
 {
     const double Margin = std::ceil(Pencil.PenWidth()) + 1;
     const bool IsFinite = std::isfinite(Place.x() + Place.y() + Place.width() + Place.height());
     const QRectF Seen = Place.adjusted(-Margin, -Margin, Margin, Margin) & QRectF(rect());
     Dirty |= IsFinite ? Seen.toAlignedRect() : rect();
-    if (!Refresh.isActive()) Refresh.start(RefreshDelay());
+    Refresh.Ask();
 }
 
 void qSurface::Clear(int32_t Colour)

@@ -2,10 +2,10 @@
 // veil while the widget is disabled.
 #pragma once
 
+#include "platform/qt/qPace.h"
 #include "platform/qt/qPencil.h"
 
 #include <QImage>
-#include <QTimer>
 #include <QWidget>
 
 #include <functional>
@@ -57,5 +57,5 @@ private:
     QPainter Painter;  // open on the picture while drawing calls follow each other
     qPencil Pencil;
     QRect Dirty; // of the picture, not yet on the screen
-    QTimer Refresh;
+    qPace Refresh;
 };
