@@ -5,11 +5,16 @@
 #include "core/mGlobData.h"
 #include "core/mIni.h"
 #include "files/mBinIO.h"
+#include "live/catch/cCatch.h"
 #include "live/rower/cRower.h"
 #include "platform/mHost.h"
 #include "platform/plain/sSurface.h"
 #include "views/play/cData04play.h"
 #include "views/report/cData03report.h"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
 
 namespace {
 constexpr int Digits = 9;
@@ -95,20 +100,90 @@ void WriteStroke(TabText& Table, int Frame, const cRower& Panel)
     }
 }
 
-// Frames as a replay takes them: one that the decoder refuses is passed over.
-bool PlayThrough(const std::string& Path, cRower& Panel, TabText& Table)
+// A line of a factor or figure that the catch panel shows.
+void WriteCatchLine(TabText& Table, int Frame, const char* Kind, const char* Key, double Value,
+                    const std::string& Colour = "")
+{
+    Table.Cell(Frame).Cell(gSampleTime).Cell(Kind).Cell(Key).Cell(Value).Cell(Colour);
+}
+
+// Left is the mark's place on a bar of this width.
+constexpr double BarWidth = 1000;
+
+void WriteFactor(TabText& Table, int Frame, const char* Kind, const FactorShown& Factor)
+{
+    WriteCatchLine(Table, Frame, Kind, "Last", Factor.Last, std::string(VerdictName(Factor.LastVerdict)));
+    Table.Cell(Factor.Mark * BarWidth).EndLine();
+    if (!Factor.Average) return;
+    WriteCatchLine(Table, Frame, Kind, "Average", *Factor.Average, std::string(VerdictName(Factor.AverageVerdict)));
+    Table.Cell("").EndLine();
+}
+
+// What a sample brought to the catch panel, in the order in which the panel forms it.
+void WriteCatch(TabText& Table, int Frame, const cCatch& Panel)
+{
+    const CatchStroke& Stroke = Panel.Stroke();
+    const std::pair<const char*, double> Figures[] = {
+        {"Strokes", Stroke.StrokeN},       {"Rate", Stroke.Rate},
+        {"RateAver", Stroke.RateAver},     {"Length", Stroke.Length},
+        {"SeatTravel", Stroke.SeatTravel}, {"MaxHandle", Stroke.MaxHandleV},
+        {"MaxSeat", Stroke.MaxSeatV}};
+    for (const auto& [Key, Value] : Figures) {
+        if (!Panel.Newest().Stroke) break;
+        WriteCatchLine(Table, Frame, "N", Key, Value);
+        Table.Cell("").EndLine();
+    }
+    if (Panel.Newest().CF) WriteFactor(Table, Frame, "CF", *Panel.CatchFactor());
+    if (Panel.Newest().FF) WriteFactor(Table, Frame, "FF", *Panel.FinishFactor());
+    if (Panel.Newest().RSF) WriteFactor(Table, Frame, "RSF", *Panel.StyleFactor());
+}
+
+// Frames as a replay takes them: one that the decoder refuses is passed over. Write tells what a frame brought.
+template <class Kind, class Writer>
+bool PlayThrough(const std::string& Path, Kind& Panel, const Writer& Write)
 {
     CreateData();
     int Frame = -1;
     while (const auto Taken = gScanFile.Take()) {
         if (!DecodeLive(FrameSource::Replay, *Taken, gScanStream)) continue;
-        ++Frame;
         Panel.TakeSample();
-        if (Panel.NewStroke()) WriteStroke(Table, Frame, Panel);
+        Write(++Frame);
     }
     if (Frame < 0) TellNoFrames(Path);
     return CloseScanFile();
 }
+
+bool PlayRower(const std::string& Path, TabText& Table)
+{
+    sSurface Screen(1000, 600);
+    cRower Panel(Screen);
+    Panel.Load();
+    Panel.InitMode();
+    Panel.Resize();
+    return PlayThrough(Path, Panel, [&](int Frame) {
+        if (Panel.NewStroke()) WriteStroke(Table, Frame, Panel);
+    });
+}
+
+bool PlayCatch(const std::string& Path, TabText& Table)
+{
+    sSurface Screen(1000, 600);
+    cCatch Panel(Screen);
+    Panel.Load();
+    Panel.InitMode();
+    Panel.Resize();
+    return PlayThrough(Path, Panel, [&](int Frame) { WriteCatch(Table, Frame, Panel); });
+}
+
+// A panel that can be played through, with the heads of its table.
+struct PanelKind
+{
+    std::string_view Name;
+    const char* Heads;
+    bool (*Play)(const std::string& Path, TabText& Table);
+};
+constexpr PanelKind Panels[] = {{"rower", "Frame\tTime\tStroke\tCycle\tRate\tRateAver\tRow\tID\tKey\tValue", PlayRower},
+                                {"catch", "Frame\tTime\tKind\tKey\tValue\tColour\tLeft", PlayCatch}};
 } // namespace
 
 bool DoDerive(const Args& Line)
@@ -133,11 +208,8 @@ bool DoLive(const Args& Line)
 {
     if (!LoadSession(Line.Files[0]) || !OpenScanFile(Line.Files[1])) return false;
     gIsCurves = gIsValue = gIsScore = gIsInd = gIsSound = gIsGrid = true;
-    sSurface Screen(1000, 600);
-    cRower Panel(Screen);
-    Panel.Load();
-    Panel.InitMode();
-    Panel.Resize();
-    TabText Table("Frame\tTime\tStroke\tCycle\tRate\tRateAver\tRow\tID\tKey\tValue");
-    return PlayThrough(Line.Files[1], Panel, Table) && SaveText(Line.Files[2], Table.Text());
+    const std::string Name = Line.Text("--panel", "rower");
+    const auto* Panel = std::ranges::find(Panels, Name, &PanelKind::Name);
+    TabText Table(Panel->Heads);
+    return Panel->Play(Line.Files[1], Table) && SaveText(Line.Files[2], Table.Text());
 }

@@ -63,7 +63,8 @@ void cData01real::InitViewID(int ViewID, int16_t Source)
     Oper.ArgCnt = std::clamp(static_cast<int>(ArgChan.size()) - 1, 0, LiveOper::LastArg);
     Oper.HasSecond = ArgChan.size() > 2 && ArgChan[2] >= 1;
     Numbers.Init(View);
-    if (View.Oper >= OperFigureXY && View.Oper <= OperFigureLast && gFile.Crew.UBound() >= 1) Head = Wide(gFile.Crew[1].Head);
+    if (View.Oper >= OperFigureXY && View.Oper <= OperFigureLast && gFile.Crew.UBound() >= 1)
+        Head = Wide(gFile.Crew[1].Head);
 }
 
 // The row's placement is left, top, right and bottom, whatever its columns are called.
