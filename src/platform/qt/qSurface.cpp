@@ -12,17 +12,17 @@
 namespace {
 const QColor Veil(243, 245, 247, 150);
 
+// Changed places nearer than this to each other, in drawing units, are shown as one; and no more than so many.
+constexpr int Reach = 4;
+constexpr std::size_t MostPlaces = 64;
+
 QRectF Around(QPointF A, QPointF B)
 {
     return QRectF(A, B).normalized();
 }
 } // namespace
 
-qSurface::qSurface(QWidget* Parent)
-    : QWidget(Parent), Pencil(font()), Refresh([this] {
-          update(Dirty);
-          Dirty = {};
-      })
+qSurface::qSurface(QWidget* Parent) : QWidget(Parent), Pencil(font()), Refresh([this] { ShowDirty(); })
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMinimumSize(160, 120);
@@ -70,8 +70,30 @@ void qSurface::Changed(const QRectF& Place)
     const double Margin = std::ceil(Pencil.PenWidth()) + 1;
     const bool IsFinite = std::isfinite(Place.x() + Place.y() + Place.width() + Place.height());
     const QRectF Seen = Place.adjusted(-Margin, -Margin, Margin, Margin) & QRectF(rect());
-    Dirty |= IsFinite ? Seen.toAlignedRect() : rect();
+    AddDirty(IsFinite ? Seen.toAlignedRect() : rect());
     Refresh.Ask();
+}
+
+// The places stay apart, since the ends of many curves are far from each other: what lies between them need not go to
+// the screen. Those that touch become one, and too many as well.
+void qSurface::AddDirty(const QRect& Place)
+{
+    for (QRect& Each : Dirty)
+        if (Each.adjusted(-Reach, -Reach, Reach, Reach).intersects(Place)) {
+            Each |= Place;
+            return;
+        }
+    if (Dirty.size() < MostPlaces) return Dirty.push_back(Place);
+    Dirty.front() |= Place;
+}
+
+void qSurface::ShowDirty()
+{
+    QRegion Places;
+    for (const QRect& Each : Dirty)
+        Places |= Each;
+    Dirty.clear();
+    update(Places);
 }
 
 void qSurface::Clear(int32_t Colour)

@@ -9,6 +9,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <vector>
 
 class qSurface : public QWidget, public iSurface
 {
@@ -49,6 +50,8 @@ private:
     void FitBackground();
     QPainter& Brush();
     void Changed(const QRectF& Place);
+    void AddDirty(const QRect& Place);
+    void ShowDirty();
 
     QImage Picture;
     QImage Ground;
@@ -56,6 +59,6 @@ private:
     QImage Backdrop;   // in the picture's size
     QPainter Painter;  // open on the picture while drawing calls follow each other
     qPencil Pencil;
-    QRect Dirty; // of the picture, not yet on the screen
+    std::vector<QRect> Dirty; // of the picture, not yet on the screen
     qPace Refresh;
 };
