@@ -32,7 +32,7 @@ double Mapped(double Value, double Min, double Max, double From, double To)
     return From + (Value - Min) / (Max - Min) * (To - From);
 }
 
-// A number with Places of it significant, 0 for a whole one; where the margin has no room, with a power of ten.
+// A number with that many significant places, 0 for none after the point; one too long for the margin gets an exponent.
 std::string AxisText(double Value, int Places)
 {
     constexpr double Longest = 1e6;
@@ -67,7 +67,7 @@ bool cCalGraph::IsWithin(Spot Where) const
     return Where.X >= Left && Where.X <= Right && Where.Y >= Top && Where.Y <= Bottom;
 }
 
-// The part of a segment within the plot: its share from From to To of the whole.
+// The part of a segment that lies within the plot. From and To are fractions of its length.
 std::optional<cCalGraph::Segment> cCalGraph::Clipped(Segment Whole) const
 {
     const auto [A, B] = Whole;
@@ -92,7 +92,7 @@ void cCalGraph::Draw()
     DrawGrid();
     const bool HasCurves = fApproxMode == ApproxOneLine || fApproxMode == ApproxTwoLines;
     Line.reset();
-    Grounded = Calibr.Points().size();
+    Grounded = Drawn = Calibr.Points().size();
     DrawPoints(Calibr.Points(), HasCurves && !Calibr.IsTaking() ? Unchosen : Fore);
     if (!HasCurves || Calibr.IsTaking()) {
         Surface.KeepGround();
@@ -148,7 +148,7 @@ void cCalGraph::DrawCaptions()
         DrawCaption(Left + 6, Top + 6 + CaptionFont, "Channel " + ChanLabel(Calibr.Chan()), eAlign::Left);
 }
 
-// On white, where no line of the grid runs through it.
+// On a white box, so that no grid line runs through the text.
 void cCalGraph::DrawCaption(double X, double Y, const std::string& Text, eAlign Align)
 {
     constexpr double LetterWidth = 0.66 * CaptionFont;
@@ -206,7 +206,7 @@ void cCalGraph::DrawLine()
     Surface.Line(Line->first.X, Line->first.Y, Line->second.X, Line->second.Y);
 }
 
-// The ground is put back along the line only.
+// Restores the background along the line only.
 void cCalGraph::EraseLine()
 {
     if (!Line) return;
@@ -228,12 +228,15 @@ void cCalGraph::ErasePoint(const CalPoint& Point)
         Surface.RestoreGround(Where.X - Reached, Where.Y - Reached, Where.X + Reached, Where.Y + Reached);
 }
 
-// Points that are not yet in the ground are drawn again, since the line may have run over a part of them.
-void cCalGraph::AddPoint()
+// Points that are not part of the kept background are drawn again, since erasing the line may have cut into them.
+void cCalGraph::AddPoints()
 {
     const CalPoints& Points = Calibr.Points();
     if (Points.empty()) return;
-    const bool IsOutgrown = Calibr.Flag(FlagAutoAxes) && !IsWithin(PlaceOf(Points.back()));
+    const auto IsBeyond = [this](const CalPoint& Point) { return !IsWithin(PlaceOf(Point)); };
+    const std::size_t Known = std::min(Drawn, Points.size());
+    const bool IsOutgrown = Calibr.Flag(FlagAutoAxes) &&
+                            std::any_of(Points.begin() + static_cast<std::ptrdiff_t>(Known), Points.end(), IsBeyond);
     if (IsOutgrown) Calibr.SetCalGr();
     if (IsOutgrown || Points.size() < Grounded || Points.size() > Grounded + MostUngrounded) return Draw();
     const auto Fresh = std::span(Points).subspan(Grounded);
@@ -241,6 +244,7 @@ void cCalGraph::AddPoint()
     for (const CalPoint& Point : Fresh)
         ErasePoint(Point);
     DrawPoints(Fresh, Fore);
+    Drawn = Points.size();
     DrawLine();
 }
 

@@ -17,9 +17,9 @@ public:
     /// the chosen use of the points shows.
     void Draw();
 
-    /// Draws the point that was just taken and the running line in place of the former one. Automatic axes grow when
-    /// the point lies beyond them.
-    void AddPoint();
+    /// Draws the points taken since the last time and the running line in place of the former one. Automatic axes grow
+    /// when a point lies beyond them.
+    void AddPoints();
 
     /// Number and values of the point at that place or near it; empty when there is none.
     std::string TextAt(double X, double Y) const;
@@ -56,5 +56,6 @@ private:
     double Radius = 0;
     bool IsXLogical = true;
     std::optional<Segment> Line; // the running line on the surface
-    std::size_t Grounded = 0;    // points in the kept ground
+    std::size_t Grounded = 0;    // points in the kept background
+    std::size_t Drawn = 0;       // points on the surface
 };

@@ -3,6 +3,7 @@
 
 #include "acquisition/mComFast.h"
 #include "base/mNumText.h"
+#include "core/mGlobData.h"
 #include "core/mIni.h"
 #include "core/mSettings.h"
 #include "platform/mHost.h"
@@ -16,11 +17,6 @@ int16_t& FlagOf(eCalFlag Index)
 {
     int16_t* const Flags[] = {&gAutoCalibr, &fXisLog, &fAutoAxes, &fTorque};
     return *Flags[Index];
-}
-
-bool IsLinkOpen()
-{
-    return gLinkWatch.State() == cLinkWatch::eState::Open;
 }
 } // namespace
 
@@ -57,33 +53,16 @@ eApprox cCalibr::Approx() const
 
 std::string cCalibr::CountText() const
 {
-    std::string Text =
-        FormatNum(static_cast<double>(mPoints.size()), "0") + (mPoints.size() == 1 ? " point" : " points");
-    if (mModified && !mPoints.empty()) Text += ", not saved";
-    if (mAnalysis.IsDone && mIsOutdated) Text += ", newer than the analysis";
+    const std::size_t Count = Points().size();
+    std::string Text = FormatNum(static_cast<double>(Count), "0") + (Count == 1 ? " point" : " points");
+    if (mPoints.IsModified() && !mPoints.IsEmpty()) Text += ", not saved";
+    if (mFit.IsOutdated()) Text += ", newer than the analysis";
     return Text;
 }
 
 std::string cCalibr::State() const
 {
-    const std::string Count = CountText();
-    const cLinkWatch::eState Link = gLinkWatch.State();
-    if (Link == cLinkWatch::eState::Closed)
-        return std::string("The link is closed; Do Calibration in the menu opens it") +
-               (mTaking ? ", then data come. " : ". ") + Count + ". " + (mTaking ? "" : "Enter takes the channel, ") +
-               "Escape leaves.";
-    if (Link != cLinkWatch::eState::Open)
-        return (Link == cLinkWatch::eState::Lost ? "The link is lost and is being taken up again. "
-                                                 : "The link is being made. ") +
-               Count + ". " + (mTaking ? "" : "Enter starts the data, ") + "Escape stops.";
-    if (!mTaking)
-        return "The link is open. " + Count + ". " + (mBoxes[BoxChan].empty() ? "Type the channel: " : "") +
-               "Enter starts the data, Escape stops.";
-    if (!mHasFrame || gLinkWatch.IsSilent()) return "No data are coming. " + Count + ". Escape stops.";
-    const std::string Space = !gAutoCalibr ? "Enter and Space take a point"
-                              : mAutoRun   ? "Each frame is a point: Space ends that"
-                                           : "Enter takes a point, Space takes each frame";
-    return "Data are coming. " + Count + ". " + Space + ", Escape stops.";
+    return mTaking.State(CountText(), mBoxes[BoxChan].empty());
 }
 
 CalibrRow* cCalibr::Row() const
@@ -99,22 +78,6 @@ bool cCalibr::HasChannel() const
     return false;
 }
 
-bool cCalibr::HasCalibrator() const
-{
-    if (!gAutoCalibr || (gAutoCalCh >= 1 && gAutoCalCh <= LastDataChan)) return true;
-    MsgBox("There is no automatic calibrator: calibrate a channel and press \"Set as Auto-Calibr\" first.",
-           TitleInformation);
-    return false;
-}
-
-// A lever of 0 would make every physical value 0.
-bool cCalibr::HasLever() const
-{
-    if (!gAutoCalibr || !fTorque || Val(mTypedPhys) != 0) return true;
-    MsgBox("Torque needs the lever: type it as Physical Value before the data are started.", TitleInformation);
-    return false;
-}
-
 void cCalibr::SetBox(eCalBox Index, const std::string& Text)
 {
     mBoxes[Index] = Text;
@@ -125,28 +88,13 @@ void cCalibr::SetBox(eCalBox Index, const std::string& Text)
 void cCalibr::SetFlag(eCalFlag Index, bool On)
 {
     FlagOf(Index) = On ? 1 : 0;
-    if (Index == FlagXisLog || Index == FlagAutoAxes) return TakeAxes();
-    mAutoRun = false;
-    if (!mTaking) return;
-    TakeMode();
-    mTaking = HasCalibrator() && HasLever();
+    if (Index == FlagXisLog || Index == FlagAutoAxes) return mPoints.BeginAxes(Row());
+    mTaking.Choose(mChan, Val(mTypedPhys));
 }
 
 void cCalibr::SetApprox(eApprox Mode)
 {
     fApproxMode = Mode;
-}
-
-// The calibrator or the typed value, and the lever.
-void cCalibr::TakeMode()
-{
-    if (gAutoCalibr) {
-        if (gAutoSwitchCal) SelectCalibrSens(mChan);
-        mAutoQ0 = gAutoCalQ0;
-        mAutoQ1 = gAutoCalQ1;
-    } else
-        mPhys = Val(mBoxes[BoxPhys]);
-    if (fTorque) mLever = Val(mTypedPhys);
 }
 
 bool cCalibr::TakeChan(double Number)
@@ -171,75 +119,57 @@ bool cCalibr::StartData()
     const int16_t Former = mChan;
     if (!TakeChan(Val(mBoxes[BoxChan]))) return false;
     if (mChan != Former) AskForPointsOf(Former);
-    mTaking = mHasFrame = false;
     mSensID = Row()->SensorID;
-    TakeAxes();
-    TakeMode();
-    return mTaking = HasCalibrator() && HasLever();
+    mPoints.BeginAxes(Row());
+    return mTaking.Begin(mChan, Val(mTypedPhys));
 }
 
 // Points of two channels would give a line of neither.
 void cCalibr::AskForPointsOf(int16_t Former)
 {
-    if (!mPoints.empty() && AskYesNo("The points are those of channel " + FormatNum(Former, "0") +
-                                         ". Do you want to delete them before another one is calibrated?",
-                                     TitleWarning)) {
-        DelAllPoints();
-        mUndoChan = Former;
-    }
+    if (mPoints.IsEmpty() || !AskYesNo("The points are those of channel " + FormatNum(Former, "0") +
+                                           ". Do you want to delete them before another one is calibrated?",
+                                       TitleWarning))
+        return;
+    mPoints.DeleteAll({Former, mSensID});
+    mFit.Drop();
 }
 
-bool cCalibr::DrawData()
+bool cCalibr::TakeSample()
 {
-    if (!mTaking) return false;
-    mHasFrame = true;
-    mLog = gData[static_cast<std::size_t>(mChan)];
-    bool IsPoint = false;
-    if (mAutoRun) {
-        mPhys = CalibratorValue();
-        IsPoint = PutDataPoint();
-        mBoxes[BoxPhys] = FormatNum(mPhys, "0.00");
-    }
-    mBoxes[BoxLog] = FormatNum(mLog, "0");
+    if (!mTaking.IsOn()) return false;
+    mTaking.TakeSample(mChan);
+    const bool IsPoint = mTaking.IsAutoRun() && PutDataPoint();
+    if (mTaking.IsAutoRun()) mBoxes[BoxPhys] = FormatNum(mTaking.CalibratorValue(), "0.00");
+    mBoxes[BoxLog] = FormatNum(mTaking.Log(), "0");
     return IsPoint;
-}
-
-double cCalibr::CalibratorValue() const
-{
-    return (gData[static_cast<std::size_t>(gAutoCalCh)] * mAutoQ1 + mAutoQ0) * (fTorque ? mLever : 1);
 }
 
 bool cCalibr::PutDataPoint()
 {
-    if (!IsLinkOpen() || gLinkWatch.IsSilent() || !mTaking || !mHasFrame) return false;
-    if (gAutoCalibr && mLog == 0) return false; // a missing frame of the calibrator
-    mPhys = gAutoCalibr ? CalibratorValue() : Val(mBoxes[BoxPhys]);
-    mPoints.push_back({mLog, mPhys});
-    mPntCnt = mPoints.size();
-    mSums.Add(mPoints.back());
-    mLine = mSums.Line();
-    mExtremes.TakeP(mPhys);
-    ShowLine();
-    ShowExtremes();
-    mModified = mIsOutdated = true;
+    if (!mTaking.CanPut()) return false;
+    mPoints.Add({mTaking.Log(), gAutoCalibr ? mTaking.CalibratorValue() : Val(mBoxes[BoxPhys])});
+    mFit.SetOutdated();
+    ShowNumbers();
     return true;
 }
 
 bool cCalibr::Space()
 {
     if (!gAutoCalibr) return PutDataPoint();
-    mAutoRun = mTaking && !mAutoRun;
+    mTaking.ToggleAutoRun();
     return false;
 }
 
 void cCalibr::StopData()
 {
-    mTaking = mAutoRun = false;
+    mTaking.Stop();
     if (gLinkWatch.State() != cLinkWatch::eState::Closed) CloseLink();
     Analyse0();
 }
 
 bool cCalibr::CheckModified() const
 {
-    return !mModified || AskYesNo("The calibration data was modified. Do you realy want to discard it?", "Warning");
+    return !mPoints.IsModified() ||
+           AskYesNo("The calibration data was modified. Do you realy want to discard it?", "Warning");
 }

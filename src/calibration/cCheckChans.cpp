@@ -39,7 +39,8 @@ void cCheckChans::SetUpPoly()
     if (mChanCnt == 0) return;
     const double Pitch = static_cast<double>(mHeight - 2 * mTop) / mChanCnt;
     mRowH = Place(Pitch);
-    // A channel's riser runs down its own row, and the tread below leads to the riser of the next.
+    // The vertical part of a step runs down the channel's own row; the horizontal part below it leads to the next
+    // channel.
     for (int i = 1; i <= mChanCnt; ++i) {
         const auto Top = static_cast<std::size_t>(2 * i - 1);
         mPoly[Top].Y = mPoly[Top - 1].Y;
@@ -78,7 +79,7 @@ void cCheckChans::DrawScale()
     }
 }
 
-// Names that are higher than their rows take turns in columns, so that eighty-four of them can be read.
+// Names that are higher than their rows are spread over several columns, so that all eighty-four can be read.
 void cCheckChans::DrawLabels()
 {
     const int Size = std::clamp(mRowH - 3, 10, 14);
@@ -105,14 +106,14 @@ void cCheckChans::TakeCounts()
 {
     for (int i = 1; i <= std::min<int>(mChanCnt, LastDataChan); ++i) {
         const auto Chan = static_cast<std::size_t>(i);
-        // A count beyond the scale stands beside the bar, where it can be seen.
+        // A count beyond the scale is shown beside the bar, where it can be seen.
         const int32_t X = std::clamp(Place(mXScale * gData[Chan]) + mLeft, mLeft / 2, mWidth - mLeft / 2);
         mPoly[2 * Chan - 1].X = X;
         mPoly[2 * Chan].X = X;
     }
 }
 
-// The ground is put back along the line only: what is near it stays.
+// Restores the background along the line only; what is near it stays.
 void cCheckChans::Erase()
 {
     if (Shown == Form::Staircase)

@@ -141,11 +141,11 @@ void cReZero::SetQ1(int Row, const std::string& Text)
 void cReZero::ShowCount(ReZeroRow& Row)
 {
     Row.LogText = FormatNum(Row.Log, "0000");
-    // What rounds to zero has no sign.
+    // A value that rounds to zero is shown without a sign.
     Row.PhysText = FormatNum(std::abs(Row.Phys) < 0.005 ? 0.0 : Row.Phys, "00.00");
 }
 
-void cReZero::DrawData()
+void cReZero::TakeSample()
 {
     for (ReZeroRow& Row : mRows) {
         Row.Log = static_cast<int32_t>(RoundHalfEven(Count(Row.Chan)));
@@ -236,14 +236,14 @@ std::string cReZero::State(bool IsTaking) const
 bool cReZero::GetFromFile(const std::string& Path)
 {
     if (!ReadLastFrame(Path)) return false;
-    DrawData();
+    TakeSample();
     for (ReZeroRow& Row : mRows)
         TakeZero(Row, Row.Log);
     mDirty = true;
     return true;
 }
 
-// A row without a new zero leaves its channel alone: it may have been calibrated since the row was filled.
+// A row without a new zero does not change its channel, which may have been calibrated since the row was filled.
 void cReZero::Store()
 {
     if (mCalibrMode) {

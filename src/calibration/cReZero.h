@@ -65,20 +65,21 @@ public:
     /// The user's text in the column "Q1": written to the channel at once, in a row that exists.
     void SetQ1(int Row, const std::string& Text);
 
-    /// Takes the newest counts.
-    void DrawData();
+    /// Takes the counts of gData.
+    void TakeSample();
 
-    /// Makes the present counts the zeros. False when no count has come (told).
+    /// Makes the present counts the zeros. False when no count has come (reported to the user).
     bool ReZero();
 
-    /// Makes the last counts of a raw file the zeros. False when the file cannot be read or holds no frame (told).
+    /// Makes the last counts of a raw file the zeros. False when the file cannot be read or holds no frame (reported to
+    /// the user).
     bool GetFromFile(const std::string& Path);
 
     /// Puts the results into the session, or the calibrator's into the ini file's globals.
     void Store();
 
-    /// Store, and writes the session behind a backup copy, or the ini file. False when that fails (told): what was
-    /// stored is then as it was.
+    /// Store, then writes the session after a backup copy, or the ini file. False when that fails (reported to the
+    /// user): what was stored is then as it was.
     bool SaveData();
 
 private:

@@ -36,7 +36,7 @@ void cTrackChans::SetUpPoly()
     mYScale = (mHeight - 2 * mTop) / FullScale;
     for (int Column = 0; Column < Columns; ++Column)
         mTrace[static_cast<std::size_t>(Column)].fill({Place(Column * mXStep) + mLeft, mTop});
-    mPos = 0;
+    mPos = Undrawn = 0;
     IsSwept = false;
 }
 
@@ -58,24 +58,38 @@ void cTrackChans::DrawGrid()
     Surface.KeepGround();
 }
 
-// One strip of the ground is put back for all channels: the segments of the last sweep and the cursor go with it. The
-// pen's round ends reach beyond a column, so the segment before is drawn again with the new one.
-void cTrackChans::DrawData()
+void cTrackChans::TakeSample()
 {
-    const int32_t From = mPos < 2 ? 0 : ColumnX(mPos - 2) + 1;
-    Surface.RestoreGround(From, 0, ColumnX(mPos) + 1, mHeight);
     for (int i = 1; i <= mChanCnt; ++i) {
         // A count beyond the scale runs along outside the frame.
         const int32_t Y = Place(mYScale * gData[static_cast<std::size_t>(i)]) + mTop;
         TraceAt(mPos, i).Y = std::clamp(Y, mTop / 2, mHeight - mTop / 2);
-        // Behind the last colour of the table the pen keeps the colour it has.
-        const int Colour = ((i - 1) & 255) + 1;
-        if (Colour < static_cast<int>(gRGB.size())) Surface.SetPen(At(gRGB, Colour), PenWidth);
-        DrawTrace(i, std::max(mPos - 2, 0), mPos);
     }
     mPos = (mPos + 1) % Columns;
     if (mPos == 0) IsSwept = true;
+    // Drawing a column needs the two before it: of a whole sweep the two oldest columns are not drawn.
+    Undrawn = std::min(Undrawn + 1, Columns - 2);
+}
+
+void cTrackChans::DrawData()
+{
+    for (; Undrawn > 0; --Undrawn)
+        DrawColumn((mPos - Undrawn + Columns) % Columns);
     DrawCursor();
+}
+
+// One strip of the background is restored for all channels, which removes the segments of the last sweep and the
+// cursor. The pen's round ends reach beyond a column, so the previous segment is drawn again with the new one.
+void cTrackChans::DrawColumn(int Column)
+{
+    const int32_t From = Column < 2 ? 0 : ColumnX(Column - 2) + 1;
+    Surface.RestoreGround(From, 0, ColumnX(Column) + 1, mHeight);
+    for (int i = 1; i <= mChanCnt; ++i) {
+        // After the last colour of the table the pen keeps the colour it has.
+        const int Colour = ((i - 1) & 255) + 1;
+        if (Colour < static_cast<int>(gRGB.size())) Surface.SetPen(At(gRGB, Colour), PenWidth);
+        DrawTrace(i, std::max(Column - 2, 0), Column);
+    }
 }
 
 void cTrackChans::DrawCursor()

@@ -20,7 +20,10 @@ public:
     /// Draws frame and scale on an empty surface.
     void DrawGrid();
 
-    /// Draws the next column of all traces from gData in place of the one drawn a sweep ago.
+    /// Takes the counts of gData as the next column of all traces, in place of the one taken a sweep ago.
+    void TakeSample();
+
+    /// Draws the columns taken since the last time, and the cursor after them.
     void DrawData();
 
     /// Whether counts are still coming; traces that have ended are grey until the sweep passes over them.
@@ -35,6 +38,7 @@ private:
     {
         return mTrace[static_cast<std::size_t>(Column)][static_cast<std::size_t>(Chan)];
     }
+    void DrawColumn(int Column);
     void DrawTrace(int Chan, int From, int To);
     void DrawCursor();
 
@@ -48,6 +52,7 @@ private:
     double mXStep = 0;  // drawing units a column
     double mYScale = 0; // drawing units a count
     std::array<std::array<SurfacePoint, Channels>, Columns> mTrace{};
-    int32_t mPos = 0;
+    int32_t mPos = 0;     // the column that is taken next
+    int Undrawn = 0;      // columns before it that are not on the surface yet
     bool IsSwept = false; // the traces have gone all the way across once
 };

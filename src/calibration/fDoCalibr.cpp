@@ -14,13 +14,15 @@
 #include <QTextEdit>
 #include <QToolTip>
 
+#include <utility>
+
 namespace {
 bool IsLinkClosed()
 {
     return gLinkWatch.State() == cLinkWatch::eState::Closed;
 }
 
-// A text that is as it was keeps the cursor where it is; one that is too long shows its beginning.
+// An unchanged text leaves the cursor where it is; a text that is too long shows its beginning.
 void Show(QLineEdit& Box, const std::string& Text)
 {
     if (Plain(Box.text()) == Text) return;
@@ -50,14 +52,19 @@ void fDoCalibr::DrawAnew()
     ShowTexts();
 }
 
-void fDoCalibr::DrawData()
+void fDoCalibr::TakeSample()
 {
-    TakePoint(Calibr.DrawData());
+    if (Calibr.TakeSample()) HasNewPoints = true;
 }
 
-bool fDoCalibr::TakePoint(bool IsPoint)
+void fDoCalibr::DrawData()
 {
-    if (IsPoint) Graph.AddPoint();
+    ShowPoint(std::exchange(HasNewPoints, false));
+}
+
+bool fDoCalibr::ShowPoint(bool IsPoint)
+{
+    if (IsPoint) Graph.AddPoints();
     ShowTexts();
     if (IsPoint && Boxes[BoxPhys]->hasFocus()) AwaitLoad();
     return IsPoint;
@@ -83,7 +90,7 @@ bool fDoCalibr::Work(int Command)
     case cmdStop:
         return StopData();
     case cmdPut:
-        return TakePoint(Calibr.PutDataPoint());
+        return ShowPoint(Calibr.PutDataPoint());
     case cmdSave:
         return SaveData();
     case cmdStore:
@@ -119,7 +126,7 @@ bool fDoCalibr::StartData()
     return true;
 }
 
-// By hand the next thing typed is a load, over the one before it.
+// In manual mode the next thing typed is a load, which replaces the previous one.
 void fDoCalibr::AwaitLoad()
 {
     if (Calibr.Flag(FlagAutomatic)) return;
@@ -154,7 +161,7 @@ void fDoCalibr::Leave()
     if (Calibr.CheckModified()) Unload();
 }
 
-// The sensor's identifier is the one text that has letters and blanks.
+// Only the sensor's identifier may contain letters and blanks.
 bool fDoCalibr::IsTyping() const
 {
     return txtSensID->hasFocus();
@@ -177,7 +184,7 @@ bool fDoCalibr::TakeLetter(int Key)
         Obey(cmdDelete);
         return true;
     case Qt::Key_Space:
-        TakePoint(Calibr.Space());
+        ShowPoint(Calibr.Space());
         return true;
     default:
         return false;
@@ -203,7 +210,7 @@ bool fDoCalibr::TakeKey(const QKeyEvent& Event)
     }
 }
 
-// Keys are commands wherever the keyboard is; a space would press the button it is on, a letter would be typed.
+// Keys are commands whichever control has the focus: a space would otherwise press a button, a letter be typed.
 bool fDoCalibr::eventFilter(QObject* Watched, QEvent* Event)
 {
     if (Event->type() == QEvent::KeyPress && TakeKey(static_cast<QKeyEvent&>(*Event))) return true;

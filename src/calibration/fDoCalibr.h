@@ -23,6 +23,7 @@ class fDoCalibr : public qDataWindow
 public:
     fDoCalibr();
 
+    void TakeSample() override;
     void DrawData() override;
     void SetLive(bool Live) override;
 
@@ -35,7 +36,7 @@ protected:
     void closeEvent(QCloseEvent* Event) override;
 
 private:
-    // The last command has no number: it takes back what the one before it, or a file, did to the points.
+    // The last command has no number of its own: it undoes what the one before it, or a file, did to the points.
     enum eCommand
     {
         cmdStart,
@@ -66,7 +67,7 @@ private:
     bool Work(int Command);
     bool StartData();
     bool StopData();
-    bool TakePoint(bool IsPoint);
+    bool ShowPoint(bool IsPoint);
     bool SaveData();
     bool SaveTable();
     void AwaitLoad();
@@ -88,5 +89,6 @@ private:
     QLineEdit* txtArrMin = nullptr;
     QLineEdit* txtArrMax = nullptr;
     QTextEdit* txtAnalys = nullptr;
-    QTimer Look; // at the link, which may be gone without a frame
+    bool HasNewPoints = false; // since they were drawn last
+    QTimer Look;               // at the link, which may be gone without a frame
 };

@@ -24,7 +24,7 @@ namespace {
 constexpr const char* Section = "fDoReZero";
 constexpr int LookMs = 250; // from one look at the link to the next
 
-// A column: object name of its boxes, head, where its text is, the colour of the first row's, and what it holds.
+// A column: object name of its boxes, heading, member with its text, colour of the first row, tool tip.
 struct Column
 {
     const char* Name;
@@ -170,7 +170,7 @@ void fDoReZero::ShowState()
     if (State->text() != Text) State->setText(Text);
 }
 
-// One blank row stands where no group was chosen yet.
+// One blank row is shown until a group is chosen.
 void fDoReZero::ShowRows()
 {
     const auto Rows = ReZeroing.Rows();
@@ -208,12 +208,6 @@ void fDoReZero::StopData()
     Tag.clear();
     CloseLink();
     ShowState();
-}
-
-void fDoReZero::DrawData()
-{
-    ReZeroing.DrawData();
-    ShowRows();
 }
 
 void fDoReZero::SetLive(bool Live)
@@ -255,7 +249,7 @@ void fDoReZero::SaveData()
     ShowState();
 }
 
-// A space typed by chance must not press a button, and in a box for numbers the commands' letters are no text.
+// A space typed by accident must not press a button, and the letters of commands are no input for number boxes.
 bool fDoReZero::eventFilter(QObject* Watched, QEvent* Event)
 {
     const bool IsKey = Event->type() == QEvent::KeyPress || Event->type() == QEvent::KeyRelease;
@@ -286,8 +280,8 @@ void fDoReZero::keyPressEvent(QKeyEvent* Event)
     }
 }
 
-// The question is a reminder: the window closes whatever the answer is. Only what would close it along with the
-// session or the program waits for the answer.
+// The question is a reminder: the window closes whatever the answer is. Only when the session or the program is closed
+// does the answer No keep it open.
 void fDoReZero::closeEvent(QCloseEvent* Event)
 {
     if (ReZeroing.IsDirty() && !AskYesNo("Are you sure to discard changes?", TitleWarning) &&

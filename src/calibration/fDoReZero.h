@@ -39,7 +39,8 @@ public:
     /// Shows rows and texts as they stand now.
     void ShowRows();
 
-    void DrawData() override;
+    void TakeSample() override { ReZeroing.TakeSample(); }
+    void DrawData() override { ShowRows(); }
     void SetLive(bool Live) override;
 
 protected:

@@ -11,6 +11,7 @@ class fTrackChans : public qDataWindow
 public:
     fTrackChans();
 
+    void TakeSample() override { Chans.TakeSample(); }
     void DrawData() override { Chans.DrawData(); }
     void SetLive(bool Live) override { Chans.SetLive(Live); }
     void NewSession() override;

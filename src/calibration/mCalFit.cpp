@@ -1,4 +1,4 @@
-// Choice of the points, the fits, and the texts that tell of them.
+// Choice of the points, the fits, and their texts.
 #include "calibration/mCalFit.h"
 
 #include "base/mError.h"
@@ -12,7 +12,7 @@ namespace {
 constexpr std::size_t CoefCnt = std::tuple_size_v<CalCoefs>;
 constexpr const char* EndLine = "\r\n";
 
-// Whether the points lie at enough counts to tell a curve from a line.
+// Whether the points have enough different counts to determine a curve.
 bool AreSpread(std::span<const CalPoint> Points)
 {
     std::vector<double> Counts;
@@ -37,7 +37,7 @@ std::string FitBranch(std::span<const CalPoint> Chosen, CalBranch& Branch)
     return std::isfinite(Branch.R) ? "" : NoSolution;
 }
 
-// An analysis that came to nothing.
+// An analysis without a result.
 CalAnalysis Failed(const std::string& Reason)
 {
     CalAnalysis Result;

@@ -6,7 +6,7 @@
 #include <algorithm>
 
 namespace {
-// Keeps a table within the range measured, where its fits have points to both sides.
+// Keeps a table within the measured range, where its fits have points on both sides.
 constexpr double LimitMargin = 4.0;
 } // namespace
 

@@ -3,6 +3,7 @@
 
 #include "base/mCodePage.h"
 #include "base/mSafeSave.h"
+#include "core/mNotice.h"
 #include "core/mSettings.h"
 #include "files/mTextIO.h"
 #include "platform/mHost.h"
@@ -22,10 +23,11 @@ bool WriteTableAndSession(const ComingRefFile& Table, const std::string& Session
     WholeFile SessionFile(Session);
     TableFile.Append(Table.Text);
     SessionFile.Append(EncodeText(DataFileText(gFile, SectionFilter::Any), gFile.Encoding, TextPage()));
-    if (CommitBoth(TableFile, SessionFile)) return true;
-    if (!TableFile.Failure().empty())
-        MsgBox("Can't open file: " + Table.Path + " (" + TableFile.Failure() + ")", TitleError);
-    if (!SessionFile.Failure().empty())
-        MsgBox("Can't write file: " + Session + " (" + SessionFile.Failure() + ")", TitleError);
+    if (CommitBoth(TableFile, SessionFile)) {
+        if (Session == gCurFile) Notify(eNotice::SessionSaved);
+        return true;
+    }
+    if (!TableFile.Failure().empty()) FileFailed(CantOpen, Table.Path, TitleError, TableFile.Failure());
+    if (!SessionFile.Failure().empty()) FileFailed(CantWrite, Session, TitleWarning, SessionFile.Failure());
     return false;
 }

@@ -1,4 +1,4 @@
-// What both channel indicators share: colours and names of channels, the values of the scale, places within bounds.
+// What both channel indicators share: colours and names of channels, the values of the scale, limited places.
 #pragma once
 
 #include <array>
@@ -13,7 +13,7 @@ inline constexpr int32_t DeadColour = 0x969696;  // values that no longer come
 inline constexpr int ScaleLines = 10;
 double ScaleValue(int Line);
 
-/// Colour of a channel, 0x00BBGGRR: the eight colours behind the background colour in turn.
+/// Colour of a channel, 0x00BBGGRR: the eight colours after the background colour in turn.
 int32_t ChanColour(int Chan);
 
 /// Number of a channel, and its ParamID where the channel table has a row for it.
@@ -25,7 +25,7 @@ std::string ChanList();
 /// The colour, darkened until a text in it can be read on white in the sun.
 int32_t Legible(int32_t Colour);
 
-/// The colour, mixed with white until lines in it stand behind everything else.
+/// The colour, mixed with white until lines in it recede behind everything else.
 int32_t Pale(int32_t Colour);
 
 /// X truncated, within what a screen could show.

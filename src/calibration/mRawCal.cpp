@@ -65,7 +65,7 @@ std::string Describe(const RawCal& Data)
     return Line;
 }
 
-// A channel number that is none becomes 0.
+// A number that is no channel becomes 0.
 void ReadHead(std::string_view Line, RawCal& Data)
 {
     for (int Field = 0; !Line.empty(); ++Field) {
@@ -80,7 +80,7 @@ void ReadHead(std::string_view Line, RawCal& Data)
     }
 }
 
-// Number, P and L; whatever stands behind the last tab of a line is L too.
+// Number, P and L; whatever follows the last tab of a line is L too.
 std::optional<CalPoint> ReadPoint(std::string_view Line)
 {
     TakeUpTo(Line, '\t');

@@ -22,9 +22,9 @@ struct RawCal
     CalPoints Points;
 };
 
-/// Writes the whole file. False when that fails (told).
+/// Writes the whole file. False when that fails (reported to the user).
 bool SaveRawCal(const std::string& Path, const RawCal& Data);
 
-/// Reads channel, line, sensor and points; the other fields are not taken. Lines without numbers are left out (told).
-/// Nothing when the file cannot be read or is none of this kind (told).
+/// Reads channel, line, sensor and points; the other fields are not taken. Lines without numbers are left out (reported
+/// to the user). Nothing when the file cannot be read or is none of this kind (reported to the user).
 std::optional<RawCal> LoadRawCal(const std::string& Path);

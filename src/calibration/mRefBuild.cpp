@@ -35,7 +35,7 @@ bool FitCubic(const Sample& Points, Fit& Result)
     return PolyFit(Points.P, Points.L, Degree, Result.Sigma, Result.Coef);
 }
 
-// The count at physical value V and the number of points that it was taken from; 0 points where there are too few.
+// The count at physical value V; gives the number of points that it was fitted to, 0 where there are too few.
 std::size_t CountAt(std::span<const CalPoint> Points, double V, double& Count)
 {
     Sample Near;
@@ -81,7 +81,7 @@ void SmoothRefTable(RefTable& Table)
         if (!PolyFit(std::span(Table.Y).subspan(First, Width), std::span(Table.X).subspan(First, Width), Degree, Sigma,
                      Coef))
             continue;
-        // The outermost fits serve the rows beyond their middle as well.
+        // The first and the last fit also give the rows beyond their middle.
         const int From = i == SmoothReach ? 0 : i;
         const int To = i == Table.Cnt - SmoothReach ? Table.Cnt : i;
         for (int Row = From; Row <= To; ++Row)

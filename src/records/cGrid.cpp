@@ -1,4 +1,4 @@
-// Rows added, removed and moved to.
+// Adding and removing rows, and the current row.
 #include "records/cGrid.h"
 
 #include "base/mError.h"

@@ -1,4 +1,4 @@
-// Grid, buttons and the line that tells which row is in use.
+// Grid, buttons and the line that says which row is in use.
 #include "records/fTargets.h"
 
 #include "core/mIni.h"
@@ -74,7 +74,7 @@ QLayout* fTargets::BuildButtons()
     Column->addWidget(AddButton("cmdUndo", "&Undo", "Takes the last change back (Ctrl+Z)", [this] { Grid->Undo(); }));
     Column->addStretch();
     Column->addWidget(
-        AddButton("cmdOK", "O&K", "Saves the targets behind a backup copy and closes the window", [this] { Store(); }));
+        AddButton("cmdOK", "O&K", "Keeps a backup copy, saves the targets and closes the window", [this] { Store(); }));
     QPushButton* Dropping =
         AddButton("cmdCancel", "&Cancel", "Drops what is being typed and goes to the first row", [this] { Cancel(); });
     Grid->SetCancel(*Dropping);

@@ -15,7 +15,7 @@ class QPushButton;
 class fTargets : public QWidget
 {
 public:
-    /// Where place and column widths are kept: a section of the settings, and what stands ahead of its keys.
+    /// Where place and column widths are kept: a section of the settings, and what its keys begin with.
     static constexpr const char* Section = "TargGrid";
     static constexpr const char* Prefix = "Targets_";
 

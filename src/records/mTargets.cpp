@@ -40,7 +40,7 @@ Cells SplitTabs(std::string_view Line)
     }
 }
 
-// The lines of a table between its mark and its end, as cells; a text with another mark has none.
+// The lines of a table between its first line and its end, split into cells; none when the first line is another one.
 std::vector<Cells> TableLines(std::string_view Text, std::string_view Mark)
 {
     std::vector<Cells> Lines;
@@ -103,7 +103,7 @@ bool Matches(const TargetRow& Row)
            Lower(Boats).find(Lower(gFile.BoatType)) != std::string::npos;
 }
 
-// Place of the row that fits the session, -1 when none does. The table's last row is a pattern for new rows and is
+// Index of the row that fits the session, -1 when none does. The table's last row is a pattern for new rows and is
 // never chosen.
 int FindTarget(const std::vector<TargetRow>& Rows)
 {
@@ -139,7 +139,7 @@ void InitTargets()
         MsgBox("No Targets were found for the category " + gFile.Sex + gFile.Category + gFile.BoatType + gFile.AgeGroup,
                TitleTargets);
         gIsTargVals = 0;
-        // The store takes the switch of the curves: with them on, the targets are looked for again next time.
+        // The settings get the switch of the curves: with curves on, the targets are searched again next time.
         gHost.Settings->SaveSetting("Models", "gIsTargVals", FormatNum(gIsTargCurves, "0"));
     }
     if (gIsTargCurves > 0 && !LoadCurves()) {

@@ -12,7 +12,7 @@
 /// The target values of a crew category.
 struct TargetRow
 {
-    /// What stands ahead of the values: identifier, target group, sex, weight category, boat types, age group.
+    /// The cells before the values: identifier, target group, sex, weight category, boat types, age group.
     static constexpr int FieldCnt = 6;
 
     std::array<std::string, FieldCnt> Fields;
@@ -40,16 +40,19 @@ extern std::vector<CurveRow> gCurves;
 
 /// Reads gIsTargVals and gIsTargCurves and loads what they ask for. The last row that matches the session's sex,
 /// category, boat type and age group becomes gTarget; the table's last row is never chosen. A category without
-/// targets and missing curves are told, and switch their setting off.
+/// targets and missing curves are reported to the user and switch their setting off.
 void InitTargets();
 
-/// Reads Targets.ini into gTargets; a file of another kind gives an empty table. False when it cannot be opened (told).
+/// Reads Targets.ini into gTargets; a file of another kind gives an empty table. False when it cannot be opened
+/// (reported to the user).
 bool LoadTargets();
 
-/// Writes gTargets to Targets.ini, values with two decimals. False when that fails (told): the file is as it was.
+/// Writes gTargets to Targets.ini, values with two decimals. False when that fails (reported to the user): the file is
+/// as it was.
 bool SaveTargets();
 
-/// Reads Curves.ini into gCurves; a file of another kind gives no curves. False when it cannot be opened (told).
+/// Reads Curves.ini into gCurves; a file of another kind gives no curves. False when it cannot be opened (reported to
+/// the user).
 bool LoadCurves();
 
 /// The texts of gTargets for the editing grid.
@@ -63,5 +66,5 @@ std::string TargetCell(int Column, const std::string& Typed);
 std::string TargetChoice(const cGrid& Grid);
 
 /// Takes the table back from the grid, keeps the file as Targets.bak and writes the new one. False when a row would
-/// end the table or the file cannot be written (both told).
+/// end the table or the file cannot be written (both reported to the user).
 bool StoreTargets(const cGrid& Grid);

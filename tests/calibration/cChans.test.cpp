@@ -7,6 +7,7 @@
 namespace {
 void MakeChannels(int Count, int Rows)
 {
+    gFile = DataFile{};
     gFile.ChanCnt = static_cast<int16_t>(Count);
     for (int i = 1; i <= Rows; ++i) {
         CalibrRow& Row = gFile.Calibr.Grow();
@@ -21,6 +22,12 @@ Texts Only(const Texts& All, const std::string& What)
     for (const std::string& Call : All)
         if (Call.starts_with(What + " ")) Found.push_back(Call);
     return Found;
+}
+
+void Show(cTrackChans& Chans)
+{
+    Chans.TakeSample();
+    Chans.DrawData();
 }
 } // namespace
 
@@ -65,10 +72,10 @@ TEST_CASE_FIXTURE(FreshState,
     Chans.DrawGrid();
     Surface.Take();
     gData[1] = 16384;
-    Chans.DrawData();
+    Show(Chans);
     CHECK(Surface.Take() == Texts{"restore 0 0 21 400", "line 23 8 23 392 #7F7F7F"});
     gData[1] = 0;
-    Chans.DrawData();
+    Show(Chans);
     Texts Second = Surface.Take();
     REQUIRE(Second.size() == 12);
     CHECK(Second[0] == "restore 0 0 24 400");
@@ -77,8 +84,8 @@ TEST_CASE_FIXTURE(FreshState,
     CHECK(Second[10] == "line 20 8 23 8 #000000 wide 2");
     CHECK(Second[11] == "line 27 8 27 392 #7F7F7F");
     for (int Frame = 3; Frame <= 255; ++Frame)
-        Chans.DrawData();
+        Show(Chans);
     Surface.Take();
-    Chans.DrawData();
+    Show(Chans);
     CHECK(Surface.Take() == Texts{"restore 0 0 21 400", "line 23 8 23 392 #7F7F7F"});
 }

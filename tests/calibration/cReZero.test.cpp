@@ -71,7 +71,7 @@ TEST_CASE_FIXTURE(Session, "the present counts of a group become its zeros, in t
     CHECK(Dialogs.Told.size() == 2);
     Zeros.StartData();
     Frame(120, 410);
-    Zeros.DrawData();
+    Zeros.TakeSample();
     CHECK(Zeros.Rows()[0].PhysText == "10.00");
     CHECK(Zeros.Rows()[1].LogText == "0410");
     for (int Times = 1; Times <= 2; ++Times) {
@@ -114,7 +114,7 @@ TEST_CASE_FIXTURE(Session, "unsaved zeros are asked for, a typed gain counts at 
     CHECK_FALSE(Zeros.AddChannel("H1"));
     CHECK(Zeros.AddChannel("A9"));
     gData[2] = 40;
-    Zeros.DrawData();
+    Zeros.TakeSample();
     Zeros.SetQ1(0, "0.25");
     REQUIRE(Zeros.ReZero());
     CHECK(Zeros.Rows()[0].NewQ0 == -10);
@@ -127,7 +127,7 @@ TEST_CASE_FIXTURE(Session, "unsaved zeros are asked for, a typed gain counts at 
     CHECK(gFile.Calibr[2].Q1 == 0.25);
     CHECK(gFile.Calibr[2].Q0 == -50);
     gData[1] = 0;
-    Zeros.DrawData();
+    Zeros.TakeSample();
     REQUIRE(Zeros.ReZero());
     CHECK(Zeros.Rows()[0].NewQ0Text == "00.0000"); // a zero has no sign
     CHECK(Zeros.ChooseGroup(0));
@@ -147,7 +147,7 @@ TEST_CASE_FIXTURE(Session, "the calibrator's zero goes to the ini file and leave
     CHECK(gAutoCalQ0 == 7);
     Zeros.StartData();
     gData[2] = 300;
-    Zeros.DrawData();
+    Zeros.TakeSample();
     CHECK(Zeros.Rows()[0].PhysText == "37.00");
     REQUIRE(Zeros.ReZero());
     REQUIRE(Zeros.SaveData());

@@ -15,16 +15,17 @@ QImage Picture(QWidget& Window)
     return Window.grab().toImage().convertToFormat(QImage::Format_RGB32);
 }
 
-// A window of its own that has drawn the frames given.
+// A window of its own that has taken the frames given, and drawn them in bursts.
 template <class Window>
-QImage Drawn(int From, int To, bool Lost = false)
+QImage Drawn(int From, int To, bool Lost = false, int Burst = 1)
 {
     Window Shown;
     Shown.resize(480, 420);
     Shown.show();
     for (int Frame = From; Frame <= To; ++Frame) {
         MakeFrame(Frame);
-        Shown.TakeFrame();
+        Shown.TakeSample();
+        if ((Frame - From) % Burst == Burst - 1 || Frame == To) Shown.TakeFrame();
     }
     if (Lost) Shown.LoseFrames();
     return Picture(Shown);
@@ -58,6 +59,15 @@ TEST_CASE_FIXTURE(ShellState, "a sweep of traces leaves nothing of the sweep bef
         CHECK(Drawn<fTrackChans>(1, 510) == Drawn<fTrackChans>(256, 510));
         CHECK(Drawn<fTrackChans>(1, 300) != Drawn<fTrackChans>(256, 300));
     }
+}
+
+TEST_CASE_FIXTURE(ShellState, "traces are the same in bursts of any size")
+{
+    MakeChannels(8);
+    for (const int Burst : {5, 50})
+        CHECK(Drawn<fTrackChans>(1, 600, false, Burst) == Drawn<fTrackChans>(1, 600));
+    CHECK(Drawn<fTrackChans>(1, 600, true, 500) == Drawn<fTrackChans>(1, 600, true)); // all that was taken, in grey
+    CHECK(Drawn<fTrackChans>(1, 500, true, 500) != Drawn<fTrackChans>(500, 500, true));
 }
 
 TEST_CASE_FIXTURE(ShellState,
@@ -96,6 +106,7 @@ TEST_CASE_FIXTURE(ShellState, "the indicators go over to the channels of the ses
     Main.AddWindow(Traces);
     Main.show();
     MakeFrame(7);
+    SampleDataWindows();
     DrawDataWindows();
     REQUIRE(SaveWhole(Folder.Path("other.txt"), "Main\n61\t1\t8\t\nEnd\nCalibr\nF1\t1\t3\t\nEnd\n"));
     Main.OpenFile(Folder.Path("other.txt"));
@@ -107,6 +118,7 @@ TEST_CASE_FIXTURE(ShellState, "the indicators go over to the channels of the ses
     CHECK(Picture(*Bars) == Picture(Bar));
     CHECK(Picture(*Traces) == Picture(Trace));
     MakeFrame(8);
+    SampleDataWindows();
     DrawDataWindows(); // of Bar and Trace too
     CHECK(Picture(*Bars) == Picture(Bar));
     CHECK(Picture(*Traces) == Picture(Trace));

@@ -1,6 +1,7 @@
 // The calibration workbench under keys and clicks, with a rig on a real serial line.
 #include "calibration/fDoCalibr.h"
 #include "ShellState.h"
+#include "acquisition/mComFast.h"
 #include "core/mDataWindow.h"
 #include "core/mIni.h"
 #include "core/shell/mMain.h"
@@ -113,4 +114,48 @@ TEST_CASE_FIXTURE(RigState,
     CHECK(Graph.Grab() != Grown);
     Click("cmdUndo");
     CHECK(!State().contains(" 0 points"));
+}
+
+TEST_CASE_FIXTURE(ShellState, "in automatic calibration a stream gives the same points in bursts of any size")
+{
+    Start();
+    for (const char* Name : {"H1", "Cal"}) {
+        CalibrRow& Row = gFile.Calibr.Grow();
+        Row.Chan = static_cast<int16_t>(gFile.Calibr.UBound());
+        Row.ParamID = Name;
+    }
+    gFile.ChanCnt = 2;
+    SetCurFile(Folder.Path("s.txt"));
+    gAutoCalCh = 2;
+    gAutoCalQ0 = -10;
+    gAutoCalQ1 = 0.5;
+    gAutoCalibr = 1;
+    SaveSetting("gAutoCalibr");
+    const auto PointsOf = [&](int Burst) {
+        auto* Window = new fDoCalibr;
+        Main.AddWindow(Window);
+        gLinkWatch.Opened("link", Clock.Milliseconds());
+        auto& Box = *Window->findChild<QLineEdit*>("TBoxArr_0");
+        QTest::keyClicks(&Box, "1");
+        QTest::keyClick(&Box, Qt::Key_Return);
+        QTest::keyClick(&Box, Qt::Key_Space); // from now on each frame is a point
+        for (int Frame = 1; Frame <= 500; ++Frame) {
+            gData[1] = 1000 + 7 * Frame + Frame % 3;
+            gData[2] = 40 + Frame;
+            gLinkWatch.FrameCame(Clock.Milliseconds());
+            SampleDataWindows();
+            if (Frame % Burst == 0) DrawDataWindows();
+        }
+        CHECK(Window->findChild<QLabel*>("lbState")->text().contains(" 500 points"));
+        const std::string Path = Folder.Path(FormatNum(Burst, "0") + ".xcl");
+        Dialogs.Files = {Path};
+        QTest::mouseClick(Window->findChild<QWidget*>("cmdArr_5"), Qt::LeftButton);
+        gLinkWatch.Closed();
+        Window->Unload();
+        return ReadWhole(Path).value_or("");
+    };
+    const std::string Single = PointsOf(1);
+    CHECK(Single.find("\r\n499\t260.000\t4502.00\t\r\n") != std::string::npos);
+    for (const int Burst : {5, 50, 500})
+        CHECK(PointsOf(Burst) == Single);
 }

@@ -41,6 +41,7 @@ TEST_CASE_FIXTURE(ShellState,
     CHECK(Find<QLabel>("lbState").text().startsWith("No data are coming yet."));
     gData[1] = 800;
     gData[2] = 1200;
+    SampleDataWindows();
     DrawDataWindows();
     CHECK(Find<QLineEdit>("LogVals_1").text() == "1200");
     CHECK(Find<QLineEdit>("PhysVals_0").text() == "80.00");
@@ -84,6 +85,7 @@ TEST_CASE_FIXTURE(ShellState, "angles and handle forces are zeroed by the counts
     Frames.callOnTimeout([] {
         gData = {0, 100, 200};
         gLinkWatch.FrameCame(gHost.Clock->Milliseconds());
+        SampleDataWindows();
         DrawDataWindows();
     });
     Frames.start(20);

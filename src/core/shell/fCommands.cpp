@@ -4,6 +4,7 @@
 #include "acquisition/mComFast.h"
 #include "acquisition/mSampling.h"
 #include "base/mNumText.h"
+#include "calibration/fAutoReZero.h"
 #include "calibration/fCheckChans.h"
 #include "calibration/fDoReZero.h"
 #include "core/mDataWindow.h"
@@ -14,8 +15,6 @@
 #include "files/mTextIO.h"
 #include "platform/mHost.h"
 #include "views/data/mViewLoad.h"
-
-#include <QPointer>
 
 #include <algorithm>
 #include <filesystem>
@@ -55,14 +54,6 @@ fDoReZero& ShowReZero(frmMain& Main, bool CalibratorMode)
 {
     const WindowArgs Args{.Mode = CalibratorMode ? ReZeroCalibrator : ReZeroChannels, .OpensLink = false};
     return dynamic_cast<fDoReZero&>(*OpenWindow(Main, "fDoReZero", Args));
-}
-
-// A wireless link takes a moment to be made.
-void AwaitLink()
-{
-    constexpr int StepMs = 50, Steps = 100;
-    for (int i = 0; i < Steps && gLinkWatch.State() == cLinkWatch::eState::Connecting; ++i)
-        gHost.Clock->Wait(StepMs);
 }
 } // namespace
 
@@ -108,26 +99,10 @@ void SetCalibrator(frmMain& Main)
 
 std::string AutoReZero(frmMain& Main)
 {
-    constexpr int WaitMs = 1000; // for frames to arrive
-    std::string Names;
-    if (!OpenLink()) return Names;
-    SendRun();
-    AwaitLink();
-    for (const int Group : {0, 2}) {
-        QPointer<fDoReZero> Window = &ShowReZero(Main, false);
-        Window->ChooseGroup(Group);
-        Window->StartData();
-        gHost.Clock->Wait(WaitMs);
-        if (!Window || Window->Tag != DataTag) return Names; // closed in the meantime, though perhaps not gone yet
-        cReZero& Zeros = Window->Zeros();
-        const bool IsDone = Zeros.Rows().empty() || (Zeros.ReZero() && Zeros.SaveData());
-        Window->ShowRows();
-        if (!IsDone) return Names;
-        for (const ReZeroRow& Row : Zeros.Rows())
-            Names += (Names.empty() ? "" : ", ") + Row.Name;
-        Window->Unload();
-    }
-    return Names;
+    fAutoReZero View([&Main]() -> fDoReZero& { return ShowReZero(Main, false); });
+    cAutoReZero Zeroing(View);
+    Zeroing.Run();
+    return Zeroing.Names();
 }
 
 void AskAutoReZero(frmMain& Main)
