@@ -44,7 +44,7 @@ void Process(benchmark::State& State, int Runs)
     for (auto _ : State)
         for (int Run = 1; Run <= Runs; ++Run) {
             int32_t Stop = 0;
-            if (!ProcessCycles(0, Stop, Run)) std::abort();
+            if (!ProcessCycles(gKeyWin, 0, Stop, Run)) std::abort();
         }
 }
 

@@ -13,12 +13,12 @@
 #include <iostream>
 
 namespace {
-// Averages the strokes of the stretch in as many runs as the settings say. False when told.
+// Averages the strokes of the stretch in as many runs as the settings say. False is reported to the user.
 bool Average(const Args& Line)
 {
     int32_t Stop = Line.Whole("--stop", 0);
     const int32_t Start = Line.Whole("--start", 0);
-    return ProcessCycles(Start, Stop, 1) && (gProcRuns != 2 || ProcessCycles(Start, Stop, 2));
+    return ProcessCycles(gKeyWin, Start, Stop, 1) && (gProcRuns != 2 || ProcessCycles(gKeyWin, Start, Stop, 2));
 }
 
 bool ProcessRaw(const std::string& Path, const Args& Line)
@@ -55,7 +55,7 @@ bool DoStrokes(const Args& Line)
 {
     if (!LoadSession(Line.Files[0]) || !LoadRaw(Line.Files[1], Line)) return false;
     int32_t Stop = Line.Whole("--stop", 0);
-    if (!ExportStrokes(Line.Whole("--start", 0), Stop)) return false;
+    if (!ExportStrokes(gKeyWin, Line.Whole("--start", 0), Stop)) return false;
     std::cout << StrokeLogFN << std::endl;
     return true;
 }

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 NormTable gNormAver1;
 NormTable gNormCnt1;
@@ -17,10 +18,6 @@ NormTable gNormCnt2;
 NormTable gNormStd2;
 
 namespace {
-const std::array<double*, 5> AllFigures = {&gMeanCycleT, &gCycleSD, &gRate, &gRateSD, &gTestTime};
-const std::array<NormTable*, 6> AllPatterns = {&gNormAver1, &gNormCnt1, &gNormStd1,
-                                               &gNormAver2, &gNormCnt2, &gNormStd2};
-
 // Walks along the time column to the pair of samples around a time.
 class BracketWalk
 {
@@ -115,7 +112,7 @@ CycleGrid FindGrid(int32_t CycleStart, double T0, double T1)
 // Adds the values of one channel at the points of a cycle, those of which IsFar is true as zeros: whether a value is
 // far follows no pattern that a branch could be foreseen by.
 template <class Test>
-void AddChannel(const CycleGrid& Grid, int Chan, const NormArrays& To, const Test& IsFar)
+void AddChannel(const CycleGrid& Grid, int Chan, NormRun& To, const Test& IsFar)
 {
     const auto X = gRaw.Channel(Chan);
     NormCurve& Sum = To.Aver.Channel(Chan);
@@ -137,35 +134,35 @@ bool IsRun(int Run)
     return Run == 1 || Run == 2;
 }
 
-void StoreMean(const NormArrays& Run, int Point, int Chan)
+void StoreMean(NormRun& Sums, int Point, int Chan)
 {
-    const double Count = Run.Cnt(Point, Chan);
-    const double Mean = Div(Run.Aver(Point, Chan), Count);
-    const double Var = SafeDiv(Run.Std(Point, Chan), Count) - Mean * Mean;
-    Run.Aver(Point, Chan) = Mean;
-    Run.Std(Point, Chan) = Var > 0 ? std::sqrt(Var) : 0;
+    const double Count = Sums.Cnt(Point, Chan);
+    const double Mean = Div(Sums.Aver(Point, Chan), Count);
+    const double Var = SafeDiv(Sums.Std(Point, Chan), Count) - Mean * Mean;
+    Sums.Aver(Point, Chan) = Mean;
+    Sums.Std(Point, Chan) = Var > 0 ? std::sqrt(Var) : 0;
 }
 
 // The nearest point with values of the channel, going by By with wrapping; after 50 steps the point reached.
-int FindFilled(const NormArrays& Run, int Point, int Chan, int By)
+int FindFilled(NormRun& Sums, int Point, int Chan, int By)
 {
     for (int Step = 0; Step < NormSteps; ++Step) {
         Point = (Point + By + NormSteps + 1) % (NormSteps + 1);
-        if (Run.Cnt(Point, Chan) > 0) break;
+        if (Sums.Cnt(Point, Chan) > 0) break;
     }
     return Point;
 }
 
 // The gap takes its value from the channel before, at the points that have values of this one. Points are finished in
 // rising order: a lower neighbour is a mean already and is divided by the count again, a higher one is still a sum.
-void FillGap(const NormArrays& Run, int Point, int Chan)
+void FillGap(NormRun& Sums, int Point, int Chan)
 {
-    const int P = FindFilled(Run, Point, Chan, -1);
-    const int Q = FindFilled(Run, Point, Chan, 1);
+    const int P = FindFilled(Sums, Point, Chan, -1);
+    const int Q = FindFilled(Sums, Point, Chan, 1);
     const double Value =
-        (SafeDiv(Run.Aver(P, Chan - 1), Run.Cnt(P, Chan)) + SafeDiv(Run.Aver(Q, Chan - 1), Run.Cnt(Q, Chan))) / 2;
-    Run.Aver(Point, Chan) = Value;
-    Run.Std(Point, Chan) = Value;
+        (SafeDiv(Sums.Aver(P, Chan - 1), Sums.Cnt(P, Chan)) + SafeDiv(Sums.Aver(Q, Chan - 1), Sums.Cnt(Q, Chan))) / 2;
+    Sums.Aver(Point, Chan) = Value;
+    Sums.Std(Point, Chan) = Value;
 }
 } // namespace
 
@@ -176,61 +173,71 @@ NormArrays ArraysOf(int Run)
     return {gNormAver2, gNormCnt2, gNormStd2};
 }
 
-void ResetNorm(int Run)
+double NormRun::RateSD() const
 {
-    gStrokeCnt = 0;
-    gMeanCycleT = 0;
-    gRate = 0;
-    gRateSD = 0;
-    if (!IsRun(Run)) return;
-    const NormArrays Arrays = ArraysOf(Run);
-    for (NormTable* Each : {&Arrays.Aver, &Arrays.Cnt, &Arrays.Std})
-        Each->Create(gFile.ChanCnt);
+    return std::sqrt(std::max(Rates.Variance(), 0.0));
 }
 
-void AddCycle(int32_t CycleStart, double T0, double T1, int Run)
+NormRun ResetNorm(int Run)
 {
-    if (!IsRun(Run)) return;
+    NormRun Begun;
+    Begun.Run = Run;
+    if (!IsRun(Run)) return Begun;
+    for (NormTable* Each : {&Begun.Aver, &Begun.Cnt, &Begun.Std})
+        Each->Create(gFile.ChanCnt);
+    return Begun;
+}
+
+void AddCycle(NormRun& Sums, int32_t CycleStart, double T0, double T1)
+{
+    if (!IsRun(Sums.Run)) return;
     const CycleGrid Grid = FindGrid(CycleStart, T0, T1);
-    const NormArrays Arrays = ArraysOf(Run);
     for (int Chan = 1; Chan <= gFile.ChanCnt; ++Chan) {
-        if (Run == 1) {
-            AddChannel(Grid, Chan, Arrays, [](std::size_t, double) { return false; });
+        if (Sums.Run == 1) {
+            AddChannel(Grid, Chan, Sums, [](std::size_t, double) { return false; });
             continue;
         }
         const NormCurve& Mean = gNormAver1.Channel(Chan);
         const NormCurve& Std = gNormStd1.Channel(Chan);
-        AddChannel(Grid, Chan, Arrays, [&, Width = StdFilter](std::size_t j, double V) {
+        AddChannel(Grid, Chan, Sums, [&, Width = StdFilter](std::size_t j, double V) {
             const double Lim = Width * Std[j];
             return (Lim != 0) & (std::fabs(V - Mean[j]) > Lim);
         });
     }
 }
 
-void AddStroke(int32_t CycleStart, double T0, double T1, int Run)
+void AddStroke(NormRun& Sums, int32_t CycleStart, double T0, double T1)
 {
-    const double Period = T1 - T0;
-    const double CycleRate = SafeDiv(60, Period);
-    AddCycle(CycleStart, T0, T1, Run);
-    gMeanCycleT += Period;
-    gStrokeCnt = ToInt16(gStrokeCnt + 1);
-    gRate += CycleRate;
-    gRateSD += CycleRate * CycleRate;
+    AddCycle(Sums, CycleStart, T0, T1);
+    Sums.Periods.Add(T1 - T0);
+    Sums.Rates.Add(SafeDiv(60, T1 - T0));
+    ToInt16(Sums.Rates.Count());
 }
 
-void FinishNorm(int Run)
+void FinishNorm(NormRun& Sums)
 {
-    gMeanCycleT = SafeDiv(gMeanCycleT, gStrokeCnt);
-    gRate = SafeDiv(gRate, gStrokeCnt);
-    gRateSD = Root(Div(gRateSD, gStrokeCnt) - gRate * gRate);
-    if (!IsRun(Run)) return;
-    const NormArrays Arrays = ArraysOf(Run);
+    if (Sums.Rates.Count() == 0) throw RunError("Division by zero");
+    if (!IsRun(Sums.Run)) return;
     for (int Point = 0; Point <= NormSteps; ++Point)
         for (int Chan = 1; Chan <= gFile.ChanCnt; ++Chan)
-            if (Run == 2 && Arrays.Cnt(Point, Chan) == 0)
-                FillGap(Arrays, Point, Chan);
+            if (Sums.Run == 2 && Sums.Cnt(Point, Chan) == 0)
+                FillGap(Sums, Point, Chan);
             else
-                StoreMean(Arrays, Point, Chan);
+                StoreMean(Sums, Point, Chan);
+}
+
+void PublishNorm(NormRun&& Done)
+{
+    gStrokeCnt = ToInt16(Done.Rates.Count());
+    gMeanCycleT = Done.Periods.Mean();
+    gRate = Done.Rates.Mean();
+    gRateSD = Done.RateSD();
+    gTestTime = Done.TestTime;
+    if (!IsRun(Done.Run)) return;
+    const NormArrays Arrays = ArraysOf(Done.Run);
+    Arrays.Aver = std::move(Done.Aver);
+    Arrays.Cnt = std::move(Done.Cnt);
+    Arrays.Std = std::move(Done.Std);
 }
 
 void CopyRun1()
@@ -238,26 +245,4 @@ void CopyRun1()
     gNormAver2 = gNormAver1;
     gNormCnt2 = gNormCnt1;
     gNormStd2 = gNormStd1;
-}
-
-RunBackup::RunBackup()
-    : StrokeCnt(gStrokeCnt), DescRows(gFile.Desc.UBound()), DataRows(gFile.Data.UBound()), STDRows(gFile.STD.UBound())
-{
-    for (std::size_t i = 0; i < Figures.size(); ++i)
-        Figures[i] = *AllFigures[i];
-    for (std::size_t i = 0; i < Patterns.size(); ++i)
-        Patterns[i] = *AllPatterns[i];
-}
-
-RunBackup::~RunBackup()
-{
-    if (IsFinished) return;
-    gStrokeCnt = StrokeCnt;
-    for (std::size_t i = 0; i < Figures.size(); ++i)
-        *AllFigures[i] = Figures[i];
-    for (std::size_t i = 0; i < Patterns.size(); ++i)
-        *AllPatterns[i] = std::move(Patterns[i]);
-    gFile.Desc.Resize(DescRows);
-    gFile.Data.Resize(DataRows);
-    gFile.STD.Resize(STDRows);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/mError.h"
+#include "processing/mSpread.h"
 
 #include <algorithm>
 #include <array>
@@ -34,8 +35,7 @@ private:
     std::vector<NormCurve> Curves;
 };
 
-// Means, counts and standard deviations of each run; sums, counts and sums of squares while it goes on. They live until
-// the next ResetNorm.
+// Means, counts and standard deviations of each run as it was finished last.
 extern NormTable gNormAver1;
 extern NormTable gNormCnt1;
 extern NormTable gNormStd1;
@@ -43,57 +43,50 @@ extern NormTable gNormAver2;
 extern NormTable gNormCnt2;
 extern NormTable gNormStd2;
 
-/// The arrays of one run.
+/// The arrays of run 1 or 2. Throws RunError for another number.
 struct NormArrays
 {
     NormTable& Aver;
     NormTable& Cnt;
     NormTable& Std;
 };
-
-/// The arrays of run 1 or 2. Throws RunError for another number.
 NormArrays ArraysOf(int Run);
 
-/// Clears the stroke figures gStrokeCnt, gMeanCycleT, gRate and gRateSD and the arrays of run 1 or 2; another number
-/// clears the figures only.
-void ResetNorm(int Run);
+/// A run over stroke cycles: sums, counts and sums of squares at each point until it is finished, then means, counts
+/// and standard deviations.
+struct NormRun
+{
+    int Run = 0; // 1 or 2; another number has no pattern
+    NormTable Aver;
+    NormTable Cnt;
+    NormTable Std;
+    Spread Periods;      // s
+    Spread Rates;        // strokes per minute
+    double TestTime = 0; // s from the first to the last boundary
 
-/// Brings the cycle between the times T0 and T1 (s) to the grid and adds it to the arrays of run 1 or 2. CycleStart is
-/// the detector's sample index at its start boundary. Points behind the last sample receive nothing. Run 2 drops each
-/// value that lies more than StdFilter deviations from the mean of run 1. Throws RunError when gFile.ChanCnt exceeds
-/// the channels of the store.
-void AddCycle(int32_t CycleStart, double T0, double T1, int Run);
+    /// Standard deviation of the rates.
+    double RateSD() const;
+};
 
-/// Adds a cycle to the arrays of a run and its duration and rate to the stroke figures.
-void AddStroke(int32_t CycleStart, double T0, double T1, int Run);
+/// A run without cycles.
+NormRun ResetNorm(int Run);
 
-/// Turns the sums of the figures and of a run's arrays into means and deviations. Points that the filter of run 2 left
-/// without a value are filled from their neighbours. Throws RunError, with the work half done, when no stroke was
-/// added or a point of run 1 has no value.
-void FinishNorm(int Run);
+/// Brings the cycle between the times T0 and T1 (s) to the grid and adds it to the pattern. CycleStart is the
+/// detector's sample index at its start boundary. Points behind the last sample receive nothing. Run 2 drops each value
+/// that lies more than StdFilter deviations from the mean of run 1. Throws RunError when gFile.ChanCnt exceeds the
+/// channels of the store.
+void AddCycle(NormRun& Sums, int32_t CycleStart, double T0, double T1);
+
+/// Adds a cycle to the pattern and its duration and rate to the figures. Throws RunError for more cycles than 16 bits
+/// count.
+void AddStroke(NormRun& Sums, int32_t CycleStart, double T0, double T1);
+
+/// Turns the sums of the pattern into means and deviations. Points that the filter of run 2 left without a value are
+/// filled from their neighbours. Throws RunError when no stroke was added or a point of run 1 has no value.
+void FinishNorm(NormRun& Sums);
+
+/// Shows a run in the arrays of its number and in gStrokeCnt, gMeanCycleT, gRate, gRateSD and gTestTime.
+void PublishNorm(NormRun&& Done);
 
 /// Copies the arrays of run 1 to those of run 2.
 void CopyRun1();
-
-/// The stroke figures, the patterns and the sizes of the sample tables as they were when a run began. Unless the run is
-/// finished they are put back at the end of the scope, so that a failure leaves nothing half made. The detector's
-/// window and gBadStrokes, which nothing ever clears, go on.
-class RunBackup
-{
-public:
-    RunBackup();
-    ~RunBackup();
-    RunBackup(const RunBackup&) = delete;
-    RunBackup& operator=(const RunBackup&) = delete;
-
-    void Finish() { IsFinished = true; }
-
-private:
-    bool IsFinished = false;
-    int16_t StrokeCnt;
-    std::array<double, 5> Figures;
-    std::array<NormTable, 6> Patterns;
-    int DescRows;
-    int DataRows;
-    int STDRows;
-};

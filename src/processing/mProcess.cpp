@@ -2,16 +2,18 @@
 #include "processing/mProcess.h"
 
 #include "base/mError.h"
+#include "base/mNumText.h"
 #include "core/mGlobData.h"
 #include "core/mModes.h"
 #include "core/mSettings.h"
 #include "platform/mHost.h"
 #include "processing/mNorm.h"
+#include "processing/mSpread.h"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <optional>
+#include <utility>
 
 KeyWindow gKeyWin;
 double gMeanCycleT = 0;
@@ -63,140 +65,148 @@ struct Band
     bool Holds(double Period) const { return Low <= Period && Period <= High; }
 };
 
-// A cycle over which the clock runs back or stands still is never taken, however wide the band is.
-Band AcceptanceBand()
+// Equal periods differ by the rounding of their times, which is no spread: the band is never narrower than that, which
+// is far below the millisecond of a logger's clock. A cycle over which the clock runs back or stands still is never
+// taken, however wide the band is.
+Band AcceptanceBand(const CycleFigures& All)
 {
     constexpr double Shortest = std::numeric_limits<double>::denorm_min();
-    return {std::max(gMeanCycleT - gCycleSD * StdFilter, Shortest), gMeanCycleT + gCycleSD * StdFilter};
+    constexpr double Rounding = 1e-6; // s
+    const double Width = std::max(All.SD * StdFilter, Rounding);
+    return {std::max(All.Mean - Width, Shortest), All.Mean + Width};
 }
 
-struct PeriodSums
-{
-    int32_t Cnt = 0;
-    double Sum = 0;
-    double SumSq = 0;
-
-    double Mean() const { return SafeDiv(Sum, Cnt); }
-    double SD() const { return Root(SafeDiv(SumSq, Cnt) - Mean() * Mean()); }
-};
-
-// Sums of the periods of a stretch that Wanted holds; nothing when the stretch has no boundary.
-std::optional<PeriodSums> SumPeriods(int32_t Start, int32_t Stop, const Band& Wanted)
+// The periods of a stretch that Wanted holds; nothing when the stretch has no boundary.
+std::optional<CycleFigures> SumPeriods(KeyWindow& Win, int32_t Start, int32_t Stop, const Band& Wanted)
 {
     double Prev = 0;
-    if (!DetectCycle(Start, Stop, Prev)) return {};
-    PeriodSums Sums;
+    if (!DetectCycle(Win, Start, Stop, Prev)) return {};
+    Spread Periods;
     double CycleTime = 0;
-    while (DetectCycle(Start, Stop, CycleTime) && Start <= Stop) {
-        const double Period = CycleTime - Prev;
-        Prev = CycleTime;
-        if (!Wanted.Holds(Period)) continue;
-        ++Sums.Cnt;
-        Sums.Sum += Period;
-        Sums.SumSq += Period * Period;
+    while (DetectCycle(Win, Start, Stop, CycleTime) && Start <= Stop) {
+        const double Period = CycleTime - std::exchange(Prev, CycleTime);
+        if (Wanted.Holds(Period)) Periods.Add(Period);
     }
+    return CycleFigures{Periods.Count(), Periods.Mean(), Root(Periods.Variance())};
+}
+
+// The cycles of a run, of which Good holds those that are added to its pattern; gBadStrokes counts the others.
+NormRun SumRun(KeyWindow& Win, int32_t Start, int32_t Stop, int Run, const Band& Good)
+{
+    NormRun Sums = ResetNorm(Run);
+    int32_t Cur = Start;
+    double CycleTime = 0;
+    DetectCycle(Win, Cur, Stop, CycleTime);
+    const double FirstT = CycleTime;
+    double PrevT = CycleTime;
+    double SetBack = 0; // s that the clock was set back, all in all
+    int32_t PrevSample = Cur;
+    while (DetectCycle(Win, Cur, Stop, CycleTime)) {
+        if (Good.Holds(CycleTime - PrevT))
+            AddStroke(Sums, PrevSample, PrevT, CycleTime);
+        else
+            ++gBadStrokes;
+        if (CycleTime < PrevT) SetBack += PrevT - CycleTime;
+        PrevSample = Cur;
+        PrevT = CycleTime;
+        ShowProgress(Win, Cur);
+    }
+    const double Span = CycleTime - FirstT;
+    Sums.TestTime = Span > 0 ? Span : Span + SetBack;
     return Sums;
 }
 } // namespace
 
-bool DetectCycle(int32_t& Cur, int32_t Stop, double& CycleTime)
+bool DetectCycle(KeyWindow& Win, int32_t& Cur, int32_t Stop, double& CycleTime)
 {
     const auto Key = gRaw.Channel(gKeyChan);
     const auto Time = gRaw.Channel(0);
     const auto Thr = static_cast<double>(gFile.KeyThres);
     const int32_t Last = std::min(gRaw.UBound() - 2, Stop);
-    KeyWindow Win = gKeyWin;
+    KeyWindow Now = Win; // a local one stays in registers
     bool Found = false;
     for (Cur = std::max(Cur, FirstKey); Cur <= Last && !Found; ++Cur) {
-        Win.K[4] = Key[static_cast<std::size_t>(Cur)];
-        Win.T[4] = Time[static_cast<std::size_t>(Cur)];
-        Found = IsBoundary(Win.K, Thr);
-        if (Found) CycleTime = BoundaryTime(Win, Thr);
-        Shift(Win.K);
-        Shift(Win.T);
+        Now.K[4] = Key[static_cast<std::size_t>(Cur)];
+        Now.T[4] = Time[static_cast<std::size_t>(Cur)];
+        Found = IsBoundary(Now.K, Thr);
+        if (Found) CycleTime = BoundaryTime(Now, Thr);
+        Shift(Now.K);
+        Shift(Now.T);
     }
-    gKeyWin = Win;
+    Win = Now;
     return Found;
 }
 
-void ScanUpTo(int32_t Start)
+KeyWindow WindowAt(int32_t Start)
 {
-    if (gKeyChan < 1 || gKeyChan > gRaw.ChannelUBound()) return;
+    KeyWindow Win;
+    if (gKeyChan < 1 || gKeyChan > gRaw.ChannelUBound()) return Win;
     const int32_t Stop = std::clamp(Start, FirstKey, std::max(gRaw.UBound(), FirstKey));
     for (std::size_t k = 0; k < 4; ++k) {
         const int32_t i = Stop - 4 + static_cast<int32_t>(k);
         // Nothing compares with samples that are not there.
-        gKeyWin.K[k] = i < FirstKey ? std::nan("") : gRaw(gKeyChan, i);
-        gKeyWin.T[k] = i < FirstKey ? 0 : gRaw(0, i);
+        Win.K[k] = i < FirstKey ? std::nan("") : gRaw(gKeyChan, i);
+        Win.T[k] = i < FirstKey ? 0 : gRaw(0, i);
     }
+    return Win;
 }
 
-bool CycleStats(int32_t Start, int32_t Stop)
+std::optional<CycleFigures> CycleStats(KeyWindow& Win, int32_t Start, int32_t Stop)
 {
-    const auto Sums = SumPeriods(Start, Stop, Band{});
-    if (!Sums) return false;
-    if (Sums->Cnt == 0) {
-        gMeanCycleT = 0;
-        gCycleSD = 0;
-        return false;
-    }
-    const int16_t Cnt = ToInt16(Sums->Cnt);
-    const double SD = Sums->SD();
+    return SumPeriods(Win, Start, Stop, Band{});
+}
+
+bool PublishStats(const std::optional<CycleFigures>& Found)
+{
+    if (!Found) return false;
+    const int16_t Cnt = ToInt16(Found->Cnt);
+    gMeanCycleT = Found->Mean;
+    gCycleSD = Found->SD;
+    if (Cnt == 0) return false;
     gStrokeCnt = Cnt;
-    gMeanCycleT = Sums->Mean();
     gRate = SafeDiv(60, gMeanCycleT);
-    gCycleSD = SD;
     return true;
 }
 
-bool CycleStatsInRange(int32_t Start, int32_t Stop, int32_t& Cnt, double& Mean, double& SD)
+std::optional<CycleFigures> CycleStatsInRange(KeyWindow& Win, const CycleFigures& All, int32_t Start, int32_t Stop)
 {
-    const auto Sums = SumPeriods(Start, Stop, AcceptanceBand());
-    if (!Sums || Sums->Cnt == 0) return false;
-    SD = Sums->SD();
-    Cnt = Sums->Cnt;
-    Mean = Sums->Mean();
-    return true;
+    const auto Found = SumPeriods(Win, Start, Stop, AcceptanceBand(All));
+    if (!Found || Found->Cnt == 0) return {};
+    return Found;
 }
 
-bool ProcessCycles(int32_t Start, int32_t& Stop, int Run)
+bool ProcessCycles(KeyWindow& Win, int32_t Start, int32_t& Stop, int Run)
 {
     if (!HasKeyChannel()) return false;
     if (Stop == 0) Stop = gRaw.UBound();
-    if (!CycleStats(Start, Stop)) {
+    const auto All = CycleStats(Win, Start, Stop);
+    if (!PublishStats(All)) {
         MsgBox("Could not find any cycle!", TitleWarning);
         return false;
     }
-    const Band Good = AcceptanceBand();
-    RunBackup Before;
-    int32_t Cur = Start;
-    double CycleTime = 0;
-    if (DetectCycle(Cur, Stop, CycleTime)) ResetNorm(Run);
-    double FirstT = CycleTime;
-    double PrevT = CycleTime;
-    int32_t PrevSample = Cur;
-    while (DetectCycle(Cur, Stop, CycleTime)) {
-        if (Good.Holds(CycleTime - PrevT))
-            AddStroke(PrevSample, PrevT, CycleTime, Run);
-        else
-            ++gBadStrokes;
-        if (CycleTime < PrevT) FirstT += CycleTime - PrevT; // the clock was set back: the time of the run goes on
-        PrevSample = Cur;
-        PrevT = CycleTime;
-        ShowProgress(Cur);
+    NormRun Sums = SumRun(Win, Start, Stop, Run, AcceptanceBand(*All));
+    if (Sums.Rates.Count() == 0) {
+        ReportEmptyBand();
+        return false;
     }
-    gTestTime = CycleTime - FirstT;
-    FinishNorm(Run);
-    Before.Finish();
+    FinishNorm(Sums);
+    PublishNorm(std::move(Sums));
     return true;
 }
 
-void ShowProgress(int32_t Cur)
+void ReportEmptyBand()
 {
-    gKeyWin.Percent = ToInt16(static_cast<int64_t>(Div(Cur, gRaw.UBound()) * 100));
-    if (gKeyWin.Percent == gKeyWin.LastPercent) return;
-    UpdateProgress(gKeyWin.Percent);
-    gKeyWin.LastPercent = gKeyWin.Percent;
+    MsgBox("No stroke lies within the filter of " + FormatShortest(StdFilter) +
+               " SD around the mean: widen it. Nothing that was stored has been changed.",
+           TitleWarning);
+}
+
+void ShowProgress(KeyWindow& Win, int32_t Cur)
+{
+    Win.Percent = ToInt16(static_cast<int64_t>(Div(Cur, gRaw.UBound()) * 100));
+    if (Win.Percent == Win.LastPercent) return;
+    UpdateProgress(Win.Percent);
+    Win.LastPercent = Win.Percent;
 }
 
 bool HasKeyChannel()

@@ -1,6 +1,8 @@
 // Typical patterns stored as samples of the session, in memory; the caller writes the session data file.
 #pragma once
 
+#include "processing/mProcess.h"
+
 #include <cstdint>
 #include <string>
 
@@ -11,7 +13,8 @@
 void SaveNormSample(int Run, const std::string& Prefix);
 
 /// Stores up to MaxCnt strokes from sample Start on, each as a sample of its own; the first runs from Start to the
-/// first boundary behind it. A stretch over which the clock runs back is no stroke. Ends, told, at one whose last
-/// points lie beyond the recording. Gives what CycleStats finds from Start to the last sample, or false, told, without
-/// a key channel. Throws RunError, with the session as it was, when a sample cannot be stored.
-bool ProcessStrokes(int32_t Start, int16_t MaxCnt);
+/// first boundary behind it. A stretch over which the clock runs back is no stroke. Ends at one whose last points lie
+/// beyond the recording (reported to the user). Gives what CycleStats finds from Start to the last sample, or false
+/// (reported to the user) without a key channel. Throws RunError, with the session as it was, when a sample cannot be
+/// made.
+bool ProcessStrokes(KeyWindow& Win, int32_t Start, int16_t MaxCnt);

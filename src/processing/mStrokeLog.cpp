@@ -148,7 +148,7 @@ void WriteStroke(const KeyPoint& Catch, const KeyPoint& Finish, StrokeLog& Log)
 
 // Without a finish nothing is written, and the sums run on into the next cycle. What is kept from the samples before
 // starts at zero in every cycle: where the key value is above 0 at the boundary, the first step counts from zero time
-// and zero key value; where the boundary is the catch itself, the stroke is reckoned from zero.
+// and zero key value; where the boundary is the catch itself, the stroke is counted from zero.
 void StrokeRow(int32_t From, int32_t To, StrokeLog& Log)
 {
     const double CycleT = gRaw(0, To) - gRaw(0, From);
@@ -180,11 +180,11 @@ bool HasForceChannel()
 }
 } // namespace
 
-bool ExportStrokes(int32_t Start, int32_t& Stop)
+bool ExportStrokes(KeyWindow& Win, int32_t Start, int32_t& Stop)
 {
     if (!HasKeyChannel() || !HasForceChannel()) return false;
     if (Stop == 0) Stop = gRaw.UBound();
-    if (!CycleStats(Start, Stop)) {
+    if (!PublishStats(CycleStats(Win, Start, Stop))) {
         MsgBox("Could not find any cycle!", TitleWarning);
         return false;
     }
@@ -193,8 +193,8 @@ bool ExportStrokes(int32_t Start, int32_t& Stop)
     gStrokeCnt = 0;
     int32_t Cur = Start;
     double CycleTime = 0;
-    DetectCycle(Cur, Stop, CycleTime);
-    for (int32_t From = Cur; DetectCycle(Cur, Stop, CycleTime); From = Cur)
+    DetectCycle(Win, Cur, Stop, CycleTime);
+    for (int32_t From = Cur; DetectCycle(Win, Cur, Stop, CycleTime); From = Cur)
         StrokeRow(From, Cur, Log);
     if (!Log.IsOpen()) return false;
     if (!Log.IsWhole()) return FileFailed("Can't write Log file: ", StrokeLogFN, TitleWarning);

@@ -1,6 +1,8 @@
 // The stroke log: one line of figures for every single stroke of a stretch, in a file beside the session data file.
 #pragma once
 
+#include "processing/mProcess.h"
+
 #include <cstdint>
 #include <string>
 
@@ -21,7 +23,7 @@ extern double gPower;     // work by cycle time
 extern std::string StrokeLogFN;
 
 /// Writes a row for every cycle of the stretch that has a finish and over which the clock does not run back into a new
-/// log, an older one is never overwritten.
-/// Stop 0 becomes the last sample. False, told, without the key channel, channel H1 or a whole cycle, and when the log
-/// cannot be opened or written. Throws RunError when a stroke has no duration; rows written so far stay in the file.
-bool ExportStrokes(int32_t Start, int32_t& Stop);
+/// log; an older one is never overwritten. Stop 0 becomes the last sample. False (reported to the user) without the key
+/// channel, channel H1 or a whole cycle, and when the log cannot be opened or written. Throws RunError when a stroke
+/// has no duration; rows written so far stay in the file.
+bool ExportStrokes(KeyWindow& Win, int32_t Start, int32_t& Stop);

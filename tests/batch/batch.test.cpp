@@ -97,7 +97,8 @@ TEST_CASE("a failure is told with the file that it is about, exits 1 and leaves 
         {{"process", "single.txt", "a.qvn", "none.qvn"}, "none.qvn"},
         {{"derive", "single.txt", "S07", "kept.txt"}, "There is no sample S07 in file: single.txt\n"},
         {{"live", "single.txt", "none.qvn", "kept.txt"}, "none.qvn"},
-        {{"--set", "StdFilter=0", "process", "single.txt", "a.qvn"}, "Division by zero"}};
+        {{"--set", "StdFilter=0", "process", "single.txt", "a.qvn"},
+         "Warning!: No stroke lies within the filter of 0 SD around the mean: widen it."}};
     const std::string Before = Folder.Bytes("single.txt");
     for (const auto& [Line, Told] : Cases) {
         const Outcome Result = Folder.Batch(Line);

@@ -6,25 +6,25 @@
 #include "support/Case.h"
 
 namespace {
-// A recording of Last + 1 samples of the straight line 5 T + 2, which every interpolation meets.
-void MakeLine(int Last, double Step)
+// A recording of Last + 1 samples of the straight line 5 T + 2, which every interpolation meets, and a run on it.
+NormRun MakeLine(int Last, double Step)
 {
     std::vector<double> Line;
     for (int i = 0; i <= Last; ++i)
         Line.push_back(5 * i * Step + 2);
     MakeRecording({Line}, Step);
-    ResetNorm(1);
+    return ResetNorm(1);
 }
 
 // Number of points that a cycle brought, whose values must lie on the line, those before row 1 on the value of row 1.
-int CountPoints(double T0, double T1, double Step)
+int CountPoints(NormRun& Sums, double T0, double T1, double Step)
 {
     int Points = 0;
     for (int j = 0; j <= NormSteps; ++j) {
-        if (gNormCnt1(j, 1) == 0) continue;
+        if (Sums.Cnt(j, 1) == 0) continue;
         ++Points;
         const double T = std::max(T0 + (T1 - T0) * j / NormSteps, Step);
-        CHECK(gNormAver1(j, 1) == doctest::Approx(5 * T + 2).epsilon(1e-12));
+        CHECK(Sums.Aver(j, 1) == doctest::Approx(5 * T + 2).epsilon(1e-12));
     }
     return Points;
 }
@@ -45,26 +45,27 @@ TEST_CASE("a cycle is brought to 51 points, wherever the search for its samples 
         {"behind the data", 60, 0.02, 53, 2.0, 3.0, 0}};
     for (const auto& [What, Last, Step, CycleStart, T0, T1, Points] : Cases) {
         CAPTURE(What);
-        MakeLine(Last, Step);
-        AddCycle(CycleStart, T0, T1, 1);
-        CHECK(CountPoints(T0, T1, Step) == Points);
+        NormRun Sums = MakeLine(Last, Step);
+        AddCycle(Sums, CycleStart, T0, T1);
+        CHECK(CountPoints(Sums, T0, T1, Step) == Points);
     }
-    MakeLine(200, 0.02);
+    NormRun Sums = MakeLine(200, 0.02);
     for (int i = 80; i <= 200; ++i)
         gRaw(0, i) = 0; // rows that were never filled
-    AddCycle(53, 1.003, 2.503, 1);
-    CHECK(CountPoints(1.003, 2.503, 0.02) == 20);
+    AddCycle(Sums, 53, 1.003, 2.503);
+    CHECK(CountPoints(Sums, 1.003, 2.503, 0.02) == 20);
 }
 
 TEST_CASE_FIXTURE(FreshState, "means and deviations are those of the values that each point has")
 {
     MakeRecording({std::vector<double>(80, 4)}, 0.02);
-    ResetNorm(1);
-    AddStroke(13, 0.2, 1.0, 1);
+    NormRun First = ResetNorm(1);
+    AddStroke(First, 13, 0.2, 1.0);
     for (double& X : gRaw.Channel(1))
         X = 7;
-    AddStroke(53, 1.0, 1.8, 1); // 27 samples before the end of the data: 28 points
-    FinishNorm(1);
+    AddStroke(First, 53, 1.0, 1.8); // 27 samples before the end of the data: 28 points
+    FinishNorm(First);
+    PublishNorm(std::move(First));
     CHECK(gNormAver1(27, 1) == 5.5);
     CHECK(gNormStd1(27, 1) == 1.5);
     CHECK(gNormAver1(28, 1) == 4);
@@ -73,40 +74,41 @@ TEST_CASE_FIXTURE(FreshState, "means and deviations are those of the values that
     CHECK(gRate == doctest::Approx(75));
 
     // The second run: values of 7 lie on the limit and stay, those of 7.5 are beyond it where there is a limit.
-    ResetNorm(2);
-    AddCycle(13, 0.2, 1.0, 2);
+    NormRun Second = ResetNorm(2);
+    AddCycle(Second, 13, 0.2, 1.0);
     for (double& X : gRaw.Channel(1))
         X = 7.5;
-    AddCycle(13, 0.2, 1.0, 2);
-    CHECK(gNormCnt2(27, 1) == 1);
-    CHECK(gNormAver2(27, 1) == 7);
-    CHECK(gNormCnt2(28, 1) == 2);
+    AddCycle(Second, 13, 0.2, 1.0);
+    CHECK(Second.Cnt(27, 1) == 1);
+    CHECK(Second.Aver(27, 1) == 7);
+    CHECK(Second.Cnt(28, 1) == 2);
+    CHECK_THROWS_WITH_AS(FinishNorm(Second), "Division by zero", RunError); // no stroke was counted
 
-    ResetNorm(1);
-    AddStroke(53, 1.0, 1.8, 1);
-    CHECK_THROWS_WITH_AS(FinishNorm(1), "Division by zero", RunError);
+    NormRun Short = ResetNorm(1);
+    AddStroke(Short, 53, 1.0, 1.8);
+    CHECK_THROWS_WITH_AS(FinishNorm(Short), "Division by zero", RunError);
 }
 
 TEST_CASE("a gap of the second run is filled from the channel before, by sums above it and by means below it")
 {
     gFile.ChanCnt = 3;
-    ResetNorm(2);
+    NormRun Sums = ResetNorm(2);
     for (int j = 0; j <= NormSteps; ++j)
         for (const int Chan : {1, 2}) {
-            gNormAver2(j, Chan) = 2 * (10 * Chan + j);
-            gNormCnt2(j, Chan) = 2;
+            Sums.Aver(j, Chan) = 2 * (10 * Chan + j);
+            Sums.Cnt(j, Chan) = 2;
         }
     for (const auto& [Point, Chan] : {std::pair{0, 2}, {20, 2}, {21, 2}, {50, 2}, {5, 1}})
-        gNormCnt2(Point, Chan) = gNormAver2(Point, Chan) = 0;
-    gStrokeCnt = 1;
-    FinishNorm(2);
+        Sums.Cnt(Point, Chan) = Sums.Aver(Point, Chan) = 0;
+    Sums.Rates.Add(30);
+    FinishNorm(Sums);
 
-    CHECK(gNormAver2(4, 2) == 24);
-    CHECK(gNormAver2(0, 2) == (118.0 / 2 + 22.0 / 2) / 2); // 49 by wrapping, still a sum; 1, still a sum
-    CHECK(gNormAver2(20, 2) == (29.0 / 2 + 64.0 / 2) / 2); // 19, a mean already; 22, still a sum
-    CHECK(gNormAver2(21, 2) == (29.0 / 2 + 64.0 / 2) / 2); // the filled point 20 has no count
-    CHECK(gNormAver2(50, 2) == (59.0 / 2 + 11.0 / 2) / 2); // 49, a mean; 1 by wrapping, a mean
-    CHECK(gNormStd2(20, 2) == gNormAver2(20, 2));
-    CHECK(gNormAver2(5, 1) == 0);
-    CHECK(gNormAver2(30, 3) == 0);
+    CHECK(Sums.Aver(4, 2) == 24);
+    CHECK(Sums.Aver(0, 2) == (118.0 / 2 + 22.0 / 2) / 2); // 49 by wrapping, still a sum; 1, still a sum
+    CHECK(Sums.Aver(20, 2) == (29.0 / 2 + 64.0 / 2) / 2); // 19, a mean already; 22, still a sum
+    CHECK(Sums.Aver(21, 2) == (29.0 / 2 + 64.0 / 2) / 2); // the filled point 20 has no count
+    CHECK(Sums.Aver(50, 2) == (59.0 / 2 + 11.0 / 2) / 2); // 49, a mean; 1 by wrapping, a mean
+    CHECK(Sums.Std(20, 2) == Sums.Aver(20, 2));
+    CHECK(Sums.Aver(5, 1) == 0);
+    CHECK(Sums.Aver(30, 3) == 0);
 }

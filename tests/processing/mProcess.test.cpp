@@ -3,6 +3,7 @@
 
 #include "processing/Recording.h"
 #include "processing/mNorm.h"
+#include "processing/mSpread.h"
 #include "support/Case.h"
 
 #include <limits>
@@ -24,11 +25,11 @@ TEST_CASE("a boundary is found where its pattern is complete, two samples before
     for (const auto& [What, Mode, Key, Found, At] : Cases) {
         CAPTURE(What);
         MakeRecording({Key});
-        gKeyWin = {};
+        KeyWindow Win;
         gKeyMode = Mode;
         int32_t Cur = 0;
         double Time = -1;
-        CHECK(DetectCycle(Cur, 100, Time) == (Found != 0));
+        CHECK(DetectCycle(Win, Cur, 100, Time) == (Found != 0));
         CHECK(Cur == (Found != 0 ? Found : gRaw.UBound() - 1));
         CHECK(Time == (Found != 0 ? At : -1));
     }
@@ -36,60 +37,107 @@ TEST_CASE("a boundary is found where its pattern is complete, two samples before
 
 TEST_CASE("a pattern is completed across the join of two recordings, and no stretch reads outside the store")
 {
+    KeyWindow Win;
     double Time = 0;
     int32_t Cur = 0;
     MakeRecording({{9, 9, 9, 3, 1, -1, -1}});
-    REQUIRE(!DetectCycle(Cur, 100, Time));
+    REQUIRE(!DetectCycle(Win, Cur, 100, Time));
     MakeRecording({{9, 9, -4, -4, -4, -4, -4}}, 0.25);
     Cur = -7;
-    CHECK(DetectCycle(Cur, 100, Time));
+    CHECK(DetectCycle(Win, Cur, 100, Time));
     CHECK(Cur == 5);
     CHECK(Time == doctest::Approx(4 + (0.5 - 4) * 0.2)); // from sample 4 of the first to sample 2 of the second
 
     constexpr int32_t Far = std::numeric_limits<int32_t>::max();
     for (const auto& [Start, Stop] : {std::pair{-Far, -1}, {Far, Far}, {7, Far}, {3, 2}}) {
         Cur = Start;
-        CHECK(!DetectCycle(Cur, Stop, Time));
+        CHECK(!DetectCycle(Win, Cur, Stop, Time));
     }
 }
 
 TEST_CASE_FIXTURE(FreshState, "a boundary that the last sample of the stretch completes counts in the run only")
 {
     MakeRecording({Cycles({10, 10, 12})});
+    KeyWindow Win;
     int32_t Stop = 41; // completes the last boundary
-    REQUIRE(CycleStats(0, Stop));
+    REQUIRE(PublishStats(CycleStats(Win, 0, Stop)));
     CHECK(gStrokeCnt == 2);
     CHECK(gMeanCycleT == 10);
     CHECK(gCycleSD == 0);
     CHECK(gRate == 6);
-    CHECK(!CycleStats(0, 19));
+    CHECK(!PublishStats({}));
+    CHECK(gMeanCycleT == 10);
+    CHECK(!PublishStats(CycleStats(Win, 0, 19)));
     CHECK(gMeanCycleT == 0);
     CHECK(gRate == 6);
+    CHECK(!CycleStats(Win, 0, 6));
 
     StdFilter = 1;
-    CHECK(CycleStats(0, 42));
-    CHECK(gStrokeCnt == 3);
-    int32_t Cnt = -1;
-    double Mean = -1;
-    double SD = -1;
-    CHECK(CycleStatsInRange(0, 42, Cnt, Mean, SD));
-    CHECK(Cnt == 2);
-    CHECK(Mean == 10);
-    CHECK(SD == 0);
+    const auto All = CycleStats(Win, 0, 42);
+    REQUIRE(All);
+    CHECK(All->Cnt == 3);
+    const auto Good = CycleStatsInRange(Win, *All, 0, 42);
+    REQUIRE(Good);
+    CHECK((Good->Cnt == 2 && Good->Mean == 10 && Good->SD == 0));
+    CHECK(!CycleStatsInRange(Win, {3, 20, 1}, 0, 42));
 
-    CHECK(ProcessCycles(0, Stop, 1));
+    CHECK(ProcessCycles(gKeyWin, 0, Stop, 1));
     CHECK(gStrokeCnt == 2);
     CHECK(gBadStrokes == 1);
     CHECK(gTestTime == 32);
 
     MakeRecording({Cycles({10, 20, 10, 20})});
     StdFilter = 2;
-    CHECK(ProcessCycles(0, Stop = 0, 1));
+    CHECK(ProcessCycles(gKeyWin, 0, Stop = 0, 1));
     CHECK(Stop == 129);
     CHECK(gMeanCycleT == 15);
     CHECK(gRate == 4.5);
     CHECK(gRateSD == 1.5);
     CHECK(Status.Shown.back() == "54%");
+}
+
+TEST_CASE_FIXTURE(FreshState,
+                  "equal strokes have no spread, and all of them are taken whatever their times are rounded to")
+{
+    // Peaks on samples that are no exact binary numbers of seconds, from 10 to 39 samples of 25 Hz apart.
+    for (const double Step : {0.04, 0.02, 0.01})
+        for (std::size_t Length = 10; Length < 40; ++Length) {
+            CAPTURE(Step);
+            CAPTURE(Length);
+            std::vector<double> Stroke;
+            for (std::size_t i = 0; i < Length; ++i)
+                Stroke.push_back(std::fabs(static_cast<double>(i) - 4.0));
+            gKeyMode = 2;
+            MakeRecording({Repeat(Stroke, 30)}, Step);
+            KeyWindow Win = WindowAt(0);
+            const auto All = CycleStats(Win, 0, gRaw.UBound());
+            REQUIRE(All);
+            CHECK(All->SD < 1e-12);
+            const auto Good = CycleStatsInRange(Win, *All, 0, gRaw.UBound());
+            REQUIRE(Good);
+            CHECK(Good->Cnt == All->Cnt);
+            for (const double Width : {0.0, 1.0}) {
+                StdFilter = Width;
+                int32_t Stop = 0;
+                const int32_t Bad = gBadStrokes;
+                REQUIRE(ProcessCycles(Win, 0, Stop, 1));
+                CHECK(gBadStrokes == Bad);
+                CHECK(gRateSD < 1e-9);
+            }
+        }
+    gKeyMode = 0;
+}
+
+TEST_CASE("the deviation of a stretch is that of its periods")
+{
+    MakeRecording({Cycles({17, 12, 19, 12, 20, 13})}, 0.02);
+    KeyWindow Win;
+    const auto All = CycleStats(Win, 0, gRaw.UBound());
+    REQUIRE(All);
+    CHECK(All->Mean == doctest::Approx(0.31).epsilon(1e-12));
+    CHECK(All->SD == doctest::Approx(0.02 * std::sqrt(65.5 / 6)).epsilon(1e-12));
+    const Spread None;
+    CHECK((None.Mean() == 0 && None.Variance() == 0));
 }
 
 TEST_CASE_FIXTURE(FreshState, "a cycle over which the clock is set back is never accepted, however wide the band is")
@@ -100,32 +148,36 @@ TEST_CASE_FIXTURE(FreshState, "a cycle over which the clock is set back is never
     StdFilter = 9;
     gBadStrokes = 0;
     int32_t Stop = 0;
-    CHECK(ProcessCycles(0, Stop, 1));
+    CHECK(ProcessCycles(gKeyWin, 0, Stop, 1));
     CHECK(gStrokeCnt == 5);
     CHECK(gBadStrokes == 1);
     CHECK(gMeanCycleT == 20);
     CHECK(gRate == 3);
-    CHECK(gTestTime == 100);
-    int32_t Cnt = 0;
-    double Mean = 0, SD = 0;
-    REQUIRE(CycleStats(0, Stop));
-    CHECK(CycleStatsInRange(0, Stop, Cnt, Mean, SD));
-    CHECK((Cnt == 5 && Mean == 20 && SD == 0));
+    CHECK(gTestTime == 71);
+    for (int i = 100; i <= gRaw.UBound(); ++i)
+        gRaw(0, i) -= 80;
+    CHECK(ProcessCycles(gKeyWin, 0, Stop = 0, 1));
+    CHECK(gTestTime == 80); // less than nothing by the clock alone: what was rowed but for the two cycles
+    const auto All = CycleStats(gKeyWin, 0, Stop);
+    REQUIRE(All);
+    const auto Good = CycleStatsInRange(gKeyWin, *All, 0, Stop);
+    REQUIRE(Good);
+    CHECK((Good->Cnt == 4 && Good->Mean == 20 && Good->SD == 0));
 }
 
-TEST_CASE_FIXTURE(FreshState, "what cannot be processed is told and leaves the pattern as it was")
+TEST_CASE_FIXTURE(FreshState, "what cannot be processed is reported and leaves the pattern as it was")
 {
     int32_t Stop = 0;
     MakeRecording({Cycles({10, 10})});
-    REQUIRE(ProcessCycles(0, Stop, 1));
+    REQUIRE(ProcessCycles(gKeyWin, 0, Stop, 1));
     const NormCurve Before = gNormAver1.Channel(1);
 
-    CHECK(!ProcessCycles(30, Stop, 1));
+    CHECK(!ProcessCycles(gKeyWin, 30, Stop, 1));
     MakeRecording({{1, 2, 3, 4}});
     Stop = 0;
-    CHECK(!ProcessCycles(0, Stop, 1));
+    CHECK(!ProcessCycles(gKeyWin, 0, Stop, 1));
     gKeyChan = -1;
-    CHECK(!ProcessCycles(0, Stop, 1));
+    CHECK(!ProcessCycles(gKeyWin, 0, Stop, 1));
     const std::string None = "Warning!: Could not find any cycle!";
     CHECK(Dialogs.Told ==
           Texts{None, None,
@@ -135,13 +187,17 @@ TEST_CASE_FIXTURE(FreshState, "what cannot be processed is told and leaves the p
     // No cycle is as long as the mean: all are rejected.
     MakeRecording({Cycles({10, 20, 10, 20})});
     StdFilter = 0;
-    CHECK_THROWS_WITH_AS(ProcessCycles(0, Stop = 0, 1), "Division by zero", RunError);
+    CHECK(!ProcessCycles(gKeyWin, 0, Stop = 0, 1));
+    CHECK(Dialogs.Told.back() ==
+          "Warning!: No stroke lies within the filter of 0 SD around the mean: widen it. Nothing "
+          "that was stored has been changed.");
     CHECK(gBadStrokes == 4);
     CHECK(gStrokeCnt == 4);
     CHECK(gRate == 4);
+    CHECK(gNormAver1.Channel(1) == Before);
     StdFilter = 1;
     gFile.ChanCnt = 2;
-    CHECK_THROWS_WITH_AS(ProcessCycles(0, Stop = 0, 1), "Index out of range", RunError);
+    CHECK_THROWS_WITH_AS(ProcessCycles(gKeyWin, 0, Stop = 0, 1), "Index out of range", RunError);
     CHECK(gNormAver1.Channel(1) == Before);
     CHECK(gNormAver1.ChannelUBound() == 1);
 }

@@ -44,7 +44,7 @@ TEST_CASE_FIXTURE(FreshState, "samples are numbered on from the last row, and a 
     gFile.Calibr[2].Side = 1;
     gFile.Desc.Grow().SampleID = "Old";
     for (const int Run : {1, 2}) {
-        ResetNorm(Run);
+        PublishNorm(ResetNorm(Run));
         for (const int Chan : {1, 2}) {
             ArraysOf(Run).Aver(0, Chan) = 10 * Run + Chan;
             ArraysOf(Run).Std(NormSteps, Chan) = 100 * Run + Chan;
@@ -75,7 +75,7 @@ TEST_CASE_FIXTURE(FreshState, "samples are numbered on from the last row, and a 
 TEST_CASE_FIXTURE(FreshState, "each stroke becomes a sample, the first from the start of the selection")
 {
     MakeRecording({Cycles({60, 60})});
-    CHECK(ProcessStrokes(2, 2));
+    CHECK(ProcessStrokes(gKeyWin, 2, 2));
     CHECK(Text(gFile.Desc) == " S01 Stroke 01 1 50 4.5 1 0 13.3333 0 0.0333333 0.108333\n"
                               " S02 Stroke 02 1 50 64.5 1 0 1 0 0.108333 1.10833\n");
     CHECK(gFile.Data[1].Values[0] == 1);
@@ -94,8 +94,8 @@ TEST_CASE_FIXTURE(FreshState, "a boundary ahead of the start or a clock set back
             MakeRecording({Key});
             gFile.Desc.Clear();
             gFile.Data.Clear();
-            ScanUpTo(Start);
-            CHECK(ProcessStrokes(Start, 2));
+            KeyWindow Win = WindowAt(Start);
+            CHECK(ProcessStrokes(Win, Start, 2));
             REQUIRE(gFile.Desc.UBound() == 2);
             CHECK(gFile.Desc[1].Start == Start / 60.0);
             for (const DescRow& Row : gFile.Desc)
@@ -106,8 +106,8 @@ TEST_CASE_FIXTURE(FreshState, "a boundary ahead of the start or a clock set back
     for (int i = 150; i <= gRaw.UBound(); ++i)
         gRaw(0, i) -= 149; // a logger that was started anew
     gFile.Desc.Clear();
-    ScanUpTo(10);
-    CHECK(ProcessStrokes(10, 9));
+    KeyWindow Win = WindowAt(10);
+    CHECK(ProcessStrokes(Win, 10, 9));
     CHECK(Text(gFile.Desc) == " S01 Stroke 01 1 50 56.5 1 0 1.06195 0 0.166667 1.10833\n"
                               " S02 Stroke 02 1 50 116.5 1 0 1 0 1.10833 2.10833\n"
                               " S03 Stroke 03 1 50 176.5 1 0 1 0 0.625 1.625\n");
@@ -117,10 +117,26 @@ TEST_CASE_FIXTURE(FreshState, "a stroke too near to the end is left out and told
 {
     // The last stroke starts less than 50 samples before the end of the data.
     MakeRecording({Cycles({60, 10}, 5)});
-    CHECK(ProcessStrokes(2, 9));
+    CHECK(ProcessStrokes(gKeyWin, 2, 9));
     CHECK(Dialogs.Told.back() == "Information: 2 strokes processed. The one that begins at 66.5 s lies too near to the "
                                  "end of the recording to be brought to 51 points.");
     CHECK(gFile.Desc.UBound() == 2);
     CHECK(gFile.Data[gFile.Data.UBound()].SampleID == "S02");
-    CHECK_THROWS_AS(ProcessStrokes(-1, 9), RunError);
+    CHECK_THROWS_AS(ProcessStrokes(gKeyWin, -1, 9), RunError);
+    // A sample that cannot be made leaves none of the samples before it either.
+    MakeRecording({Cycles({60, 60, 60})});
+    const auto StrokeCnt = gStrokeCnt;
+    gBadStrokes = 32767;
+    struct Rejecting : ScriptedDialogs
+    {
+        std::optional<std::string> InputBox(const std::string&, const std::string&,
+                                            const std::string& Proposed) override
+        {
+            ++gBadStrokes;
+            return Proposed;
+        }
+    } Boxes;
+    gHost.Dialogs = &Boxes;
+    CHECK_THROWS_AS(ProcessStrokes(gKeyWin, 2, 9), RunError);
+    CHECK((gFile.Desc.UBound() == 2 && gFile.Data.UBound() == 2 && gStrokeCnt == StrokeCnt));
 }

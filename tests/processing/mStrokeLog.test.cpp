@@ -33,7 +33,7 @@ TEST_CASE_FIXTURE(LogState, "a cycle without a finish writes no row, the next ro
                              "3\t12.00\t2.5000\t1.0000\t2.5000\t10.000\t300.00\t140.00\t350.00\t1400.00\t280.00\r\n";
     for (const char* Name : {"S1_str.csv", "S1_str_01.csv", "S1_str_02.csv"}) {
         int32_t Stop = 0;
-        CHECK(ExportStrokes(10, Stop));
+        CHECK(ExportStrokes(gKeyWin, 10, Stop));
         CHECK(Stop == 59);
         CHECK(StrokeLogFN == Folder.Path(Name));
         CHECK(Dialogs.Told.back() == "Information: Stroke date was recorded into the file " + Folder.Path(Name));
@@ -46,13 +46,13 @@ TEST_CASE_FIXTURE(LogState,
 {
     int32_t Stop = 30;
     gKeyMode = 2;
-    CHECK(ExportStrokes(10, Stop));
+    CHECK(ExportStrokes(gKeyWin, 10, Stop));
     CHECK(ReadWhole(StrokeLogFN) ==
           Header + "1\t12.00\t11.0000\t10.0000\t-6.0000\t5.000\t200.00\t100.00\t1100.00\t500.00\t100.00\r\n");
     gKeyMode = 3;
     for (double& K : gRaw.Channel(1))
         K += 4;
-    CHECK(ExportStrokes(10, Stop = 25));
+    CHECK(ExportStrokes(gKeyWin, 10, Stop = 25));
     CHECK(ReadWhole(StrokeLogFN) ==
           Header + "1\t12.00\t2.5000\t1.0000\t2.5000\t10.000\t300.00\t200.00\t500.00\t1460.00\t292.00\r\n");
 }
@@ -64,7 +64,7 @@ TEST_CASE_FIXTURE(LogState, "a stroke over which the clock is set back has no ro
     for (int i = 45; i <= gRaw.UBound(); ++i)
         gRaw(0, i) -= 8; // in the drive of the fourth
     int32_t Stop = 0;
-    CHECK(ExportStrokes(10, Stop));
+    CHECK(ExportStrokes(gKeyWin, 10, Stop));
     const std::string Row = "\t12.00\t2.5000\t1.0000\t2.5000\t10.000\t300.00\t140.00\t350.00\t1400.00\t280.00\r\n";
     CHECK(ReadWhole(StrokeLogFN).value_or("") == Header + "1" + Row + "2" + Row);
 }
@@ -74,23 +74,23 @@ TEST_CASE_FIXTURE(LogState, "rows written before a failure stay, and what cannot
     int32_t Stop = 0;
     for (int i = 45; i <= 55; ++i)
         gRaw(0, i) = 22.5; // the last stroke has no duration
-    CHECK_THROWS_WITH_AS(ExportStrokes(20, Stop), "Division by zero", RunError);
+    CHECK_THROWS_WITH_AS(ExportStrokes(gKeyWin, 20, Stop), "Division by zero", RunError);
     const std::string Row = "\t12.00\t2.5000\t1.0000\t2.5000\t10.000\t300.00\t140.00\t350.00\t1400.00\t280.00\r\n";
     CHECK(ReadWhole(Folder.Path("S1_str.csv")) == Header + "1" + Row + "2" + Row);
     CHECK(gStrokeCnt == 2);
 
     gKeyMode = 4;
-    CHECK(!ExportStrokes(10, Stop));
+    CHECK(!ExportStrokes(gKeyWin, 10, Stop));
     CHECK(!ReadWhole(Folder.Path("S1_str_01.csv")));
     gKeyMode = 3;
     std::signal(SIGXFSZ, SIG_IGN);
     const rlimit Full{100, 100}; // bytes: the header fits
     setrlimit(RLIMIT_FSIZE, &Full);
-    CHECK(!ExportStrokes(10, Stop = 25));
+    CHECK(!ExportStrokes(gKeyWin, 10, Stop = 25));
     gCurDir = Folder.Path("none/");
-    CHECK(!ExportStrokes(10, Stop));
+    CHECK(!ExportStrokes(gKeyWin, 10, Stop));
     gH1Chan = -1;
-    CHECK(!ExportStrokes(10, Stop));
+    CHECK(!ExportStrokes(gKeyWin, 10, Stop));
     CHECK(Dialogs.Told == Texts{"Warning!: Could not find any cycle!",
                                 "Warning!: Can't write Log file: " + Folder.Path("S1_str_01.csv"),
                                 "Warning!: Can't open Log file: " + Folder.Path("none/S1_str.csv"),

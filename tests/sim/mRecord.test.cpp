@@ -73,13 +73,13 @@ TEST_CASE("the stroke log agrees with the table of what was simulated")
         int32_t Start = 0;
         int32_t Stop = 0;
         REQUIRE(ReadRawFile(Demo.Options.Recording, Start, Stop));
-        REQUIRE(CycleStats(0, gRaw.UBound()));
+        REQUIRE(PublishStats(CycleStats(gKeyWin, 0, gRaw.UBound())));
         CHECK(gStrokeCnt == 40);
         CHECK(gMeanCycleT == doctest::Approx((Truth[39][1] + Truth[39][2] - Truth[0][1]) / 40).epsilon(0.0005));
         CHECK(gRate == doctest::Approx(Each.Rate).epsilon(0.012));
 
         int32_t Last = 0;
-        REQUIRE(ExportStrokes(0, Last));
+        REQUIRE(ExportStrokes(gKeyWin, 0, Last));
         const Table Log = Numbers(ReadWhole(Demo.Path(gFileTitle + "_str.csv")).value());
         REQUIRE(Log.size() == 40);
         const double Step = 1.001 / Each.Freq;
@@ -109,7 +109,7 @@ TEST_CASE("a recording holds the strokes asked for in every key mode")
         int32_t Stop = 0;
         REQUIRE(ReadRawFile(Demo.Options.Recording, Start, Stop));
         gKeyWin = {};
-        REQUIRE(CycleStats(0, gRaw.UBound()));
+        REQUIRE(PublishStats(CycleStats(gKeyWin, 0, gRaw.UBound())));
         CHECK(gStrokeCnt == 12);
     }
 }

@@ -239,12 +239,12 @@ void cDataView::ShowRate()
     RateArr.clear();
     int32_t Cur = 0;
     double Time = 0;
-    ScanUpTo(0);
-    bool HasStroke = DetectCycle(Cur, LastSample(), Time);
+    KeyWindow Win = WindowAt(0);
+    bool HasStroke = DetectCycle(Win, Cur, LastSample(), Time);
     while (HasStroke) {
         const int32_t Before = Cur;
         const double From = Time;
-        HasStroke = DetectCycle(Cur, LastSample(), Time);
+        HasStroke = DetectCycle(Win, Cur, LastSample(), Time);
         if (HasStroke) RateArr.push_back({(Before + Cur) / 2.0, SafeDiv(60, Time - From)});
     }
     Extra.push_back(ViewBand::eKind::Rate);

@@ -237,7 +237,8 @@ void fData02view::SelAllStrokes()
 
 void fData02view::ProcStrokes()
 {
-    if (ExportStrokes(View.SelStart, View.SelStop)) UpdateStatus("The strokes are in " + StrokeLogFN);
+    KeyWindow Win = WindowAt(View.SelStart);
+    if (ExportStrokes(Win, View.SelStart, View.SelStop)) UpdateStatus("The strokes are in " + StrokeLogFN);
 }
 
 void fData02view::ProcAll()

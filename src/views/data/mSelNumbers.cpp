@@ -14,26 +14,25 @@ const std::array<const char*, 13> SelLabels = {"",          "",         "",     
 std::optional<SelTexts> SelectionNumbers(int32_t Start, int32_t Stop)
 {
     if (gKeyChan < 1 || gKeyChan > gRaw.ChannelUBound()) return {};
-    ScanUpTo(Start);
-    if (!CycleStats(Start, Stop)) return {};
+    KeyWindow Win = WindowAt(Start);
+    const auto All = CycleStats(Win, Start, Stop);
+    if (!PublishStats(All)) return {};
     SelTexts Texts;
     const double Duration = gRaw(0, Stop) - gRaw(0, Start);
     Texts[1] = FormatNum(gRaw(0, Start), "0.0");
     Texts[2] = FormatNum(gRaw(0, Stop), "0.0");
     Texts[3] = FormatNum(Duration, "0.0");
-    Texts[4] = FormatNum(gStrokeCnt, "0");
-    Texts[5] = FormatNum(gRate, "0.0");
-    Texts[6] = FormatNum(SafeDiv(gCycleSD, gMeanCycleT), "0.0%");
+    Texts[4] = FormatNum(All->Cnt, "0");
+    Texts[5] = FormatNum(SafeDiv(60, All->Mean), "0.0");
+    Texts[6] = FormatNum(SafeDiv(All->SD, All->Mean), "0.0%");
     const auto Dist = DistTexts(Start, Stop);
     Texts[7] = Dist[0];
     Texts[8] = Dist[1];
-    int32_t Count = 0;
-    double Mean = 0, SD = 0;
-    CycleStatsInRange(Start, Stop, Count, Mean, SD);
-    Texts[9] = FormatNum(Count, "0");
-    Texts[10] = FormatNum(SafeDiv(Count, gStrokeCnt), "0.0%");
-    Texts[11] = FormatNum(SafeDiv(60, Mean), "0.0");
-    Texts[12] = FormatNum(SafeDiv(SD, Mean), "0.0%");
+    const CycleFigures Good = CycleStatsInRange(Win, *All, Start, Stop).value_or(CycleFigures{});
+    Texts[9] = FormatNum(Good.Cnt, "0");
+    Texts[10] = FormatNum(SafeDiv(Good.Cnt, All->Cnt), "0.0%");
+    Texts[11] = FormatNum(SafeDiv(60, Good.Mean), "0.0");
+    Texts[12] = FormatNum(SafeDiv(Good.SD, Good.Mean), "0.0%");
     return Texts;
 }
 
@@ -58,10 +57,10 @@ bool FindAllStrokes(int32_t& Start, int32_t& Stop)
     const int32_t Last = gRaw.UBound() - 1;
     int32_t Cur = 0;
     double Time = 0;
-    ScanUpTo(0);
-    if (!DetectCycle(Cur, Last, Time)) return false;
+    KeyWindow Win = WindowAt(0);
+    if (!DetectCycle(Win, Cur, Last, Time)) return false;
     Start = Stop = Cur;
-    while (DetectCycle(Cur, Last, Time))
+    while (DetectCycle(Win, Cur, Last, Time))
         if (Cur <= Last) Stop = Cur;
     return true;
 }

@@ -22,27 +22,23 @@ float SplitLength(std::size_t k)
 }
 
 // A run that accepts no stroke cannot be averaged: it is not begun, and nothing is written.
-bool TellEmptyBand(int32_t Start, int32_t Stop)
+bool IsBandEmpty(int32_t Start, int32_t Stop)
 {
     if (gKeyChan < 1 || gKeyChan > gRaw.ChannelUBound()) return false;
     if (Stop == 0) Stop = gRaw.UBound();
-    ScanUpTo(Start);
-    if (!CycleStats(Start, Stop)) return false;
-    int32_t Count = 0;
-    double Mean = 0, SD = 0;
-    if (CycleStatsInRange(Start, Stop, Count, Mean, SD)) return false;
-    MsgBox("No stroke lies within the filter of " + FormatShortest(StdFilter) +
-               " SD around the mean: widen it. Nothing that was stored has been changed.",
-           TitleWarning);
+    KeyWindow Win = WindowAt(Start);
+    const auto All = CycleStats(Win, Start, Stop);
+    if (!PublishStats(All) || CycleStatsInRange(Win, *All, Start, Stop)) return false;
+    ReportEmptyBand();
     return true;
 }
 
 bool RunAndSave(const ViewData& Data, int32_t Start, int32_t Stop)
 {
     // Whatever was scanned before, the same stretch gives the same sample.
-    ScanUpTo(Start);
-    if (!ProcessCycles(Start, Stop, 1)) return false;
-    if (gProcRuns == 2 && !ProcessCycles(Start, Stop, 2)) return false;
+    KeyWindow Win = WindowAt(Start);
+    if (!ProcessCycles(Win, Start, Stop, 1)) return false;
+    if (gProcRuns == 2 && !ProcessCycles(Win, Start, Stop, 2)) return false;
     if (gProcRuns != 1 && gProcRuns != 2) {
         MsgBox("The number of processing runs is neither 1 nor 2: no sample is stored.", TitleInformation);
         return false;
@@ -57,7 +53,7 @@ bool RunAndSave(const ViewData& Data, int32_t Start, int32_t Stop)
 bool ProcSel(const ViewData& Data, const ProcStretch& Stretch)
 {
     constexpr double SecondsInMinute = 60;
-    if (TellEmptyBand(Stretch.Start, Stretch.Stop)) return false;
+    if (IsBandEmpty(Stretch.Start, Stretch.Stop)) return false;
     const bool IsMade = RunAndSave(Data, Stretch.Start, Stretch.Stop);
     if (gFile.Desc.UBound() < 1) return false;
     DescRow& Row = gFile.Desc[gFile.Desc.UBound()];
@@ -119,18 +115,18 @@ bool ProcStart(int32_t Start)
     constexpr double All = std::numeric_limits<int16_t>::max();
     const auto Count = static_cast<int16_t>(std::clamp(RoundHalfEven(Val(Answer)), 0.0, All));
     const int Before = gFile.Desc.UBound();
-    ScanUpTo(Start);
-    ProcessStrokes(Start, Count);
+    KeyWindow Win = WindowAt(Start);
+    ProcessStrokes(Win, Start, Count);
     UpdateProgress(0);
     return gFile.Desc.UBound() > Before && WriteSession();
 }
 
 bool PlotProc(int32_t Start, int32_t Stop)
 {
-    if (TellEmptyBand(Start, Stop)) return false;
-    ScanUpTo(Start);
-    if (!ProcessCycles(Start, Stop, 1)) return false;
-    if (gProcRuns == 2) return ProcessCycles(Start, Stop, 2);
+    if (IsBandEmpty(Start, Stop)) return false;
+    KeyWindow Win = WindowAt(Start);
+    if (!ProcessCycles(Win, Start, Stop, 1)) return false;
+    if (gProcRuns == 2) return ProcessCycles(Win, Start, Stop, 2);
     CopyRun1();
     return true;
 }
