@@ -1,4 +1,4 @@
-// Silence, tries again at growing distances, and the words for both.
+// Detects silence, retries at growing intervals, and words both for the user.
 #include "acquisition/cLinkWatch.h"
 
 #include "base/mNumText.h"
@@ -9,8 +9,12 @@
 namespace {
 constexpr int64_t SilentAfter = 2000;   // ms without a frame
 constexpr int64_t NoAnswerAfter = 5000; // ms of an attempt to connect
-constexpr int64_t FirstDelay = 250;     // ms from a loss to the first try
-constexpr int64_t LongestDelay = 500;   // ms between tries: what comes back is lost until the next
+constexpr int64_t FirstDelay = 250;     // ms from a loss to the first attempt
+constexpr int64_t LongestDelay = 500;   // ms between attempts: frames sent before the next one are lost
+
+constexpr int64_t BesideAfter = 4000;      // ms without a frame before a second connection is tried
+constexpr int64_t BesideEvery = 2000;      // ms, since the system repeats an attempt ever more rarely
+constexpr int64_t LongestPatience = 32000; // ms, for a logger that stays silent on each connection
 
 std::string WholeSeconds(int64_t Milliseconds)
 {
@@ -32,13 +36,14 @@ void cLinkWatch::Opened(const std::string& Name, int64_t Now)
     if (Stage == eState::Closed) Begin(Name);
     Enter(eState::Open, Now);
     LastFrame = Now;
+    NextBeside = Now + Patience;
     Tell(std::exchange(WasOpen, true) ? Link + " is back" : "Connected to " + Link);
 }
 
 void cLinkWatch::Lost(const std::string& Reason, int64_t Now)
 {
     if (Stage == eState::Closed) return;
-    // One loss is told once, however often the tries fail for the same reason.
+    // A loss is reported once, however many attempts fail for the same reason.
     const bool IsNews = Stage == eState::Open || Reason != Why;
     Why = Reason;
     StillLost(Now);
@@ -52,6 +57,18 @@ void cLinkWatch::StillLost(int64_t Now)
     Enter(eState::Lost, Now);
 }
 
+void cLinkWatch::Replaced(int64_t Now)
+{
+    Patience = std::min(2 * Patience, LongestPatience);
+    NextBeside = Now + Patience;
+    Tell(Link + ": a second connection took over");
+}
+
+void cLinkWatch::Restarted() const
+{
+    Tell(Link + ": the logger's clock was restarted");
+}
+
 void cLinkWatch::Closed()
 {
     Enter(eState::Closed, 0);
@@ -62,6 +79,8 @@ void cLinkWatch::FrameCame(int64_t Now)
     if (Stage != eState::Open) return;
     LastFrame = Now;
     Delay = FirstDelay;
+    Patience = BesideAfter;
+    NextBeside = Now + Patience;
     Why.clear();
     if (std::exchange(Silent, false)) Tell(Link + ": frames again");
 }
@@ -71,6 +90,10 @@ void cLinkWatch::Tick(int64_t Now)
     if (Stage == eState::Open && !Silent && Now - LastFrame >= SilentAfter) {
         Silent = true;
         Tell(Words(Now));
+    }
+    if (Stage == eState::Open && Now >= NextBeside) {
+        NextBeside = Now + BesideEvery;
+        if (TryBeside) TryBeside();
     }
     if (Stage == eState::Connecting && Now - Since >= NoAnswerAfter) Lost("no answer", Now);
     if (Stage == eState::Lost && Now >= NextTry) {
@@ -100,6 +123,7 @@ void cLinkWatch::Begin(const std::string& Name)
     Why.clear();
     WasOpen = false;
     Delay = FirstDelay;
+    Patience = BesideAfter;
 }
 
 void cLinkWatch::Enter(eState Next, int64_t Now)

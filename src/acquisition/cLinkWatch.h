@@ -1,4 +1,4 @@
-// The state of the link to the logger: lost, silent or live, in plain words, and when to try again.
+// The state of the link to the logger: lost, silent or live, its wording for the user, and when to retry.
 #pragma once
 
 #include <cstdint>
@@ -17,10 +17,14 @@ public:
         Lost
     };
 
-    /// Takes the link up again. Called by Tick while it is lost; Connecting or Opened tell the outcome.
+    /// Opens the link again. Called by Tick while it is lost; Connecting or Opened report the outcome.
     std::function<void()> Reopen;
 
-    /// News of the link in plain words: made, lost, silent, back.
+    /// Tries a second connection beside the one that is open. Called by Tick when no frame has come for four seconds,
+    /// and every two seconds from then on.
+    std::function<void()> TryBeside;
+
+    /// Changes of the link in plain words: connected, lost, silent, back.
     std::function<void(const std::string& News)> OnChange;
 
     /// A link called Name is about to be connected.
@@ -32,8 +36,14 @@ public:
     /// The link broke or could not be made.
     void Lost(const std::string& Reason, int64_t Now);
 
-    /// A try to take a lost link up again failed.
+    /// An attempt to open a lost link again failed.
     void StillLost(int64_t Now);
+
+    /// A second connection has taken the place of the first.
+    void Replaced(int64_t Now);
+
+    /// The logger was restarted: its clock runs from 0 again.
+    void Restarted() const;
 
     /// The link was closed on purpose.
     void Closed();
@@ -41,7 +51,7 @@ public:
     /// A frame came over the link.
     void FrameCame(int64_t Now);
 
-    /// Notices silence, gives up attempts that get no answer, and tries again. Wants to be called a few times a second.
+    /// Detects silence, gives up attempts without an answer, and retries. To be called a few times a second.
     void Tick(int64_t Now);
 
     eState State() const { return Stage; }
@@ -65,5 +75,7 @@ private:
     int64_t Since = 0;     // when the state was entered
     int64_t LastFrame = 0; // or the opening
     int64_t NextTry = 0;
-    int64_t Delay = 0; // before the next try
+    int64_t Delay = 0;      // before the next attempt
+    int64_t NextBeside = 0; // when a second connection is tried
+    int64_t Patience = 0;   // with silence before that
 };

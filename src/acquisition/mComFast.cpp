@@ -1,4 +1,4 @@
-// Opening by model and port number, and taking a lost link up again.
+// Opening by model and port number, and opening a lost link again.
 #include "acquisition/mComFast.h"
 
 #include "acquisition/mSampling.h"
@@ -18,10 +18,12 @@
 #include <vector>
 
 cLinkWatch gLinkWatch;
+cSocketPair gLinkSocket;
 
 namespace {
 constexpr int LastPort = 16;
 constexpr int32_t LastTCPport = 65535;
+constexpr const char* RunCommand = "#RUN\r";
 constexpr const char* SlaveLine = "115200,n,8,1";
 
 const std::array Models = {
@@ -43,7 +45,7 @@ struct LinkInUse
 };
 LinkInUse Used;
 
-// A model without a speed of its own leaves the line as the last one set it.
+// Models that set no speed use the settings of the last one that did.
 std::string LineSettings = "9600,n,8,1";
 
 std::string PortName()
@@ -99,14 +101,14 @@ void SetSizes(const LinkSizes& Sizes)
     LineSettings = Sizes.Settings;
 }
 
-// All that makes it another link.
+// Two links with the same key are the same link.
 std::string LinkKey(const LinkSizes& Sizes)
 {
     return LinkName() +
            (gConnection == ConnectionTCP ? "" : "," + Sizes.Settings + "," + FormatNum(Sizes.FrameMin, "0"));
 }
 
-// Opens the port that the settings ask for. Gives its device, empty when there is none (reported in panel 3).
+// Opens the port that the settings select. Returns its device, empty when there is none (reported in panel 3).
 std::string OpenPort(const LinkSizes& Sizes)
 {
     if (!FindPort(Sizes.Settings)) {
@@ -130,7 +132,7 @@ void TakeUpFormerPort()
 
 void Leave()
 {
-    gHost.Socket->Close();
+    gLinkSocket.Close();
     gLinkWatch.Closed();
     gLinkStream.IsOpen = false;
     Used = {};
@@ -165,10 +167,10 @@ void Connect()
 {
     Used.IsSocket = true;
     gLinkWatch.Connecting(LinkName(), gHost.Clock->Milliseconds());
-    gHost.Socket->Connect(gLinkAddress, static_cast<uint16_t>(std::clamp(gLinkPort, 0, LastTCPport)));
+    gLinkSocket.Connect(gLinkAddress, static_cast<uint16_t>(std::clamp(gLinkPort, 0, LastTCPport)));
 }
 
-// The devices that a pulled adapter may have come back as, the likeliest first.
+// The devices that an unplugged adapter may have come back as, the most likely first.
 std::vector<std::string> Candidates()
 {
     std::vector<std::string> Found{Used.Device};
@@ -247,11 +249,10 @@ void SendRun()
 {
     Used.IsRun = true;
     if (gLinkWatch.State() != cLinkWatch::eState::Open) return;
-    const std::string Command = "#RUN\r";
     if (Used.IsSocket)
-        gHost.Socket->SendData(Command);
+        gLinkSocket.InUse().SendData(RunCommand);
     else
-        gHost.SerialPort->Output(Command);
+        gHost.SerialPort->Output(RunCommand);
 }
 
 void LinkOpened()
@@ -276,6 +277,18 @@ void ReopenLink()
         return LinkOpened();
     }
     gLinkWatch.StillLost(gHost.Clock->Milliseconds());
+}
+
+void TryBeside()
+{
+    if (Used.IsSocket && Used.IsRun) gLinkSocket.TryBeside(RunCommand);
+}
+
+void LinkReplaced()
+{
+    TakeRest();
+    BeginStream();
+    gLinkWatch.Replaced(gHost.Clock->Milliseconds());
 }
 
 void DropLink()

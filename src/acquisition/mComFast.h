@@ -2,6 +2,7 @@
 #pragma once
 
 #include "acquisition/cLinkWatch.h"
+#include "acquisition/cSocketPair.h"
 
 #include <cstdint>
 #include <span>
@@ -24,17 +25,20 @@ std::span<const LoggerModel> LoggerModels();
 /// The group of a model, null for another.
 const LoggerModel* FindModel(int16_t Model);
 
-/// Watches the link that is open or was asked for.
+/// Watches the link that is open or being opened.
 extern cLinkWatch gLinkWatch;
+
+/// The connection to a wireless logger.
+extern cSocketPair gLinkSocket;
 
 /// Looks for a serial port that can be opened with Settings ("57600,n,8,1"), first number gCOMport, then 1 to 16.
 /// Another number than before is stored in gCOMport and the ini file. False when there is none. A device named by path
 /// needs no search.
 bool FindPort(const std::string& Settings);
 
-/// Opens the link that gConnection asks for. A link that is open already stays open, since frames would be lost; only
-/// the sampling period is set anew from gDataFreq. A connection to a wireless logger is made in the background, and
-/// tried again as long as it takes. False when there is no serial port (reported in panel 3): then the session, a
+/// Opens the link that gConnection selects. A link that is already open stays open, since frames would be lost; only
+/// the sampling period is updated from gDataFreq. A connection to a wireless logger is made in the background, and
+/// retried as long as it takes. False when there is no serial port (reported in panel 3): then the session, a
 /// running replay and the link in use are as before.
 bool OpenLink();
 
@@ -44,20 +48,27 @@ void CloseLink();
 /// Closes a link that windows have used once the last of them is closed, unless a recording runs.
 void CloseUnusedLink();
 
-/// Asks the logger to stream, now or when the link is open, and again each time it was taken up anew.
+/// Asks the logger to stream, now or once the link is open, and again whenever a lost link is open again.
 void SendRun();
 
 // Events of the ports.
 
-/// The link is open: what came before is forgotten.
+/// The link is open: bytes received before are discarded.
 void LinkOpened();
 
 /// The link broke or could not be made. Whole frames that have come are taken first.
 void LinkLost(const std::string& Reason);
 
-/// Tries to take a lost link up again: the same port, or a serial device that was not there when it was opened, since
-/// an adapter may come back under another name.
+/// Tries to open a lost link again: the same port, or a serial device that did not exist when it was opened, since an
+/// adapter may come back under another name.
 void ReopenLink();
+
+/// Tries a second connection beside a silent wireless link that was asked to stream. One that was not, as during the
+/// logger's set-up, is silent on purpose.
+void TryBeside();
+
+/// The second connection is about to replace the first.
+void LinkReplaced();
 
 /// Closes the link, whichever it is. gFrameMin is 0 again.
 void DropLink();

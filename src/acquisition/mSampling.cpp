@@ -1,7 +1,10 @@
-// What the three frame sources do alike and where they differ.
+// What the three frame sources have in common and where they differ.
 #include "acquisition/mSampling.h"
 
+#include "acquisition/cLogWatch.h"
+#include "acquisition/cRunClock.h"
 #include "acquisition/mComFast.h"
+#include "base/mError.h"
 #include "base/mNumText.h"
 #include "core/mDataWindow.h"
 #include "core/mGlobData.h"
@@ -19,22 +22,20 @@ RawFile gReplayFile;
 namespace {
 constexpr std::size_t InBufferSize = 2000; // bytes; a longer frame is never waited for
 constexpr int TickInterval = 200;          // ms
-constexpr int64_t StarvingAfter = 2000;    // ms without a byte for the log
 
 ByteSource FromPort([](std::span<uint8_t> Room) { return gHost.SerialPort->Input(Room); }, Reading::AsAsked);
-ByteSource FromSocket([](std::span<uint8_t> Room) { return gHost.Socket->GetData(Room); }, Reading::AsAsked);
+ByteSource FromSocket([](std::span<uint8_t> Room) { return gLinkSocket.InUse().GetData(Room); }, Reading::AsAsked);
 
 int Timer1 = 0; // 0: not enabled
 int Timer1Interval = ReplayInterval;
 
-// Growth of the log, to tell a recording into which nothing flows.
-int64_t LoggedBytes = 0;
-int64_t LastGrowth = 0; // ms of the clock
-bool IsStarving = false;
-bool IsFrameShown = false; // panel 2 tells of a frame as live
+cRunClock LinkClock;
+
+cLogWatch LogWatch;
+bool IsFrameShown = false; // panel 2 shows a frame as live
 std::string LinkWords;
 
-// What waits of the next frame, from its sync byte on, and what must wait before it is taken.
+// Bytes of the next frame that have arrived, from its sync byte on, and how many it takes to read it.
 struct NextFrame
 {
     std::size_t Waiting;
@@ -43,7 +44,7 @@ struct NextFrame
     bool IsReady() const { return Waiting >= Needed; }
 };
 
-// InPort are the bytes that the port holds once those ahead of the sync byte are dropped.
+// InPort gives the bytes that wait in the port once those before the sync byte are dropped.
 template <class Count>
 NextFrame FindNext(ByteSource& Source, const Count& InPort, std::size_t Least)
 {
@@ -64,12 +65,26 @@ NextFrame NextInPort(std::size_t Least)
 NextFrame NextInSocket(std::size_t Least)
 {
     return FindNext(
-        FromSocket, [] { return gHost.Socket->BytesReceived(); }, Least);
+        FromSocket, [] { return gLinkSocket.InUse().BytesReceived(); }, Least);
 }
 
 std::size_t FrameMin()
 {
     return static_cast<std::size_t>(std::max<int16_t>(gFrameMin, 0));
+}
+
+// A logger that was restarted begins a new run of rates, scores and losses; the recording goes on.
+void WatchRun()
+{
+    if (gLinkStream.FrameCnt <= 1) LinkClock = {};
+    if (!LinkClock.IsNewRun(gSampleTime)) return;
+    gLinkStream.Missed = 0;
+    gLinkStream.DeltaT = gTimeStep;
+    gLinkStream.Frequency = SafeDiv(1, gTimeStep);
+    PublishLive(gLinkStream);
+    gFirstCycle = true;
+    gLinkWatch.Restarted();
+    BeginRun();
 }
 
 // Takes, decodes and records the next frame, and offers it to the windows that compute. The log is a true copy of the
@@ -81,6 +96,7 @@ bool PassFrame(FrameSource From, const Frame& Taken)
     if (!FrameSynced) return false;
     gLinkWatch.FrameCame(gHost.Clock->Milliseconds());
     DumpFrame();
+    if (From != FrameSource::Replay) WatchRun();
     SampleDataWindows();
     return true;
 }
@@ -130,27 +146,24 @@ void StartTimer1()
 
 void WatchLog(int64_t Now)
 {
-    if (!gLogging || gLogFile.Length() != LoggedBytes) {
-        LoggedBytes = gLogFile.Length();
-        LastGrowth = Now;
-        IsStarving = false;
-    } else if (!IsStarving && Now - LastGrowth >= StarvingAfter) {
-        IsStarving = true;
-        IsFrameShown = false;
-        UpdateStatus("RECORDING, BUT NOTHING ARRIVES");
-    }
+    if (!LogWatch.Look(gLogging, gLogFile.Length(), Now)) return;
+    IsFrameShown = false;
+    UpdateStatus("RECORDING, BUT NOTHING ARRIVES");
 }
 } // namespace
 
-void InitSampling()
+void InitSampling(iSocket* Second)
 {
+    gLinkSocket.Use(gHost.Socket, Second);
     gHost.SerialPort->OnData = MSComm1_OnComm;
     gHost.SerialPort->OnError = LinkLost;
-    gHost.Socket->OnConnect = LinkOpened;
-    gHost.Socket->OnData = tcpServer_DataArrival;
-    gHost.Socket->OnClose = tcpServer_Close;
-    gHost.Socket->OnError = LinkLost;
+    gLinkSocket.OnConnect = LinkOpened;
+    gLinkSocket.OnData = tcpServer_DataArrival;
+    gLinkSocket.OnClose = tcpServer_Close;
+    gLinkSocket.OnError = LinkLost;
+    gLinkSocket.OnTakeOver = LinkReplaced;
     gLinkWatch.Reopen = ReopenLink;
+    gLinkWatch.TryBeside = TryBeside;
     gHost.Clock->StartRepeating(TickInterval, TickLink);
 }
 
@@ -177,14 +190,14 @@ void tcpServer_DataArrival(std::size_t)
 void tcpServer_Close()
 {
     LinkLost("closed by the logger");
-    if (gHost.Socket->State() != eSocketState::Closed) gHost.Socket->Close();
+    if (gLinkSocket.InUse().State() != eSocketState::Closed) gLinkSocket.InUse().Close();
 }
 
 void Timer1_Timer()
 {
     if (!gReplaying) return;
     if (gReplayFile.AtEnd()) {
-        if (IsAsking()) return; // windows close at the end: not the one whose work waits for the answer
+        if (IsAsking()) return; // the end closes windows, and one of them may wait for the answer
         const bool IsEmpty = gFrameCnt == 0;
         StopAll();
         CloseDForms();
@@ -245,6 +258,18 @@ void StopAll()
     StopDump();
 }
 
+bool IsAcquiring()
+{
+    return gLogging || IsReplayOpen() || gLinkWatch.State() != cLinkWatch::eState::Closed;
+}
+
+void EndAcquisition()
+{
+    StopAll();
+    CloseLink();
+    CreateData();
+}
+
 void BeginStream()
 {
     FromPort.Skip(FromPort.Held());
@@ -280,5 +305,5 @@ void TickLink()
 
 bool IsLogStarving()
 {
-    return IsStarving;
+    return LogWatch.IsStarving();
 }

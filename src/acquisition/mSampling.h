@@ -1,8 +1,9 @@
-// The three frame sources, serial port, socket and replay: taken, decoded, recorded, handed to the data windows.
+// The three frame sources, serial port, socket and replay: read, decoded, recorded, handed to the data windows.
 #pragma once
 
 #include "files/mBinIO.h"
 #include "files/mRawLog.h"
+#include "platform/iSocket.h"
 
 #include <cstddef>
 #include <string>
@@ -15,11 +16,11 @@ extern RawFile gReplayFile; // the file that is played
 inline constexpr int ReplayInterval = 40;
 
 /// Connects the ports of gHost with the handlers below and starts the watch over the link. Once, at the program's
-/// start, when gHost is filled.
-void InitSampling();
+/// start, when gHost is filled. Second is the socket for a second connection beside a silent one; null: none is tried.
+void InitSampling(iSocket* Second);
 
 /// Serial event: takes one frame when gFrameMin bytes wait. A frame whose end has not come yet is left until it has;
-/// one that claims more bytes than the input buffer holds is taken as it is, which the decoders refuse.
+/// one that claims more bytes than the input buffer holds is passed on as it is and refused by the decoders.
 void MSComm1_OnComm();
 
 /// Socket event: takes the frames that wait while they are above gFrameMin bytes, and shows the last one only.
@@ -31,8 +32,8 @@ void tcpServer_Close();
 /// Replay tick: takes one frame of the file. At its end everything is closed, the data windows too.
 void Timer1_Timer();
 
-/// Starts to play a raw file, which ends the link. A missing file does nothing; one that is just being recorded is
-/// refused (told).
+/// Starts to play a raw file, which ends the link. A missing file does nothing; one that is being recorded is
+/// refused (reported to the user).
 void StartReplay(const std::string& Path);
 
 /// Sets the interval of the replay timer.
@@ -43,16 +44,23 @@ void StopReplay();
 /// Whether a raw file is played or held.
 bool IsReplayOpen();
 
-/// Closes whichever of the raw log, the replay file and the dump is open.
+/// Closes the raw log, the replay file and the dump, as far as they are open.
 void StopAll();
 
-/// A link was opened: what is left of the one before is no part of its stream.
+/// Whether a recording runs, a raw file is played, or a link is open or being opened.
+bool IsAcquiring();
+
+/// Ends all that, for instance before another session with other channels is opened: whole frames that wait are
+/// recorded first, then files and link are closed and gData is emptied.
+void EndAcquisition();
+
+/// A link was opened: the rest of the former stream is discarded.
 void BeginStream();
 
-/// Takes the whole frames that wait, however few, and shows the last one: for the end of a link or of a recording.
+/// Takes all whole frames that wait, however few, and shows the last one: for the end of a link or of a recording.
 void TakeRest();
 
-/// Looks after the link, the windows and the recording; runs a few times a second.
+/// Watches the link, the windows and the recording; runs a few times a second.
 void TickLink();
 
 /// Whether a recording is open into which nothing has flowed for two seconds.

@@ -29,7 +29,7 @@ qProgram::qProgram(const std::string& SettingsPath) : Settings(SettingsPath)
     QApplication::setWindowIcon(ProgramIcon());
     SetLook();
     gHost = {&Dialogs, &Status, &Settings, &Clock, &SerialPort, &Socket};
-    InitSampling();
+    InitSampling(&SecondSocket);
     Window.emplace(Status);
 }
 

@@ -30,5 +30,6 @@ private:
     qClock Clock;
     qSerialPort SerialPort;
     qSocket Socket;
+    qSocket SecondSocket; // beside a silent connection
     std::optional<frmMain> Window;
 };

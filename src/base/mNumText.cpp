@@ -48,7 +48,7 @@ std::optional<uint64_t> ScaledDigits(double X, int Decimals)
     return static_cast<uint64_t>(Digits);
 }
 
-// Takes the last Count digits off Digits and writes them ahead of End; gives the first one written.
+// Takes the last Count digits off Digits and writes them before End; gives the first one written.
 char* WriteDigits(char* End, uint64_t& Digits, int Count)
 {
     for (; Count > 0; --Count) {

@@ -12,12 +12,12 @@ double RoundHalfEven(double X);
 /// X rounded half to even and kept between Low and High; Low for what is no number.
 int32_t RoundWithin(double X, int32_t Low, int32_t High);
 
-/// X by a literal pattern: zeros ahead of the point are the least number of whole digits, zeros behind it the
+/// X by a literal pattern: zeros before the point are the least number of whole digits, zeros after it the
 /// decimals ("00", "0.000"); "0." keeps its point; a "%" at the end shows X times 100. A tie goes to the even digit.
 std::string FormatNum(double X, std::string_view Pattern);
 
-/// Appends X with Decimals digits behind the point and at least Whole ahead of it: FormatNum without a pattern to
-/// read, for long tables.
+/// Appends X with Decimals digits after the point and at least Whole before it: FormatNum without parsing a
+/// pattern, for long tables.
 void AppendFixed(std::string& Line, double X, int Decimals, int Whole = 1);
 
 /// Appends FormatSig and FormatSig6.
@@ -30,7 +30,7 @@ std::string FormatSig(double X, int Places);
 /// X in six to two decimals by magnitude, none from 10000 on.
 std::string FormatSig6(double X);
 
-/// A truth as files write it: "-1" or "0".
+/// A boolean as files write it: "-1" or "0".
 std::string FormatBool(bool X);
 
 /// The shortest text that reads back as X.
@@ -40,7 +40,7 @@ std::string FormatShortest(float X);
 /// X with at most Digits significant digits and no trailing zeros, as C's "%.{Digits}g".
 std::string FormatGeneral(double X, int Digits);
 
-/// The leading number of Text behind blanks; nothing when there is none or it is too large.
+/// The leading number of Text after blanks; nothing when there is none or it is too large.
 std::optional<double> LeadingNumber(std::string_view Text);
 
 /// The leading number of Text, 0 when there is none.

@@ -12,11 +12,11 @@ enum class Durability
     Fast
 };
 
-/// All bytes of a file, or nothing when it is missing, unreadable, a folder, or above 256 MiB: no file that is held
-/// whole comes near.
+/// All bytes of a file, or nothing when it is missing, unreadable, a folder, or above 256 MiB: files
+/// that are read whole are far smaller.
 std::optional<std::string> ReadWhole(const std::string& Path);
 
-/// A new file that takes the place of Path only when it is complete: it grows beside it under a name of its own, and
+/// A new file that takes the place of Path only when it is complete: it is written under a temporary name, and
 /// a kill at any instant leaves the old file or the new one whole. A link stays and what it points to is replaced; the
 /// permissions of the old file stay. A device or a pipe is written to as it is.
 class WholeFile

@@ -27,7 +27,7 @@ public:
     /// Makes LastSample the last sample: what is held stays, new samples are 0. -1 leaves no sample.
     void Resize(int LastSample);
 
-    /// Makes room for that many samples ahead of time.
+    /// Reserves memory for that many samples.
     void Reserve(int SampleCount);
 
     /// Adds samples of no particular value, for a caller that writes all of them at once.

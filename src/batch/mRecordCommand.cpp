@@ -65,6 +65,7 @@ private:
     sEventLoop Loop;
     sSerialPort Port{Loop};
     sSocket Socket{Loop};
+    sSocket SecondSocket{Loop};
     int Signals;
 };
 
@@ -89,7 +90,7 @@ Recorder::~Recorder()
 
 bool Recorder::Run()
 {
-    InitSampling();
+    InitSampling(&SecondSocket);
     gLinkWatch.OnChange = [](const std::string& News) { MsgBox(News, TitleInformation); };
     Loop.Watch(Signals, POLLIN, [this](short) {
         IsSignalled = true;

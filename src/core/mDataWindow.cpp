@@ -105,6 +105,11 @@ void SampleDataWindows()
     HandToAll("Taking the frame", &cDataWindow::TakeSample);
 }
 
+void BeginRun()
+{
+    HandToAll("Beginning a new run", &cDataWindow::NewRun);
+}
+
 void DrawDataWindows()
 {
     LastFrame = gHost.Clock->Milliseconds();

@@ -21,6 +21,10 @@ public:
     /// "D" to receive frames; a window that is closing has none.
     std::string Tag;
 
+    /// The logger was restarted and its clock runs from 0 again: strokes, rates and scores start again with the frame
+    /// in gData. TakeSample is called for it next.
+    virtual void NewRun() {}
+
     /// A frame was decoded: gData holds it. Recognisers, curves, scores and points take it in; nothing is drawn.
     virtual void TakeSample() {}
 
@@ -39,17 +43,17 @@ public:
     /// Closes the window.
     virtual void Unload() = 0;
 
-    /// Another session was opened, whose channels are others. A window that cannot go over to it closes.
+    /// Another session was opened, with other channels. A window that cannot show it closes.
     virtual void NewSession() { Unload(); }
 
-    /// Calls DrawData, SetLive(true) ahead of it when the window was not live.
+    /// Calls DrawData; before it SetLive(true) when the window was not live.
     void TakeFrame();
 
     /// Calls SetLive(false) when the window was live.
     void LoseFrames();
 
     bool HasFailed = false; // gets no frames until the next stream
-    bool IsAtWork = false;  // still has one: a question of its own may stand
+    bool IsAtWork = false;  // still has one: it may have asked the user a question
 
 private:
     bool IsLive = false;
@@ -66,13 +70,16 @@ bool IsLinkNeeded();
 /// to the user once and then left out; the others go on.
 void SampleDataWindows();
 
+/// Calls NewRun of each window tagged "D", in order. Failures as with samples.
+void BeginRun();
+
 /// Calls DrawData of each window tagged "D", in order: once for each arrival of frames. Failures as with samples.
 void DrawDataWindows();
 
 /// A new stream begins: windows that failed get frames again.
 void RetryDataWindows();
 
-/// Tells each window tagged "D" once that frames have stopped, when none has come for a second.
+/// Calls LoseFrames of each window when no frame has come for a second.
 void CheckLive();
 
 /// Unloads each window tagged "D", from the last to the first.

@@ -69,7 +69,7 @@ std::span<const Field<DataFile>> SessHeadFields()
 {
     static constexpr std::array Table = {
         Field<DataFile>{"SessID", &DataFile::SessID, Text},
-        Field<DataFile>{"Date", &DataFile::SessDate, {FieldForm::Date, 1, 0}}, // one blank ahead of it
+        Field<DataFile>{"Date", &DataFile::SessDate, {FieldForm::Date, 1, 0}}, // preceded by one blank
         Field<DataFile>{"Place", &DataFile::Place, Text},
         Field<DataFile>{"Coach Name", &DataFile::Coach, Text},
         Field<DataFile>{"Sex", &DataFile::Sex, Text},
@@ -344,7 +344,7 @@ void AppendText(std::string& Line, const FieldFormat&, const std::string& Value)
 {
     const std::size_t Start = Line.size();
     Line += Value;
-    // A tab or a line's end within a text would shift the fields behind it.
+    // A tab or a line's end within a text would shift the fields that follow.
     std::replace_if(
         Line.begin() + static_cast<std::ptrdiff_t>(Start), Line.end(),
         [](char C) { return C == '\t' || C == '\r' || C == '\n'; }, ' ');

@@ -15,14 +15,14 @@ enum class FieldForm
     Text,
     Trimmed,  // text without the blanks around it
     Unquoted, // text without double quotes
-    Number,   // at least Whole digits ahead of the point, Decimals behind it
-    Sig,      // Decimals significant digits, less those ahead of the point
+    Number,   // at least Whole digits before the point, Decimals after it
+    Sig,      // Decimals significant digits, less those before the point
     Sig6,     // six to two decimals by magnitude
     Truth,    // -1 or 0
     Date      // dd/mm/yy
 };
 
-/// How a field stands in a file.
+/// How a field is written in a file.
 struct FieldFormat
 {
     FieldForm Form = FieldForm::Text;
@@ -48,7 +48,7 @@ std::span<const Field<CalibrRow>> CalibrFields();
 std::span<const Field<ViewRow>> ViewFields();
 std::span<const Field<BoatRow>> BoatFields();
 std::span<const Field<DescRow>> DescFields();
-std::span<const Field<DataRow>> DataFields(); // ahead of the values
+std::span<const Field<DataRow>> DataFields(); // the columns before the values
 std::span<const Field<DotRow>> DotFields();
 std::span<const Field<SegRow>> SegFields();
 std::span<const Field<VideoIDRow>> VideoIDFields();

@@ -307,7 +307,7 @@ extern int16_t gFrameMin;  // bytes required before a frame is taken; 0 until a 
 extern int32_t gFrameCnt;  // frames decoded since the link opened
 extern double gSampleTime; // s, time of the last frame
 extern double gFrequency;  // Hz, measured frame rate
-extern int32_t gMissed;    // frames reckoned lost
+extern int32_t gMissed;    // frames counted as lost
 extern int16_t gKeyChan;   // channel that drives stroke detection, 0 or -1 when there is none
 extern double gKeyQ0;
 extern double gKeyQ1;
@@ -317,7 +317,7 @@ extern double gH1Q0;
 extern double gH1Q1;
 extern std::string gCurFile;   // path of the session data file
 extern std::string gFileTitle; // its name without folder and extension
-extern std::string gCurDir;    // its folder, with the separator behind it
+extern std::string gCurDir;    // its folder, ending in the separator
 extern std::string gSessID;    // session identifier that each row read takes
 extern std::string gRawFN;     // raw sample file in use
 extern bool gFromFile;         // data come from a file

@@ -124,7 +124,7 @@ constexpr std::array SensColumns = {
     Field<CalibrSensRow>{"ChToCal", &CalibrSensRow::ChToCal, {FieldForm::Number, 1, 0}},
 };
 
-// Rows beyond the table's five are left out.
+// Rows after the table's five are ignored.
 void ReadCalibrSens(LineReader& Lines)
 {
     LineFields Cells;

@@ -25,7 +25,7 @@ struct WindowPlace
     float Height = 0;
 };
 
-extern std::string gAppDir; // the program's folder, with the separator behind it
+extern std::string gAppDir; // the program's folder, ending in the separator
 extern std::string gSysID;
 extern WindowPlace gMainPlace;
 extern std::string gBaseFolder;  // root of all data folders
@@ -49,11 +49,11 @@ extern bool gIsGrid;
 /// Path of the ini file.
 std::string IniPath();
 
-/// Reads the ini file into the globals above and gCurFile. A missing file is told and gives false; unknown keys and
+/// Reads the ini file into the globals above and gCurFile. A missing file is reported, result false; unknown keys and
 /// lines without "=" are skipped, a number that its global cannot hold leaves the former value.
 bool ReadIni();
 
-/// Writes the ini file whole. False when it cannot be written (told).
+/// Writes the ini file whole. False when it cannot be written (reported to the user).
 bool WriteIni();
 
 /// Copies the calibrator rows made for channel CalCh to gAutoCalCh, gAutoCalQ0 and gAutoCalQ1; the last one wins.

@@ -15,7 +15,7 @@ int16_t gAutoCalibr, gAutoSwitchCal, fTorque, fXisLog, fAutoAxes, fApproxMode;
 int16_t gIsTargVals, gIsTargCurves, gDoReZero, gRSFmode, gSeatChan, gTrunkChan;
 int16_t gCFLow, gCFHigh, gCFmarg, gRSFmarg, gFFmarg, gRSFLow, gRSFHigh, gFFLow, gFFHigh, gXScale;
 int16_t mDisplayMode, mScullMode;
-int16_t gPictureRate = 60; // a surface may be drawn on ahead of LoadSettings
+int16_t gPictureRate = 60; // a surface may be drawn on before LoadSettings
 int32_t gQVNbauds, gSessCnt;
 double gDataFreq, StdFilter, VQ0, VQ1, fCutOff, gRSFval0, gRSFval1, gCFslope, gFFslope;
 bool gToolBar, gStatusBar;

@@ -26,7 +26,7 @@ private:
     std::string Cleaned; // a line that had CR within
 };
 
-/// A line cut at its tabs. Closed holds the fields that a tab ends, Open what stands behind the last tab.
+/// A line cut at its tabs. Closed holds the fields that a tab ends, Open what follows the last tab.
 struct LineFields
 {
     std::vector<std::string_view> Closed;
@@ -44,7 +44,7 @@ void SetFields(Row& Target, std::span<const Field<Row>> Columns, std::span<const
         SetField(Target, Columns[i], Values[i]);
 }
 
-/// Appends the columns of a row, a tab behind each.
+/// Appends the columns of a row, a tab after each.
 template <class Row>
 void AppendFields(std::string& Line, const Row& Source, std::span<const Field<Row>> Columns)
 {
@@ -54,8 +54,8 @@ void AppendFields(std::string& Line, const Row& Source, std::span<const Field<Ro
     }
 }
 
-/// Reads a section in place of Rows: Fill gets a new row and the fields of its line. Lines beyond the 16-bit row
-/// numbers are passed over.
+/// Reads a section in place of Rows: Fill gets a new row and the fields of its line. Lines that exceed the 16-bit
+/// row numbers are skipped.
 template <class Row, class Filler>
 void ReadRows(LineReader& Lines, RowArray<Row>& Rows, Filler Fill)
 {
@@ -75,7 +75,7 @@ void ReadClosedRows(LineReader& Lines, std::span<const Field<Row>> Columns, RowA
     ReadRows(Lines, Rows, [&](Row& Target, const LineFields& Cells) { SetFields(Target, Columns, Cells.Closed); });
 }
 
-/// Reads a section whose last field needs no tab behind it.
+/// Reads a section whose last field needs no tab after it.
 template <class Row>
 void ReadSplitRows(LineReader& Lines, std::span<const Field<Row>> Columns, RowArray<Row>& Rows)
 {

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-/// What becomes of bytes that waited on a line before it was opened.
+/// What is done with bytes that were waiting on a line before it was opened.
 enum class eWaiting
 {
     Dropped, // a link that the user opens begins with what is sent from now on
@@ -38,7 +38,7 @@ public:
     /// Sends Text; false when the port is closed or the line is broken.
     virtual bool Output(const std::string& Text) = 0;
 
-    /// Closes the port; nothing is told.
+    /// Closes the port; no event follows.
     virtual void Close() = 0;
 
     /// OnData is called when at least this many bytes are waiting, and once more in a later turn of the event loop
@@ -47,7 +47,7 @@ public:
 
     std::function<void()> OnData;
 
-    /// The line broke, with the reason. Called once in a turn of its own, when the port is already closed; what came
+    /// The line broke, with the reason. Called once, from the event loop, when the port is already closed; what came
     /// before can still be taken within the call.
     std::function<void(const std::string& Reason)> OnError;
 };

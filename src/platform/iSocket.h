@@ -19,7 +19,7 @@ class iSocket
 public:
     virtual ~iSocket() = default;
 
-    /// Starts to connect; a connection that exists is dropped first. OnConnect, OnClose or OnError tell the outcome.
+    /// Starts to connect; a connection that exists is dropped first. OnConnect, OnClose or OnError report the outcome.
     virtual void Connect(const std::string& Address, uint16_t Port) = 0;
 
     virtual eSocketState State() const = 0;
@@ -33,12 +33,12 @@ public:
     /// Sends Text; false when not connected.
     virtual bool SendData(const std::string& Text) = 0;
 
-    /// Closes the connection or ends the attempt; nothing is told.
+    /// Closes the connection or ends the attempt; no event follows.
     virtual void Close() = 0;
 
     std::function<void()> OnConnect;
 
-    /// Data arrived: BytesTotal bytes are waiting. Bytes that the handler leaves are not told again until more come.
+    /// Data arrived: BytesTotal bytes are waiting. Bytes left by the handler are not reported again until more come.
     std::function<void(std::size_t BytesTotal)> OnData;
 
     /// The other side closed an existing connection. What came before can still be taken within the call.

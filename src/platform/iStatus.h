@@ -1,4 +1,4 @@
-// Where the engine tells what it is doing: the panels and the progress bar of the status line.
+// Where the engine shows what it is doing: the panels and the progress bar of the status line.
 #pragma once
 
 #include <string>
@@ -14,6 +14,6 @@ public:
     /// Shows how far long work has come, 0 to 100.
     virtual void SetProgress(int Percent) = 0;
 
-    /// Whether the user has asked since the last call that the long work going on be given up.
+    /// Whether the user has asked since the last call to cancel the long operation that is running.
     virtual bool IsCancelled() { return false; }
 };

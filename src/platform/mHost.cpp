@@ -6,7 +6,7 @@
 Host gHost;
 
 namespace {
-int Standing = 0; // dialogs, one above the other
+int Standing = 0; // open dialogs, one above the other
 
 struct Asking
 {
@@ -81,19 +81,19 @@ bool GoOn(int Percent)
 
 bool Guard(const std::string& What, const std::function<bool()>& Work)
 {
-    std::vector<std::string> Told;
-    const bool Success = Guard(What, Told, Work);
-    for (const std::string& Failure : Told)
+    std::vector<std::string> Failures;
+    const bool Success = Guard(What, Failures, Work);
+    for (const std::string& Failure : Failures)
         MsgBox(Failure + ". Nothing that was stored has been changed.", TitleError);
     return Success;
 }
 
-bool Guard(const std::string& What, std::vector<std::string>& Told, const std::function<bool()>& Work)
+bool Guard(const std::string& What, std::vector<std::string>& Failures, const std::function<bool()>& Work)
 {
     try {
         return Work();
     } catch (const RunError& Failure) {
-        Told.push_back(What + " failed: " + Failure.what());
+        Failures.push_back(What + " failed: " + Failure.what());
         return false;
     }
 }

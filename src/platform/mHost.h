@@ -1,4 +1,4 @@
-// The program that the engine runs in: its dialogs, status line and settings store, and the guard of every entrance.
+// The program that the engine runs in: its dialogs, status line and settings store, and the guard of every entry point.
 #pragma once
 
 #include "platform/iClock.h"
@@ -55,7 +55,7 @@ std::string InputBox(const std::string& Prompt, const std::string& Title, const 
 std::string ExecComDlg(const std::string& Title, const std::string& Ext, eFileMode Mode,
                        const std::string& Folder = "");
 
-/// Whether one of these stands and waits for its answer.
+/// Whether one of these is open and waits for its answer.
 bool IsAsking();
 
 /// Shows the running text in status panel 2.
@@ -67,11 +67,11 @@ void ShowReading(const std::string& Text);
 /// Moves the progress bar, 0 to 100.
 void UpdateProgress(int Percent);
 
-/// Tells how far long work has come. False when the user has given it up: the work ends and puts things back.
+/// Shows the progress of a long operation. False when the user has cancelled it: it ends and undoes its changes.
 bool GoOn(int Percent);
 
 /// Runs Work and returns its result. A RunError is shown as one message, which names What failed, and gives false.
 bool Guard(const std::string& What, const std::function<bool()>& Work);
 
-/// The same, but the message is added to Told: for work of many parts, of which some may fail.
-bool Guard(const std::string& What, std::vector<std::string>& Told, const std::function<bool()>& Work);
+/// The same, but the message is added to Failures: for work in several parts, some of which may fail.
+bool Guard(const std::string& What, std::vector<std::string>& Failures, const std::function<bool()>& Work);

@@ -269,3 +269,82 @@ TEST_CASE_FIXTURE(Link, "a wireless link is made in the background, lost, silent
     CHECK(Socket.State() == eSocketState::Closed);
     CHECK(Panel(3) == "");
 }
+
+TEST_CASE_FIXTURE(Link, "beside a wireless link that is silent for four seconds a second connection is tried")
+{
+    gConnection = 1;
+    gLinkAddress = "127.0.0.1";
+    gLinkPort = 6000;
+    REQUIRE(OpenLink());
+    Socket.Answer();
+    Socket.Feed(LongFrame(40));
+    Clock.Wait(10000);
+    CHECK(SecondSocket.Place.empty()); // nobody asked the logger to stream
+    SendRun();
+    Socket.Feed(LongFrame(80) + LongFrame(120).substr(0, 20));
+    Clock.Wait(3800);
+    CHECK(SecondSocket.Place.empty());
+    Clock.Wait(400);
+    CHECK(SecondSocket.Place == "127.0.0.1:6000");
+
+    SUBCASE("an attempt without an answer is made anew, one that is connected waits")
+    {
+        SecondSocket.Place.clear();
+        Clock.Wait(2000);
+        CHECK(SecondSocket.Place == "127.0.0.1:6000");
+        SecondSocket.Answer();
+        SecondSocket.Place.clear();
+        Clock.Wait(4000);
+        CHECK(SecondSocket.Place.empty());
+        CHECK(SecondSocket.Sent == "#RUN\r");
+        CHECK(Socket.State() == eSocketState::Connected);
+    }
+    SUBCASE("it is given up when the first speaks again")
+    {
+        SecondSocket.Answer();
+        Socket.Feed(LongFrame(120).substr(20));
+        CHECK(SecondSocket.State() == eSocketState::Closed);
+        CHECK(gSampleTime == 0.12);
+        CHECK(gFrameCnt == 3);
+    }
+    SUBCASE("it replaces the first when it brings data, and the next gap is bridged the other way round")
+    {
+        SecondSocket.Answer();
+        SecondSocket.Feed(LongFrame(9000));
+        CHECK(Socket.State() == eSocketState::Closed);
+        CHECK(gSampleTime == 9);
+        CHECK(gFrameCnt == 3);
+        CHECK(News.ends_with("127.0.0.1:6000: a second connection took over\n24 127.0.0.1:6000: frames again\n"));
+        Clock.Wait(4200);
+        CHECK(Socket.State() == eSocketState::Connecting);
+        Socket.Answer();
+        Socket.Feed(LongFrame(15000));
+        CHECK(SecondSocket.State() == eSocketState::Closed);
+        CHECK(gSampleTime == 15);
+    }
+    SUBCASE("it replaces a first that ends, and a logger that stays silent is tried ever more rarely")
+    {
+        SecondSocket.Answer();
+        Socket.Drop();
+        CHECK(gLinkWatch.State() == cLinkWatch::eState::Open);
+        Clock.Wait(7800);
+        CHECK(Socket.State() == eSocketState::Closed);
+        Clock.Wait(400);
+        CHECK(Socket.State() == eSocketState::Connecting);
+        Socket.OnError("Connection refused"); // of no interest
+        CHECK(gLinkWatch.State() == cLinkWatch::eState::Open);
+        SecondSocket.Feed(LongFrame(9000));
+        CHECK(gSampleTime == 9);
+    }
+    SUBCASE("it ends with a link that is closed, and one that is lost is made anew as ever")
+    {
+        Socket.Drop();
+        CHECK(SecondSocket.State() == eSocketState::Closed);
+        CHECK(gLinkWatch.State() == cLinkWatch::eState::Lost);
+        Clock.Wait(400);
+        CHECK(Socket.State() == eSocketState::Connecting);
+        CloseLink();
+        Clock.Wait(20000);
+        CHECK(SecondSocket.State() == eSocketState::Closed);
+    }
+}

@@ -10,7 +10,7 @@
 #include <sys/resource.h>
 
 namespace {
-// A program with both kinds of link open and a recording.
+// A program with an open link of either kind and a recording.
 struct Recording : LinkState
 {
     CountingWindow Window;
@@ -147,7 +147,8 @@ TEST_CASE_FIXTURE(Recording, "on the serial line each frame has an event and is 
         CHECK(Port.RThreshold == 39);
         CHECK(Recorded() == LongFrame(40) + LongFrame(80) + LongFrame(120) + Longer);
     }
-    SUBCASE("a window that fails is told once, though frames come while the message stands, and the recording goes on")
+    SUBCASE(
+        "a window that fails is reported once, though frames come while the message stands, and the recording goes on")
     {
         struct SlowReader : ScriptedDialogs
         {
@@ -211,7 +212,7 @@ TEST_CASE_FIXTURE(Recording, "however the stream is cut, its frames are recorded
     }
 }
 
-TEST_CASE_FIXTURE(Recording, "the three frame sources part short frames from long ones each at a size of its own")
+TEST_CASE_FIXTURE(Recording, "the three frame sources tell short frames from long ones by different sizes")
 {
     for (int16_t Source = 0; Source < 3; ++Source) {
         for (const int BodySize : {33, 34, 35}) {
@@ -341,4 +342,81 @@ TEST_CASE_FIXTURE(Recording, "a full disk ends the recording with one message, a
     CHECK_FALSE(gLogging);
     CHECK(Window.Drawn == 5);
     CHECK(Recorded() == LongFrame(40) + LongFrame(80));
+}
+
+TEST_CASE_FIXTURE(Recording, "a logger that was started again begins a new run on a live link, in the same recording")
+{
+    std::string Sent;
+    for (const int Time : {600000, 600040, 600400, 0, 40, 80})
+        Sent += LongFrame(Time);
+    for (const int16_t Connection : {int16_t{0}, int16_t{1}}) {
+        CAPTURE(Connection);
+        StopAll();
+        gFrameCnt = gMissed = 0;
+        Path = Folder.Path(Connection == 1 ? "socket.qvn" : "serial.qvn");
+        Open(Connection);
+        Window.Runs.clear();
+        gFirstCycle = false;
+        Connection == 1 ? Socket.Feed(Sent) : Port.Feed(Sent);
+        TakeRest();
+        CHECK(Window.Runs == std::vector{0.0});
+        CHECK(gFirstCycle);
+        CHECK(Panel(2) == "SampleTime=000.08s, Frequency=025.000Hz, Missed=0pc, ");
+        CHECK(gDeltaT == doctest::Approx(0.04));
+        CHECK(Recorded() == Sent);
+    }
+}
+
+TEST_CASE_FIXTURE(Recording, "only a clock that runs back by more than a second, and stays there, begins a new run")
+{
+    Open(0);
+    const auto RunsOf = [this](const std::vector<int>& Times) {
+        gLinkStream.FrameCnt = 0;
+        Window.Runs.clear();
+        for (const int Time : Times)
+            Port.Feed(LongFrame(Time));
+        return Window.Runs;
+    };
+    CHECK(RunsOf({5000, 4000}).empty());
+    CHECK(RunsOf({5000, 3999}) == std::vector{3.999});
+    CHECK(RunsOf({5000, 5040, 900000, 5080, 5120}).empty()); // one frame with a wrong time
+    CHECK(RunsOf({5000, 5040, 900000, 0, 40}) == std::vector{0.0});
+    // The link was cut and came back in the meantime.
+    Port.Feed(LongFrame(7000) + LongFrame(7040));
+    Port.Pull();
+    Port.Plugged = {"/dev/ttyUSB0"};
+    Clock.Wait(1000);
+    Window.Runs.clear();
+    Port.Feed(LongFrame(40));
+    CHECK(Window.Runs == std::vector{0.04});
+}
+
+TEST_CASE_FIXTURE(Recording, "a clock that runs back in a file that is played begins no new run")
+{
+    REQUIRE(SaveWhole(Folder.Path("old.qvn"), LongFrame(9000) + LongFrame(40) + LongFrame(80)));
+    StartReplay(Folder.Path("old.qvn"));
+    Clock.Wait(3 * ReplayInterval);
+    CHECK(gFrameCnt == 3);
+    CHECK(Window.Runs.empty());
+}
+
+TEST_CASE_FIXTURE(Recording, "ending the acquisition records what waits and closes recording, replay and link")
+{
+    CHECK_FALSE(IsAcquiring());
+    Open(1);
+    gFrameMin = 39;
+    Socket.Feed(LongFrame(40)); // too short to be taken yet
+    CHECK(IsAcquiring());
+    EndAcquisition();
+    CHECK_FALSE(IsAcquiring());
+    CHECK_FALSE(gLogging);
+    CHECK(Socket.State() == eSocketState::Closed);
+    CHECK(Recorded() == LongFrame(40));
+    CHECK(Window.Sampled == std::vector{0.04});
+    CHECK(gData[0] == 0);
+    StartReplay(Path);
+    CHECK(IsAcquiring());
+    EndAcquisition();
+    CHECK_FALSE(IsReplayOpen());
+    CHECK_FALSE(IsAcquiring());
 }

@@ -1,9 +1,14 @@
 // The engine's own links over a real pseudo-terminal and a real connection.
+#include "acquisition/mComFast.h"
+#include "acquisition/mSampling.h"
+#include "core/mIni.h"
+#include "core/mSettings.h"
 #include "platform/plain/sSerialPort.h"
 #include "platform/plain/sSocket.h"
 #include "support/Case.h"
 #include "support/LinkChecks.h"
 #include "support/LinkPeers.h"
+#include "support/ScriptedLink.h"
 
 namespace {
 struct PlainLoop
@@ -40,4 +45,70 @@ TEST_CASE_FIXTURE(PlainLoop, "a plain socket tells of connection, data, close an
 {
     sSocket Socket(Loop);
     CheckSocket(Socket, Wait);
+}
+
+namespace {
+// A recording over real connections to a logger that falls silent without closing, on a clock that the case moves.
+struct SilentLogger : LinkState
+{
+    sEventLoop Loop;
+    sSocket First{Loop};
+    sSocket Second{Loop};
+    LoopbackServer Server;
+    CountingWindow Window;
+
+    SilentLogger()
+    {
+        gHost.Socket = &First;
+        InitSampling(&Second);
+        gConnection = 1;
+        gLinkAddress = "127.0.0.1";
+        gLinkPort = Server.Port();
+        REQUIRE(OpenLog(Folder.Path("a.qvn"), OldBytes::Kept));
+        REQUIRE(OpenLink());
+        SendRun();
+        REQUIRE(Until([this] { return Server.Accept(); }));
+        REQUIRE(Until([this] { return Server.Take() == "#RUN\r"; }));
+        Server.Send(LongFrame(40) + LongFrame(80));
+        REQUIRE(Until([this] { return Window.Sampled.size() == 2; }));
+        Clock.Wait(4200);
+        REQUIRE(Until([this] { return Server.AcceptBeside(); }));
+        REQUIRE(Until([this] { return Server.Take() == "#RUN\r"; }));
+    }
+    ~SilentLogger()
+    {
+        StopAll();
+        DropLink();
+        gHost.Socket = &Socket;
+        InitSampling(&SecondSocket);
+    }
+    template <class Condition>
+    bool Until(const Condition& Holds)
+    {
+        for (int Turn = 0; Turn < 5000; ++Turn) {
+            if (Holds()) return true;
+            Loop.Wait(1);
+        }
+        return false;
+    }
+    std::string Recorded() const { return ReadWhole(Folder.Path("a.qvn")).value_or("none"); }
+};
+} // namespace
+
+TEST_CASE_FIXTURE(SilentLogger, "a second real connection takes over from one that fell silent without closing")
+{
+    Server.Send(LongFrame(6000) + LongFrame(6040));
+    CHECK(Until([this] { return Window.Sampled.size() == 4; }));
+    CHECK(Recorded() == LongFrame(40) + LongFrame(80) + LongFrame(6000) + LongFrame(6040));
+    CHECK(Until([this] { return Server.IsFirstClosed(); }));
+    CHECK(gLinkWatch.State() == cLinkWatch::eState::Open);
+}
+
+TEST_CASE_FIXTURE(SilentLogger, "a real connection that speaks again keeps its place, and nothing of it is lost")
+{
+    Server.ServeFirst();
+    Server.Send(LongFrame(120) + LongFrame(160));
+    CHECK(Until([this] { return Window.Sampled.size() == 4; }));
+    CHECK(Recorded() == LongFrame(40) + LongFrame(80) + LongFrame(120) + LongFrame(160));
+    CHECK(Until([this] { return Server.IsFirstClosed(); })); // after the change of places: the second
 }

@@ -12,6 +12,7 @@
 #include <sys/socket.h>
 #include <termios.h>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 void Check(bool Done, const char* What)
@@ -93,6 +94,7 @@ LoopbackServer::LoopbackServer()
 LoopbackServer::~LoopbackServer()
 {
     Drop();
+    if (Silent >= 0) close(Silent);
     StopListening();
 }
 
@@ -125,6 +127,25 @@ bool LoopbackServer::Accept()
     Drop();
     Peer = Found;
     return true;
+}
+
+bool LoopbackServer::AcceptBeside()
+{
+    const int First = std::exchange(Peer, -1);
+    const bool IsThere = Accept();
+    (IsThere ? Silent : Peer) = First;
+    return IsThere;
+}
+
+void LoopbackServer::ServeFirst()
+{
+    std::swap(Peer, Silent);
+}
+
+bool LoopbackServer::IsFirstClosed() const
+{
+    char Byte = 0;
+    return recv(Silent, &Byte, 1, MSG_PEEK) == 0;
 }
 
 void LoopbackServer::Send(const std::string& Bytes) const

@@ -26,7 +26,7 @@ private:
     int Master = -1;
 };
 
-/// A server for one connection at a time.
+/// A server for one connection at a time, or for a second one beside a connection that falls silent.
 class LoopbackServer
 {
 public:
@@ -39,6 +39,13 @@ public:
 
     /// Takes a connection that was asked for; false when there is none.
     bool Accept();
+
+    /// Takes a second connection and serves it; the first stays open and is silent until it is served again.
+    bool AcceptBeside();
+    void ServeFirst();
+
+    /// Whether the first connection was closed by the other side.
+    bool IsFirstClosed() const;
 
     /// Sends within the time that a slow reader needs.
     void Send(const std::string& Bytes) const;
@@ -55,5 +62,6 @@ public:
 private:
     int Door = -1;
     int Peer = -1;
+    int Silent = -1; // the first of two connections
     uint16_t Number = 0;
 };

@@ -46,7 +46,7 @@ LinkState::LinkState()
     gHost.Clock = &Clock;
     gHost.SerialPort = &Port;
     gHost.Socket = &Socket;
-    InitSampling();
+    InitSampling(&SecondSocket);
 }
 
 LinkState::~LinkState()

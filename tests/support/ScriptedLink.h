@@ -131,11 +131,13 @@ public:
     CountingWindow() : cDataWindow(DataTag) {}
     int Drawn = 0;
     std::vector<double> Sampled; // times of the frames
+    std::vector<double> Runs;    // times of the first frames of new runs
     bool IsShownLive = false;
     bool IsUnloaded = false;
     bool Fails = false;
     bool FailsInSample = false;
 
+    void NewRun() override { Runs.push_back(gData[0]); }
     void TakeSample() override
     {
         Sampled.push_back(gData[0]);
@@ -161,6 +163,7 @@ public:
 
     ScriptedPort Port;
     ScriptedSocket Socket;
+    ScriptedSocket SecondSocket;
     TestClock Clock;
 
     /// The last text of a status panel.

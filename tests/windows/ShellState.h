@@ -31,6 +31,7 @@ struct ShellState : FreshState
     qStatus Panels;
     qSerialPort SerialPort;
     qSocket Socket;
+    qSocket SecondSocket;
     frmMain Main{Panels};
 
     ShellState()
@@ -39,7 +40,7 @@ struct ShellState : FreshState
         gHost.Status = &Panels;
         gHost.SerialPort = &SerialPort;
         gHost.Socket = &Socket;
-        InitSampling();
+        InitSampling(&SecondSocket);
     }
 
     template <class Control>

@@ -20,7 +20,7 @@ bool HasHardware(const fs::path& Class)
     return Type != "0";
 }
 
-// ttyUSB10 comes behind ttyUSB9.
+// Natural sort order: ttyUSB10 comes after ttyUSB9.
 bool Ahead(const std::string& A, const std::string& B)
 {
     const auto Digits = [](const std::string& Name) { return Name.find_last_not_of("0123456789") + 1; };

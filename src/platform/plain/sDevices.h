@@ -4,6 +4,6 @@
 #include <string>
 #include <vector>
 
-/// Paths of the serial devices that have hardware behind them, by name, numbers in it as numbers: port n is element
+/// Paths of the serial devices that have hardware behind them, in natural sort order: port n is element
 /// n - 1. Listed in the folder Classes, where the kernel shows its terminals.
 std::vector<std::string> SerialDevices(const std::string& Classes = "/sys/class/tty");

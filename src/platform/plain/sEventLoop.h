@@ -36,7 +36,7 @@ private:
     };
     struct Source
     {
-        int Number = 0; // tells sources apart that had the same descriptor one after the other
+        int Number = 0; // distinguishes sources that used the same descriptor one after the other
         short Events = 0;
         std::function<void(short)> Work;
     };

@@ -32,6 +32,6 @@ private:
     int Descriptor = -1;
     bool IsHeld = false; // reading waits until bytes have been taken
     ByteQueue Received;
-    int NextTurn = 0; // timer that tells of bytes, and again of those that were left
-    int Failure = 0;  // timer that tells of a broken line
+    int NextTurn = 0; // timer that reports bytes, and again those that were left
+    int Failure = 0;  // timer that reports a broken line
 };

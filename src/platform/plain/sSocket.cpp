@@ -25,9 +25,9 @@ void SetOption(int Descriptor, int Level, int Name, int Value)
 void WatchPeer(int Descriptor)
 {
     SetOption(Descriptor, SOL_SOCKET, SO_KEEPALIVE, 1);
-    SetOption(Descriptor, IPPROTO_TCP, TCP_KEEPIDLE, 3);  // s of silence before the first question
-    SetOption(Descriptor, IPPROTO_TCP, TCP_KEEPINTVL, 3); // s between questions
-    SetOption(Descriptor, IPPROTO_TCP, TCP_KEEPCNT, 8);   // questions without an answer
+    SetOption(Descriptor, IPPROTO_TCP, TCP_KEEPIDLE, 3);  // s of silence before the first probe
+    SetOption(Descriptor, IPPROTO_TCP, TCP_KEEPINTVL, 3); // s between probes
+    SetOption(Descriptor, IPPROTO_TCP, TCP_KEEPCNT, 8);   // probes without an answer
 }
 
 sSocket::~sSocket()
@@ -104,14 +104,14 @@ void sSocket::Read()
     }
 }
 
-// Told in a turn of its own; what came before can still be taken then.
-void sSocket::End(const std::function<void()>& Told)
+// Reported from the event loop; what came before can still be taken then.
+void sSocket::End(const std::function<void()>& Report)
 {
     CloseLine();
     Connection = eSocketState::Closed;
-    Outcome = Loop.StartOnce(0, [this, Told] {
+    Outcome = Loop.StartOnce(0, [this, Report] {
         Outcome = 0;
-        Told();
+        Report();
         if (Connection == eSocketState::Closed) Received.Clear();
     });
 }

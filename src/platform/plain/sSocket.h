@@ -7,7 +7,7 @@
 
 #include <vector>
 
-/// Has the kernel ask a silent peer every few seconds whether it is still there, so that a connection whose other end
+/// Turns on TCP keep-alive with an interval of a few seconds, so that a connection whose other end
 /// lost power breaks within half a minute, while a wireless gap shorter than that loses nothing.
 void WatchPeer(int Descriptor);
 
@@ -36,7 +36,7 @@ private:
     void TryNext(int Error);
     void Finish();
     void Read();
-    void End(const std::function<void()>& Told);
+    void End(const std::function<void()>& Report);
     void CloseLine();
 
     sEventLoop& Loop;
@@ -44,5 +44,5 @@ private:
     int Descriptor = -1;
     std::vector<Place> Places; // still to be tried
     ByteQueue Received;
-    int Outcome = 0; // timer that tells how the connection ended
+    int Outcome = 0; // timer that reports how the connection ended
 };
