@@ -27,6 +27,7 @@ struct CatchPanel : FreshState
     CatchPanel()
     {
         gFile = {};
+        gFrameCnt = 0;
         gFile.ChanCnt = 3;
         gFile.TimeStep = Step;
         for (const char* Name : {"A1", "S1", "T1"}) {

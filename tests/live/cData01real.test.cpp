@@ -199,6 +199,44 @@ TEST_CASE("a stroke is scored against its model and marked in colours")
     CHECK(Drawn[17] == "text 350 40 \"-1\" 30 #FF0000 wide 3"); // in the colour of the key before
 }
 
+TEST_CASE("a mark is green above 7.5, orange above 4, else red, and no score leaves 1 to 10")
+{
+    const auto Force = [](int i) { return i < 5 || i > 25 ? 0.0 : std::min({100.0, 25.0 * (i - 5), 25.0 * (25 - i)}); };
+    const std::tuple<double, const char*, const char*> Cases[] = {
+        {0.2, "1.0", "#FF0000"}, {1.2, "1.2", "#FF0000"}, {3.99, "4.0", "#FF0000"}, {4.01, "4.0", "#FF7F00"},
+        {4.9, "4.9", "#FF7F00"}, {5.1, "5.1", "#FF7F00"}, {7.49, "7.5", "#FF7F00"}, {7.51, "7.5", "#00FF00"},
+        {9.9, "9.9", "#00FF00"}, {12, "10.0", "#00FF00"}};
+    for (const auto& [Score, Shown, Colour] : Cases) {
+        CAPTURE(Score);
+        // The angle of 100 is rowed; a deviation of 1 around the target is worth 1.667.
+        const double Target = 100 - (Score / 1.667 - 3);
+        LivePlot Panel(ModelRow("Mod,At", FormatShortest(Target).c_str(), "1"));
+        gIsInd = gIsScore = true;
+        RowStroke(Panel, Force);
+        const Texts Drawn = Panel.Sample(30, 0, 0, true);
+        const std::string Pen = std::string(Colour) + " wide 3";
+        CHECK(Drawn[3] == "circle 700 40 10 " + Pen + " " + Colour);
+        CHECK(Drawn[4] == "text 700 40 \"" + std::string(Shown) + "\" 30 " + Pen);
+    }
+}
+
+TEST_CASE("only a seat that turns ahead of the handle by less than 0.08 s is written in blue")
+{
+    const std::pair<double, bool> Cases[] = {{-0.09, false}, {-0.0801, false}, {-0.0799, true},
+                                             {-0.001, true}, {0, false},       {0.05, false}};
+    for (const auto& [Late, IsBlue] : Cases) {
+        CAPTURE(Late);
+        LivePlot Panel(PlainRow(1, "X,F", "Catch"));
+        Panel.Sample(0, 0, 0, true);
+        const auto Turn = [&](double Time, double X, double F) { Panel.Sample(Time, X, F); };
+        if (Late < 0) Turn(2 + Late, 0, -50);
+        Turn(2, -60, Late == 0 ? -50 : 0);
+        if (Late > 0) Turn(2 + Late, 0, -50);
+        const Texts Drawn = Panel.Sample(3, 0, 0, true);
+        CHECK((Drawn.back().find("#0000FF") != std::string::npos) == IsBlue);
+    }
+}
+
 TEST_CASE("a stroke that the model cannot measure has its first number only")
 {
     const auto Even = [](int) { return 50.0; };

@@ -15,6 +15,7 @@ struct RowerPanel : FreshState
     RowerPanel()
     {
         gFile = {};
+        gFrameCnt = 0;
         gFile.ChanCnt = 1;
         gFile.TimeStep = 0.5;
         CalibrRow& Channel = gFile.Calibr.Grow();
@@ -275,4 +276,28 @@ TEST_CASE("two panels on one link both arm their clock at their own first start"
     CHECK(Test.Panel.StrokesText() == "001");
     CHECK(Second.StrokesText() == "001");
     CHECK(Second.RateText() == "30.0");
+}
+
+TEST_CASE("a restarted logger begins rates, scores and stroke counts anew")
+{
+    RowerPanel Test;
+    gKeyMode = 1;
+    Test.Panel.Load();
+    Test.Panel.Resize();
+    for (int i = 0; i < 8; ++i, ++gFrameCnt)
+        Test.Sample(600 + i, i % 2 * 200);
+    CHECK(Test.Panel.StrokesText() == "002");
+    Test.Panel.NewRun(); // its clock begins at 0
+    CHECK(Test.Panel.StrokesText() == "000");
+    CHECK(Test.Panel.RateText() == "00.0");
+    CHECK_FALSE(Test.Sample(1, 200)); // nothing stands before it
+    CHECK(Test.Log.Take().front() == "clear #FFFFFF");
+    Test.Sample(2, 0);
+    CHECK(Test.Sample(3, 200));
+    CHECK(Test.Panel.StrokesText() == "000");
+    Test.Sample(4, 0);
+    CHECK(Test.Sample(5, 200));
+    CHECK(Test.Panel.StrokesText() == "001");
+    CHECK(gRate == 30);
+    CHECK(gRateAver == 30);
 }

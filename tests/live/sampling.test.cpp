@@ -31,6 +31,7 @@ void operator delete(void* Place, std::size_t) noexcept
 TEST_CASE_FIXTURE(FreshState, "a sample through twenty rows asks for no memory within a stroke")
 {
     gFile = {};
+    gFrameCnt = 0;
     gFile.ChanCnt = 20;
     gFile.TimeStep = 0.01;
     for (int i = 1; i <= 20; ++i) {

@@ -5,6 +5,7 @@
 #include "base/mNumText.h"
 #include "core/mGlobData.h"
 #include "core/mIni.h"
+#include "core/mModes.h"
 #include "core/mSettings.h"
 #include "processing/mOper.h"
 
@@ -88,8 +89,7 @@ int32_t cCatch::Elapsed() const
     return RoundWithin(NewestT - StartT, 0, 1000000);
 }
 
-// The panel's first frames, or frames that are counted anew: their first stroke is none of the run before.
-void cCatch::Restart()
+void cCatch::NewRun()
 {
     const double Step = gDeltaT;
     Load();
@@ -98,8 +98,7 @@ void cCatch::Restart()
 
 void cCatch::TakeSample()
 {
-    if (gFrameCnt < FramesSeen || (FramesSeen == 0 && gFrameCnt > 0)) Restart();
-    FramesSeen = gFrameCnt;
+    if (Run.IsNewRun()) NewRun();
     IsFirstCycle = IsFirstCycle || gFirstCycle;
     New = {};
     NewestT = SampleTime();
@@ -160,7 +159,7 @@ void cCatch::CheckCatch()
     HandleAtCatch = Handle.ValueAt(HandleCatchT);
     HandleCatchNew = IsCatchKnown = true;
     TrunkTurnNew = HandleFinishNew = false;
-    if (gKeyMode == 2) Start(HandleCatchT);
+    if (gKeyMode == KeyMinimum) Start(HandleCatchT);
 }
 
 // Without a catch there is no travel behind it, and a part of the last stroke's travel needs a last stroke. A drive
@@ -188,7 +187,7 @@ void cCatch::CheckFinish()
     HandleFinishT = Handle.TurnTime();
     HandleAtFinish = Handle.ValueAt(HandleFinishT);
     HandleFinishNew = true;
-    if (gKeyMode != 3) return;
+    if (gKeyMode != KeyMaximum) return;
     Start(HandleFinishT);
     HandleCatchNew = SeatTurnNew = false;
 }
@@ -197,8 +196,8 @@ void cCatch::CheckThreshold()
 {
     const double Before = Handle.Previous();
     const double Now = Handle.Newest();
-    const bool HasFallen = gKeyMode == 0 && Before > KeyThresh && Now <= KeyThresh;
-    const bool HasRisen = gKeyMode == 1 && Before < KeyThresh && Now >= KeyThresh;
+    const bool HasFallen = gKeyMode == KeyDecreasing && Before > KeyThresh && Now <= KeyThresh;
+    const bool HasRisen = gKeyMode == KeyIncreasing && Before < KeyThresh && Now >= KeyThresh;
     if (!HasFallen && !HasRisen) return;
     Start(Handle.TimeAt(KeyThresh));
     HandleCatchNew = SeatTurnNew = false;

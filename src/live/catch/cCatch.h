@@ -4,6 +4,7 @@
 
 #include "live/catch/cFactor.h"
 #include "live/catch/cTurns.h"
+#include "live/panel/cRunWatch.h"
 #include "live/panel/cTraces.h"
 
 #include <cstdint>
@@ -52,6 +53,9 @@ public:
     /// Draws what was taken since the last drawing.
     void DrawData() { Traces.Draw(); }
 
+    /// The logger was restarted: all figures begin anew with the newest sample, which is taken next.
+    void NewRun();
+
     /// Closes the panel.
     static void Unload();
 
@@ -79,7 +83,6 @@ private:
     };
 
     void LoadFactors();
-    void Restart();
     bool TakeSignals();
     void CheckFactors();
     void CheckCatch();
@@ -103,7 +106,7 @@ private:
     bool IsFirstCycle = true; // as gFirstCycle, which another panel may have cleared
     double StartT = 0;        // s, the first sample
     double NewestT = 0;
-    int32_t FramesSeen = 0; // gFrameCnt at the last sample
+    cRunWatch Run;
     News New;
 
     // Turns of the running stroke, times in seconds.

@@ -7,6 +7,7 @@
 //    show values, and to AddReadouts where they are rows of large labels, then calls Begin;
 //  - TakeSample has the engine class take the frame in gData: it runs for every frame and draws nothing. DrawPanel has
 //    it draw what has come: it runs once for an arrival of frames. A surface's OnResize calls the engine class itself;
+//  - NewRun has the engine class begin its figures anew: the logger was restarted, and TakeSample comes next;
 //  - ShowLabels sets all labels from the engine class; it runs as often as pictures are shown (gPictureRate);
 //  - LoadSession takes over the session that is in gFile now, with the engine class's figures from the start;
 //  - KeyWish names what keys ask for when that is more than Escape and the space bar (F11 is always there), LogPressed
@@ -36,6 +37,7 @@ public:
     void ToggleFullScreen();
 
     void TakeSample() override = 0;
+    virtual void NewRun() = 0;
     void DrawData() override;
     void DoAction(int Code) override;
     void SetLive(bool Live) override;

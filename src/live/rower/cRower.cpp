@@ -66,9 +66,7 @@ bool cRower::InitMode(const std::string& RawPath) const
     return ReadRawFile(RawPath, Start, Stop);
 }
 
-// The panel's first frames, whose link may have been opened behind it with another sampling period, or frames that are
-// counted anew, for a replay or another link: their first stroke is none of the run before.
-void cRower::Restart()
+void cRower::NewRun()
 {
     const double Step = gDeltaT;
     Load(Mode);
@@ -77,8 +75,7 @@ void cRower::Restart()
 
 void cRower::TakeSample()
 {
-    if (gFrameCnt < FramesSeen || (FramesSeen == 0 && gFrameCnt > 0)) Restart();
-    FramesSeen = gFrameCnt;
+    if (Run.IsNewRun()) NewRun();
     IsFirstCycle = IsFirstCycle || gFirstCycle;
     Newest = SampleTime();
     IsNewStroke = CheckCycle();

@@ -1,6 +1,7 @@
 // The rower's panel without its window: the recogniser of stroke starts, its stroke figures, and the curves.
 #pragma once
 
+#include "live/panel/cRunWatch.h"
 #include "live/panel/cTraces.h"
 
 #include <cstdint>
@@ -29,6 +30,9 @@ public:
     /// Draws what was taken since the last drawing.
     void DrawData() { Traces.Draw(); }
 
+    /// The logger was restarted: strokes, rates and scores begin anew with the newest sample, which is taken next.
+    void NewRun();
+
     /// Closes the panel.
     void Unload() const;
 
@@ -46,7 +50,6 @@ public:
 private:
     static void LoadFactorSettings();
     static void FindSeat();
-    void Restart();
     bool CheckCycle();
     bool IsStart(double Key) const;
     void CountCycle();
@@ -78,5 +81,5 @@ private:
     double LastCycleTime = 0; // s
     double Newest = 0;        // s, time of the newest sample
     bool IsNewStroke = false;
-    int32_t FramesSeen = 0; // gFrameCnt at the last sample
+    cRunWatch Run;
 };

@@ -15,6 +15,7 @@ public:
     explicit fData01real(int16_t InitSource = SourceFrames, const std::string& RawPath = "");
 
     void TakeSample() override { Panel.TakeSample(); }
+    void NewRun() override { Panel.NewRun(); }
 
 protected:
     void DrawPanel() override { Panel.DrawData(); }
