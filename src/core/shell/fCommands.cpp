@@ -142,6 +142,11 @@ void SampleRower(frmMain& Main)
     UpdateStatus(gSampleName);
 }
 
+void SampleCatch(frmMain& Main)
+{
+    OpenWindow(Main, "fData01Catch");
+}
+
 void LogChannels(frmMain&)
 {
     StartLog();

@@ -26,6 +26,7 @@ void ViewLoggerFile(frmMain& Main);
 void ViewScannedFile(frmMain& Main);
 
 void SampleRower(frmMain& Main);
+void SampleCatch(frmMain& Main);
 void LogChannels(frmMain& Main);
 void ReadLog(frmMain& Main);
 void PlayRawRower(frmMain& Main);

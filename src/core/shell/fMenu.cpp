@@ -54,7 +54,7 @@ constexpr MenuItem Items[] = {
     {"mnuCalibrate", "mnuCalibrReadLog", "&Read Log", nullptr, ReadLog, nullptr},
 
     {"mnuSample", "mnuSampleRower", "&Rower's Panel", nullptr, SampleRower, nullptr},
-    {"mnuSample", "mnuSampleCatch", "&Catch Training", nullptr, nullptr, WithPanels},
+    {"mnuSample", "mnuSampleCatch", "&Catch Training", nullptr, SampleCatch, nullptr},
     {"mnuSample", "mnuSampleCoach", "C&oach's Panel", nullptr, nullptr, WithPanels},
     {"mnuSample", "mnuSampleTwoPanels", "&All Panels", nullptr, nullptr, WithPanels},
 

@@ -10,6 +10,7 @@
 #include "core/mGlobData.h"
 #include "core/shell/fCommands.h"
 #include "core/shell/frmMain.h"
+#include "live/catch/fData01Catch.h"
 #include "live/rower/fData01real.h"
 #include "platform/mHost.h"
 #include "platform/qt/qText.h"
@@ -49,13 +50,14 @@ QWidget* MakeReZero(frmMain&, const WindowArgs& Args)
     return new fDoReZero(Args.Mode == ReZeroCalibrator);
 }
 
-QWidget* MakeRower(frmMain& Main, const WindowArgs&)
+template <class Panel>
+QWidget* MakePanel(frmMain& Main, const WindowArgs&)
 {
-    auto* Panel = new fData01real;
-    Panel->OnRecorded = [&Main](const std::string& Path) {
+    auto* Made = new Panel;
+    Made->OnRecorded = [&Main](const std::string& Path) {
         OpenWindow(Main, "fData02view", {.File = Path, .Mode = DataRaw});
     };
-    return Panel;
+    return Made;
 }
 
 QWidget* MakeDataView(frmMain& Main, const WindowArgs& Args)
@@ -104,7 +106,9 @@ constexpr WindowKind Windows[] = {
     {"fTrackChans", "The channel indicator", MakeTracks, One, Tiled, NeedsLink},
     {"fDoCalibr", "The calibration workbench", Make<fDoCalibr>, One, Tiled, NeedsLink},
     {"fDoReZero", "Re-zeroing", MakeReZero, OneAnew, Tiled, NeedsLink},
-    {"fData01real", "The rower's panel", MakeRower, One, Kept, NeedsLink | NeedsTargets, "fData01real"},
+    {"fData01real", "The rower's panel", MakePanel<fData01real>, One, Kept, NeedsLink | NeedsTargets, "fData01real"},
+    {"fData01Catch", "The catch training panel", MakePanel<fData01Catch>, One, Kept, NeedsLink | NeedsTargets,
+     "fData01Catch"},
     {"fData02view", "The data view", MakeDataView, OneAnew, Kept, NeedsNothing, "fData02view"},
     {"fData03report", "The report", MakeReport, Many, Kept, NeedsNothing, fData03report::Section, "", {1400, 900}},
     {"fSwap", "Correct Vars", Make<fSwap>, One, Kept, NeedsNothing, "fSwap", "", {460, 340}},

@@ -10,8 +10,8 @@
 #include <QVBoxLayout>
 
 fPanel::fPanel(const char* Name, const char* Caption, int16_t InitSource)
-    : qDataWindow(Name, Caption), Body(new QWidget(this)), Source(InitSource), Room(new QVBoxLayout(this)),
-      Frame(InitSource), Labels([this] { ShowLabels(); })
+    : qDataWindow(Name, Caption), Body(new QWidget(this)), Source(InitSource), Section(Name),
+      Room(new QVBoxLayout(this)), Frame(InitSource), Labels([this] { ShowLabels(); })
 {
     Room->setContentsMargins(0, 0, 0, 0);
     Room->addWidget(Body);
@@ -35,10 +35,11 @@ void fPanel::AddReadouts(fReadouts& Row)
         AddFading(Row.Value(i));
 }
 
-void fPanel::FitReadouts()
+void fPanel::Fit()
 {
     for (fReadouts* Row : Rows)
         Row->Fit(Body->size());
+    FitLabels(Body->size());
 }
 
 void fPanel::DrawData()
@@ -88,12 +89,12 @@ void fPanel::ToggleFullScreen()
         Body->activateWindow();
         Body->setFocus();
     }
-    FitReadouts(); // labels come to another parent with its letters
+    Fit(); // labels come to another parent with its letters
 }
 
 bool fPanel::eventFilter(QObject* Watched, QEvent* Event)
 {
-    if (Watched == Body && Event->type() == QEvent::Resize) FitReadouts();
+    if (Watched == Body && Event->type() == QEvent::Resize) Fit();
     if (Watched == Body && Body->isWindow()) {
         if (Event->type() == QEvent::KeyPress) {
             keyPressEvent(static_cast<QKeyEvent*>(Event));
@@ -126,7 +127,7 @@ void fPanel::closeEvent(QCloseEvent* Event)
 {
     if (!Frame.AskToClose()) return Event->ignore();
     if (Body->isWindow()) ToggleFullScreen(); // it would outlive the window that it belongs to
-    KeepPlace(*this, objectName().toStdString());
+    KeepPlace(*this, Section);
     Closing();
     const std::string Recorded = Frame.EndLogging();
     qDataWindow::closeEvent(Event);

@@ -10,6 +10,7 @@
 //  - NewRun has the engine class begin its figures anew: the logger was restarted, and TakeSample comes next;
 //  - ShowLabels sets all labels from the engine class; it runs as often as pictures are shown (gPictureRate);
 //  - LoadSession takes over the session that is in gFile now, with the engine class's figures from the start;
+//  - FitLabels sizes large labels that stand in no row of readouts;
 //  - KeyWish names what keys ask for when that is more than Escape and the space bar (F11 is always there), LogPressed
 //  is the slot of a button that
 //    starts and stops a recording, Closing keeps the panel's own settings when it is closed.
@@ -54,6 +55,7 @@ protected:
     virtual void ShowLabels() = 0;
     virtual void LoadSession() = 0;
     virtual ePanelWish KeyWish(int Key) const;
+    virtual void FitLabels(QSize /*Panel*/) {} // those that are no readouts, for a panel of that size
     virtual void Closing() {}
 
     /// Part is grey while no frames come.
@@ -73,8 +75,9 @@ protected:
     const int16_t Source;
 
 private:
-    void FitReadouts();
+    void Fit();
 
+    const char* const Section;
     QVBoxLayout* Room; // where Body is when it does not fill the screen
     std::vector<QWidget*> Fading;
     std::vector<fReadouts*> Rows;

@@ -1,0 +1,73 @@
+// The window "Catch Training": the curves of View1, and beside them the three factors of the last stroke and their
+// averages, legible from three metres.
+#pragma once
+
+#include "live/catch/cCatch.h"
+#include "live/catch/fFactorBar.h"
+#include "live/panel/fPanel.h"
+#include "platform/qt/qSurface.h"
+
+#include <array>
+#include <vector>
+
+class QGridLayout;
+class QLabel;
+class QLayout;
+
+class fData01Catch : public fPanel
+{
+public:
+    /// The targets are those that InitTargets has chosen.
+    fData01Catch();
+
+    void TakeSample() override { Panel.TakeSample(); }
+    void NewRun() override { Panel.NewRun(); }
+
+protected:
+    void DrawPanel() override { Panel.DrawData(); }
+    void ShowLabels() override;
+    void LoadSession() override;
+    void FitLabels(QSize Size) override;
+    void Closing() override { Panel.Unload(); }
+
+private:
+    // A factor's row: last stroke, average, and the bar below them.
+    struct FactorRow
+    {
+        QLabel* Last;
+        QLabel* Average;
+        fFactorBar* Bar;
+    };
+
+    QLayout* BuildTop();
+    QGridLayout* BuildFigures();
+    FactorRow AddFactor(QGridLayout& Grid, const char* Caption, const char* Value, const char* Bar,
+                        const std::array<const char*, 3>& Colours);
+    QLabel* AddLabel(const char* Name, double Share);
+    QLabel* AddValue(const QString& Name);
+    void InitLabels();
+    void SetMargins();
+    static void ShowFactor(const FactorRow& Row, const std::optional<FactorShown>& Factor, const char* AverageFormat,
+                           const char* LastFormat);
+
+    // A label with the height of its letters in the panel's height.
+    struct SizedLabel
+    {
+        QLabel* Label;
+        double Share;
+    };
+
+    std::vector<SizedLabel> Sized;
+    qSurface* PB;
+    cCatch Panel;
+    std::array<QLabel*, 2> lbData{}; // minutes, seconds
+    QLabel* lbStrokeN = nullptr;
+    std::array<QLabel*, 2> lbRate{};
+    QLabel* lbStrokeLength = nullptr;
+    QLabel* lbSeatTravel = nullptr;
+    QLabel* lbMaxHandleVel = nullptr;
+    QLabel* lbMaxSeatVel = nullptr;
+    FactorRow Catch{};
+    FactorRow Style{};
+    FactorRow Finish{};
+};

@@ -1,0 +1,113 @@
+// The catch training panel as a window: its figures, colours and bars are those of the panel without a window.
+#include "live/catch/fData01Catch.h"
+#include "ShellState.h"
+#include "core/mIni.h"
+#include "files/mTextIO.h"
+#include "support/SurfaceLog.h"
+
+#include <QFrame>
+#include <QLabel>
+
+#include <cmath>
+
+namespace {
+constexpr std::size_t SeatChan = 23, TrunkChan = 24;
+
+struct CatchWindow : ShellState
+{
+    CatchWindow()
+    {
+        Start("IsCurves=-1\nIsValue=-1\n");
+        REQUIRE(ReadDataFile(SOURCE_FOLDER "/demo/single.txt", gFile, SectionFilter::Any));
+        SetCurFile(Folder.Path("single.txt"));
+        ResolveChannels();
+        gHost.Settings->SaveSetting("Models", "gSeatChan", "23");
+        gHost.Settings->SaveSetting("Models", "gTrunkChan", "24");
+        gFrameCnt = 0;
+        Beside.Load();
+        Choose("mnuSampleCatch");
+        Window().parentWidget()->resize(900, 700);
+    }
+
+    fData01Catch& Window() { return dynamic_cast<fData01Catch&>(Find<QWidget>("fData01Catch")); }
+    std::string Label(const char* Name) { return Plain(Find<QLabel>(Name).text()); }
+
+    // Puts a physical value on a channel.
+    static void Put(std::size_t Chan, double Value)
+    {
+        const CalibrRow& Row = gFile.Calibr[static_cast<int>(Chan)];
+        gData[Chan] = (Value - Row.Q0) / Row.Q1;
+    }
+
+    // Strokes of two seconds; the seat turns 27 ms behind the handle, the trunk 40 ms ahead of it.
+    void Row(int Frames)
+    {
+        const auto Swing = [&](double Late) { return -std::cos(3.14159265 * (Frame * 0.04 - 0.5 - Late)); };
+        for (int i = 0; i < Frames; ++i, ++Frame) {
+            ++gFrameCnt;
+            gSampleTime = gData[0] = Frame * 0.04;
+            Put(static_cast<std::size_t>(gKeyChan), 45 * Swing(0));
+            Put(SeatChan, 0.3 * Swing(0.027));
+            Put(TrunkChan, 20 * Swing(-0.04));
+            SampleDataWindows();
+            Beside.TakeSample();
+            if (i % 5 == 4) DrawDataWindows();
+        }
+        QTest::qWait(30); // labels follow the picture rate
+    }
+
+    int Frame = 0;
+    SurfaceLog Screen{1000, 600};
+    cCatch Beside{Screen};
+};
+} // namespace
+
+TEST_CASE_FIXTURE(CatchWindow,
+                  "labels and marks show the factors of the strokes that were rowed, grey when frames stop")
+{
+    CHECK(Label("lbCatch_0").empty());
+    CHECK(!Find<QFrame>("CFmark").isVisible());
+    Row(500);
+    REQUIRE((Beside.CatchFactor() && Beside.FinishFactor() && Beside.StyleFactor()));
+    REQUIRE(Beside.Stroke().StrokeN >= 8);
+    const CatchStroke& Stroke = Beside.Stroke();
+    const std::tuple<const char*, double, const char*> Labels[] = {{"lbData_0", 0, "0"},
+                                                                   {"lbData_1", 20, "0"},
+                                                                   {"lbStrokeN", Stroke.StrokeN, "000"},
+                                                                   {"lbRate_0", Stroke.Rate, "00.0"},
+                                                                   {"lbRate_1", Stroke.RateAver, "00.0"},
+                                                                   {"lbStrokeLength", Stroke.Length, "0.00"},
+                                                                   {"lbSeatTravel", 0.6, "0.00"},
+                                                                   {"lbMaxHandleVel", Stroke.MaxHandleV, "0.00"},
+                                                                   {"lbMaxSeatVel", Stroke.MaxSeatV, "0.00"},
+                                                                   {"lbCatch_0", 27, "0"},
+                                                                   {"lbCatch_1", *Beside.CatchFactor()->Average, "0.0"},
+                                                                   {"lbFF_0", -40, "0"},
+                                                                   {"lbFF_1", *Beside.FinishFactor()->Average, "0.0"},
+                                                                   {"lbRSF_0", Beside.StyleFactor()->Last, "0.0"},
+                                                                   {"lbRSF_1", *Beside.StyleFactor()->Average, "0.0"}};
+    for (const auto& [Name, Value, Format] : Labels) {
+        CAPTURE(Name);
+        CHECK(Label(Name) == FormatNum(Value, Format));
+        const auto& Seen = Find<QLabel>(Name);
+        CHECK(QFontMetrics(Seen.font()).horizontalAdvance(Seen.text()) <= Seen.width());
+        CHECK(Seen.isEnabled());
+    }
+    // 27 ms is late at a rate of 30, where up to 6 ms is good: red, and to the right of the good zone.
+    CHECK(Find<QLabel>("lbCatch_0").styleSheet().contains("color: rgb(255,0,0)"));
+    CHECK(Find<QLabel>("lbFF_0").styleSheet().contains("color: rgb(0,200,0)"));
+    const auto Middle = [&](const char* Name) { return Find<QFrame>(Name).geometry().center().x(); };
+    CHECK(Middle("CFmark") > Find<QFrame>("CFbox_1").geometry().right());
+    CHECK(Find<QFrame>("FFbox_1").geometry().contains(Find<QFrame>("FFmark").geometry().center()));
+    CHECK(Find<QFrame>("CFbox_0").width() == doctest::Approx(2 * Find<QFrame>("CFbox_1").width()).epsilon(0.02));
+
+    Window().LoseFrames();
+    CHECK(!Find<QLabel>("lbCatch_0").isEnabled());
+    Window().NewRun();
+    Row(5);
+    CHECK(Label("lbStrokeN") == "000");
+    CHECK(Label("lbCatch_0").empty());
+    QTest::keyClick(&Window(), Qt::Key_Escape);
+    QTest::qWait(5);
+    CHECK(!Main.findChild<QWidget*>("fData01Catch"));
+}
