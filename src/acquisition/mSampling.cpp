@@ -82,6 +82,7 @@ void WatchRun()
     gLinkStream.DeltaT = gTimeStep;
     gLinkStream.Frequency = SafeDiv(1, gTimeStep);
     PublishLive(gLinkStream);
+    gFrameCnt = 1; // counted as after the opening of a link
     gFirstCycle = true;
     gLinkWatch.Restarted();
     BeginRun();

@@ -361,6 +361,7 @@ TEST_CASE_FIXTURE(Recording, "a logger that was started again begins a new run o
         TakeRest();
         CHECK(Window.Runs == std::vector{0.0});
         CHECK(gFirstCycle);
+        CHECK(gFrameCnt == 3);
         CHECK(Panel(2) == "SampleTime=000.08s, Frequency=025.000Hz, Missed=0pc, ");
         CHECK(gDeltaT == doctest::Approx(0.04));
         CHECK(Recorded() == Sent);
