@@ -146,6 +146,17 @@ TEST_CASE_FIXTURE(FreshState, "one stream gives the same strokes, scores, points
     CHECK(Single.Points.size() == Frames.size());
     CHECK(Single.Pictures == static_cast<int>(Frames.size()));
     CHECK(Single.Recorded == Sent);
+    SUBCASE("a logger that is restarted and rows the same again")
+    {
+        Texts Twice = Frames;
+        Twice.insert(Twice.end(), Frames.begin(), Frames.end());
+        const Outcome Both = Play(Twice, 50);
+        REQUIRE(Both.Strokes.size() == 2 * Single.Strokes.size());
+        CHECK(Texts(Both.Strokes.begin() + static_cast<std::ptrdiff_t>(Single.Strokes.size()), Both.Strokes.end()) ==
+              Single.Strokes);
+        CHECK(Both.Curves == Single.Curves);
+        CHECK(Both.Recorded == Sent + Sent);
+    }
     for (const std::size_t Burst : {std::size_t{5}, std::size_t{50}, std::size_t{500}}) {
         CAPTURE(Burst);
         const Outcome Bundled = Play(Frames, Burst);
