@@ -23,7 +23,7 @@ bool cRawLog::Open(const std::string& Path, OldBytes Old)
     DropsOld = Old == OldBytes::Dropped;
     SyncError = 0;
     IsDirty = false;
-    // Beyond a limit on the size of files a write shall fail, not end the program.
+    // A write beyond the limit on the size of files must fail, not end the program.
     std::signal(SIGXFSZ, SIG_IGN);
     File = open(Path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
     if (File < 0) return Fail(errno);
@@ -36,7 +36,7 @@ bool cRawLog::Open(const std::string& Path, OldBytes Old)
 bool cRawLog::Append(std::span<const uint8_t> Frame)
 {
     if (!IsSound()) return Fail(SyncError);
-    // A device has no length to cut.
+    // A device cannot be truncated.
     if (DropsOld && ftruncate(File, 0) != 0 && errno != EINVAL) return Fail(errno);
     DropsOld = false;
     std::size_t Done = 0;
@@ -80,7 +80,7 @@ void cRawLog::KeepSynced()
     std::unique_lock Held(Lock);
     while (!Wake.wait_for(Held, SyncPeriod, [this] { return IsStopping; })) {
         Held.unlock();
-        // A device that is no disk knows no sync.
+        // A device that is not a disk cannot be synced.
         if (IsDirty.exchange(false) && fdatasync(File) != 0 && errno != EINVAL) SyncError = errno;
         Held.lock();
     }

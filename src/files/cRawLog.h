@@ -1,4 +1,5 @@
-// The open raw log: frames appended unchanged, at the operating system's at once and on the disk within a second.
+// The open raw log: frames are appended unchanged, handed to the operating system at once and synced to the disk within
+// a second.
 #pragma once
 
 #include <atomic>
@@ -9,8 +10,8 @@
 #include <string>
 #include <thread>
 
-/// What becomes of the bytes of a file that is recorded over. Kept: a shorter recording leaves their tail. Dropped:
-/// they go when the first frame comes, so that a recording of nothing changes nothing.
+/// What happens to the bytes of an existing file that is recorded over. Kept: what lies beyond a shorter recording
+/// stays. Dropped: the file is emptied when the first frame comes, so that a recording without frames changes nothing.
 enum class OldBytes
 {
     Kept,
@@ -30,14 +31,14 @@ public:
 
     bool IsOpen() const { return File >= 0; }
 
-    /// Hands a whole frame to the operating system. False when it or an earlier sync failed: the file ends behind the
-    /// last frame that is whole and is closed.
+    /// Writes a whole frame. False when this or an earlier sync failed: the file then ends with its last whole frame
+    /// and is closed.
     bool Append(std::span<const uint8_t> Frame);
 
-    /// Whether everything has reached the disk so far, as far as the operating system has told.
+    /// Whether no sync has failed so far.
     bool IsSound() const { return SyncError == 0; }
 
-    /// Puts the rest on the disk and closes. False when that failed.
+    /// Syncs the rest to the disk and closes the file. False when that failed.
     bool Close();
 
     /// Bytes recorded since the log was opened.
@@ -60,7 +61,8 @@ private:
     int64_t Written = 0;
     bool DropsOld = false;
 
-    // A slow card may take seconds for a sync, and a serial line holds less than one of stream: so it has a thread.
+    // Syncing has a thread of its own, since a slow card may take seconds, while the serial port's input buffer holds
+    // less than one second of frames.
     std::thread Syncer;
     std::mutex Lock;
     std::condition_variable Wake;

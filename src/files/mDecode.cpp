@@ -94,8 +94,8 @@ int EmptyBlockSize(const Stream& Kept)
     return IsWhole ? Chans / gFile.SlaveCnt : 0;
 }
 
-// Reads one slave block behind channel Base. Before is the channel count of the block before, nothing for the first of
-// a frame. Gives the count of this one.
+// Reads one slave block, whose channels follow channel Base. Before is the channel count of the block before, nothing
+// for the first of a frame. Gives the count of this one.
 int ReadSlaveBlock(BodyReader& Body, int Base, std::optional<int> Before, Stream& Kept, SampleVector& Data)
 {
     if (Body.ReadWord() <= 0) return Before ? *Before : EmptyBlockSize(Kept);

@@ -30,7 +30,7 @@ public:
         return FrameOK ? Centred(Word) : 0;
     }
 
-    /// Four bytes. Unlike the other reads it needs one more byte behind it.
+    /// Four bytes. Unlike the other reads it needs one more byte after it.
     int64_t ReadLong() { return Rest.size() > 4 ? ReadGroups<4>() : Fail(); }
 
     /// The frame's time in milliseconds, five bytes.
@@ -106,5 +106,5 @@ private:
 /// what it held is in Data.
 bool DecodeLong(std::span<const uint8_t> Body, Stream& Kept, SampleVector& Data);
 
-/// Decodes a body of a slave without a master likewise. False for one that ends too early.
+/// Decodes a body of a slave without a master in the same way. False for one that ends too early.
 bool DecodeShort(std::span<const uint8_t> Body, Stream& Kept, SampleVector& Data);

@@ -16,7 +16,7 @@ std::string DumpPath;
 int DumpChans = 0;
 int DumpCnt = 0; // frames written
 
-// Each line is with the operating system before the next frame comes.
+// Each line is handed to the operating system before the next frame comes.
 void WriteLine(const std::string& Line)
 {
     gDumpFile << Line << "\r\n" << std::flush;

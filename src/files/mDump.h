@@ -6,11 +6,11 @@
 extern bool gDumping; // the dump is open
 
 /// Opens the dump in place of a file of that name and writes its head: "N", "T" and the channel numbers. False when it
-/// cannot be written (told).
+/// cannot be written (reported to the user).
 bool StartDump(const std::string& Path);
 
 /// Writes the frame in gData: its number from 0, its time and the counts of the session's channels. A dump that cannot
-/// be written is closed (told).
+/// be written is closed (reported to the user).
 void DumpFrame();
 
 /// Closes the dump, if one is open.

@@ -1,4 +1,4 @@
-// Finding frames in a stream of bytes from any source, and the rule that tells long frames from short ones.
+// Finding frames in a stream of bytes from any source, and the rule that distinguishes long frames from short ones.
 #pragma once
 
 #include "files/mStream.h"
@@ -17,8 +17,8 @@ inline constexpr uint8_t SyncLimit = 128;
 /// Bytes of a frame ahead of its body: the sync byte and the head.
 inline constexpr std::size_t FrameHeadSize = 4;
 
-/// How much a source takes at once: a file as much as there is, a link no more than is asked for, so that what was not
-/// used yet stays where the operating system and the port keep it.
+/// How much a source reads at once: a file as much as there is, a link no more than is asked for, so that unused bytes
+/// stay in the buffers of the operating system and the port.
 enum class Reading
 {
     Ahead,
@@ -51,7 +51,7 @@ public:
     /// Bytes taken in and not yet skipped.
     std::size_t Held() const { return End - Begin; }
 
-    /// Goes on behind Count bytes that were seen.
+    /// Skips Count bytes that were peeked at.
     void Skip(std::size_t Count)
     {
         Begin += Count;
@@ -86,7 +86,7 @@ struct Frame
     /// False when the source ended within the frame.
     bool IsWhole() const;
 
-    /// The bytes behind the head.
+    /// The bytes after the head.
     std::span<const uint8_t> Body() const;
 };
 
@@ -97,7 +97,7 @@ bool FindSync(ByteSource& Source);
 /// there of a frame that was cut off comes as a frame that is not whole.
 std::optional<Frame> TakeFrame(ByteSource& Source);
 
-/// Where frames come from. Each source tells short frames from long ones by a limit of its own.
+/// Where frames come from. Each source distinguishes short frames from long ones by a limit of its own.
 enum class FrameSource
 {
     File,

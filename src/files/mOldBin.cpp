@@ -28,7 +28,7 @@ Number NumberAt(const OldHead& Head, std::size_t Offset)
     return X;
 }
 
-// Whether a file of that size holds all samples 0 to LastSample; what may stand behind them counts for nothing.
+// Whether a file of that size holds all samples 0 to LastSample; anything after them is ignored.
 bool IsComplete(int64_t FileSize, int64_t LastSample)
 {
     if (gFile.ChanCnt < 0 || LastSample < -1 || LastSample > SampleStore::MaxIndex) return false;

@@ -4,5 +4,5 @@
 #include <string>
 
 /// Reads an old sample file with the session's channels into gRaw, gRawStart and gRawStop. False when it cannot be read
-/// or is too short for its samples (told): all is as it was.
+/// or is too short for its samples (reported to the user): everything is as it was.
 bool ReadOldFile(const std::string& Path);

@@ -16,7 +16,7 @@ cRawLog gLogFile;
 std::string gSampleName;
 
 namespace {
-// A comment may hold what would lead to another folder.
+// A comment must not lead to another folder.
 std::string AsFileName(std::string Text)
 {
     std::replace(Text.begin(), Text.end(), '/', '-');
@@ -30,16 +30,16 @@ bool MayReplace(const std::string& Path)
     return AskYesNo("Are you sure to replace file " + Path + "?", TitleWarning);
 }
 
-// Behind the event at hand: a message lets further events run, and the one at hand is not done with its frame.
-void TellLater(const std::string& Text)
+// Reported after the current event, which is not done with its frame: a message box lets further events run.
+void ReportLater(const std::string& Text)
 {
     gHost.Clock->StartOnce(0, [Text] { MsgBox(Text, TitleError); });
 }
 
-void TellFailure()
+void ReportFailure()
 {
-    TellLater("Can't write Log file: " + gLogFile.Path() + " (" + gLogFile.Failure() +
-              "). The recording has stopped; what was recorded until now is whole.");
+    ReportLater("Can't write Log file: " + gLogFile.Path() + " (" + gLogFile.Failure() +
+                "). The recording has stopped; what was recorded until now is whole.");
 }
 } // namespace
 
@@ -68,11 +68,11 @@ void LogFrame(std::span<const uint8_t> Frame)
 {
     if (!gLogging || gLogFile.Append(Frame)) return;
     gLogging = false;
-    TellFailure();
+    ReportFailure();
 }
 
 void StopLog()
 {
     gLogging = false;
-    if (!gLogFile.Close()) TellFailure();
+    if (!gLogFile.Close()) ReportFailure();
 }

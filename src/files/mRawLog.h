@@ -10,13 +10,13 @@ extern bool gLogging; // the raw log is open
 extern cRawLog gLogFile;
 extern std::string gSampleName; // "Sample 07" of the sample recorded last
 
-/// Starts the recording of a new sample: asks for its comment, makes the file's name of it, counts the sample in the
-/// session data file, and opens the raw log. A file that exists is recorded over after a question, with the tail of a
-/// longer one left as it is; while the sample before is still recorded, its log is closed first. gLogging tells whether
-/// the log is open (told when it cannot be).
+/// Starts the recording of a new sample: asks for its comment, derives the file's name from it, counts the sample in
+/// the session data file, and opens the raw log. An existing file is recorded over after a question; what lies beyond a
+/// shorter recording stays in it. A recording that is still running is closed first. gLogging says whether the log is
+/// open; a failure is reported to the user.
 void StartLog();
 
-/// Opens the raw log. False when it cannot be written (told).
+/// Opens the raw log. False when it cannot be written (reported to the user).
 bool OpenLog(const std::string& Path, OldBytes Old);
 
 /// Appends a frame while the log is open. When it cannot be written the recording ends: the file is whole up to the
@@ -24,5 +24,5 @@ bool OpenLog(const std::string& Path, OldBytes Old);
 /// that come meanwhile are not held up.
 void LogFrame(std::span<const uint8_t> Frame);
 
-/// Ends the recording. What was last written and cannot be brought to the disk is told.
+/// Ends the recording. A failure to sync what was written last is reported to the user.
 void StopLog();

@@ -1,4 +1,4 @@
-// The front door of the session data file: which section goes where, the order of writing, and the backup.
+// Reading and writing of the session data file: its sections, their order, and the backup.
 #include "files/mTextIO.h"
 
 #include "base/mCodePage.h"

@@ -26,7 +26,7 @@ double StepLimit(std::span<const double> X)
         SumSq += D * D;
         SumAbs += std::fabs(D);
     }
-    // One less than the number of steps. On an evenly rising channel the variance so comes out below zero: no spread.
+    // One less than the number of steps, so the variance of an evenly rising channel is negative: it has no spread.
     const auto Count = static_cast<double>(X.size() - 2);
     const double Mean = Sum / Count;
     const double Var = SumSq / Count - Mean * Mean;

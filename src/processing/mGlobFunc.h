@@ -16,7 +16,7 @@ std::vector<double> SplitNum(std::string_view Text);
 std::string_view LeftPart(std::string_view Text, int Count);
 
 /// The smallest element for "MIN", the largest for "MAX", 0 for another Kind. Elements beyond 2147483647 on the far
-/// side are not found, and no elements give 2147483647 for "MIN" and -2147483647 for "MAX".
+/// side are ignored, and no elements give 2147483647 for "MIN" and -2147483647 for "MAX".
 double ArrMinMax(std::span<const double> Values, std::string_view Kind);
 
 /// Moves all elements one place towards the first, which is dropped, and stores X as the last.

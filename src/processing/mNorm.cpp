@@ -109,8 +109,8 @@ CycleGrid FindGrid(int32_t CycleStart, double T0, double T1)
     return Grid;
 }
 
-// Adds the values of one channel at the points of a cycle, those of which IsFar is true as zeros: whether a value is
-// far follows no pattern that a branch could be foreseen by.
+// Adds the values of one channel at the points of a cycle, those of which IsFar is true as zeros: the processor could
+// not predict a branch on it.
 template <class Test>
 void AddChannel(const CycleGrid& Grid, int Chan, NormRun& To, const Test& IsFar)
 {

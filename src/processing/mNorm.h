@@ -72,7 +72,7 @@ struct NormRun
 NormRun ResetNorm(int Run);
 
 /// Brings the cycle between the times T0 and T1 (s) to the grid and adds it to the pattern. CycleStart is the
-/// detector's sample index at its start boundary. Points behind the last sample receive nothing. Run 2 drops each value
+/// detector's sample index at its start boundary. Points after the last sample receive nothing. Run 2 drops each value
 /// that lies more than StdFilter deviations from the mean of run 1. Throws RunError when gFile.ChanCnt exceeds the
 /// channels of the store.
 void AddCycle(NormRun& Sums, int32_t CycleStart, double T0, double T1);

@@ -1,4 +1,4 @@
-// The formulas. Where two forms of an operation differ by a factor of two, both are meant.
+// The formulas. Where two forms of an operation differ by a factor of two, that is intended.
 #include "processing/mOper.h"
 
 #include "base/mError.h"

@@ -1,6 +1,6 @@
 // The operations of derived variables: one family on the newest sample, for the live panels, and one on pairs of
-// neighbouring points, for the report and the play view. The three forms do not give the same number for the same
-// operation, and are meant not to.
+// neighbouring points, for the report and the play view. The three forms give different
+// numbers for the same operation on purpose.
 #pragma once
 
 #include "core/mGlobData.h"
@@ -14,7 +14,7 @@
 /// What the unit of an operation's result follows from.
 enum class eOperUnit
 {
-    None,      // nothing is known of it
+    None,      // unknown
     First,     // that of argument 1
     Shared,    // the one that all arguments share
     PerSecond, // that of argument 1 in a second

@@ -65,14 +65,14 @@ struct Band
     bool Holds(double Period) const { return Low <= Period && Period <= High; }
 };
 
-// Equal periods differ by the rounding of their times, which is no spread: the band is never narrower than that, which
-// is far below the millisecond of a logger's clock. A cycle over which the clock runs back or stands still is never
-// taken, however wide the band is.
+// The rounding of times decides nothing: a period that lies on an edge but for it is inside, and so are equal periods,
+// whose band has no width. A cycle over which the clock runs back or stands still is never taken, however wide the band
+// is.
 Band AcceptanceBand(const CycleFigures& All)
 {
     constexpr double Shortest = std::numeric_limits<double>::denorm_min();
-    constexpr double Rounding = 1e-6; // s
-    const double Width = std::max(All.SD * StdFilter, Rounding);
+    constexpr double Rounding = 1e-8; // s, that of a clock which has run for months
+    const double Width = All.SD * StdFilter + Rounding;
     return {std::max(All.Mean - Width, Shortest), All.Mean + Width};
 }
 
@@ -144,7 +144,7 @@ KeyWindow WindowAt(int32_t Start)
     const int32_t Stop = std::clamp(Start, FirstKey, std::max(gRaw.UBound(), FirstKey));
     for (std::size_t k = 0; k < 4; ++k) {
         const int32_t i = Stop - 4 + static_cast<int32_t>(k);
-        // Nothing compares with samples that are not there.
+        // No comparison holds with samples that are not there.
         Win.K[k] = i < FirstKey ? std::nan("") : gRaw(gKeyChan, i);
         Win.T[k] = i < FirstKey ? 0 : gRaw(0, i);
     }

@@ -43,7 +43,7 @@ bool ReadHead(std::string_view Line, RefTable& Table)
     return true;
 }
 
-// A line of the table into row Index; its own row number counts for nothing. False when a number is missing.
+// A line of the table into row Index; its own row number is ignored. False when a number is missing.
 bool ReadRow(std::string_view Line, RefTable& Table, std::size_t Index)
 {
     TakeUpTo(Line, '\t');

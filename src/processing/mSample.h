@@ -13,7 +13,7 @@
 void SaveNormSample(int Run, const std::string& Prefix);
 
 /// Stores up to MaxCnt strokes from sample Start on, each as a sample of its own; the first runs from Start to the
-/// first boundary behind it. A stretch over which the clock runs back is no stroke. Ends at one whose last points lie
+/// first boundary after it. A stretch over which the clock runs back is no stroke. Ends at one whose last points lie
 /// beyond the recording (reported to the user). Gives what CycleStats finds from Start to the last sample, or false
 /// (reported to the user) without a key channel. Throws RunError, with the session as it was, when a sample cannot be
 /// made.

@@ -1,4 +1,4 @@
-// What the live panels, the report and the play view take alike from a row of derived variables.
+// What the live panels, the report and the play view share of a row of derived variables.
 #pragma once
 
 #include "core/mGlobData.h"

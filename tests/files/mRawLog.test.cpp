@@ -61,7 +61,7 @@ TEST_CASE_FIXTURE(Session, "a file that exists is recorded over only after a que
     CHECK(ReadWhole(gRawFN) == "old");
 }
 
-TEST_CASE_FIXTURE(Session, "a log that cannot be opened is told, and nothing claims to record")
+TEST_CASE_FIXTURE(Session, "a log that cannot be opened is reported, and nothing claims to record")
 {
     Dialogs.Answers = {std::string(300, 'x')};
     StartLog();

@@ -128,6 +128,21 @@ TEST_CASE_FIXTURE(FreshState,
     gKeyMode = 0;
 }
 
+TEST_CASE_FIXTURE(FreshState, "two strokes lie on the edges of their band and are both taken")
+{
+    StdFilter = 1;
+    for (std::size_t First = 10; First < 60; ++First)
+        for (const std::size_t Second : {First + 1, First + 3, First + 8}) {
+            CAPTURE(First);
+            CAPTURE(Second);
+            MakeRecording({Cycles({First, Second})}, 0.04);
+            KeyWindow Win = WindowAt(0);
+            int32_t Stop = 0;
+            REQUIRE(ProcessCycles(Win, 0, Stop, 1));
+            CHECK(gStrokeCnt == 2);
+        }
+}
+
 TEST_CASE("the deviation of a stretch is that of its periods")
 {
     MakeRecording({Cycles({17, 12, 19, 12, 20, 13})}, 0.02);

@@ -55,7 +55,7 @@ TEST_CASE_FIXTURE(Tables, "a table file is read by the order of its lines, and a
 {
     const std::string Title = "Reference Table\r\n";
     const std::string Rows = "0\t5\t1.500\t-2.000000\r\n7\t6\t2.500\t-1.000000\t\r\n2\t0\t4.000\t0.500000";
-    // Null is told as no table.
+    // Null is reported as no table.
     const std::tuple<std::string, const char*> Files[] = {
         {Title + "02\tS1\t\r\n" + Heads + Rows, "2 S1 | 5 1.5 -2 | 6 2.5 -1 | 0 4 0.5"},
         {"any\n01\tS1\nN\n" + Rows, "1 S1 | 5 1.5 -2 | 6 2.5 -1"},

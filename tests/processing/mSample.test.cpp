@@ -113,7 +113,7 @@ TEST_CASE_FIXTURE(FreshState, "a boundary ahead of the start or a clock set back
                               " S03 Stroke 03 1 50 176.5 1 0 1 0 0.625 1.625\n");
 }
 
-TEST_CASE_FIXTURE(FreshState, "a stroke too near to the end is left out and told, and those ahead of it are kept")
+TEST_CASE_FIXTURE(FreshState, "a stroke too near to the end is left out and reported, and those ahead of it are kept")
 {
     // The last stroke starts less than 50 samples before the end of the data.
     MakeRecording({Cycles({60, 10}, 5)});

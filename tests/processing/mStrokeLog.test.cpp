@@ -69,7 +69,7 @@ TEST_CASE_FIXTURE(LogState, "a stroke over which the clock is set back has no ro
     CHECK(ReadWhole(StrokeLogFN).value_or("") == Header + "1" + Row + "2" + Row);
 }
 
-TEST_CASE_FIXTURE(LogState, "rows written before a failure stay, and what cannot be logged is told")
+TEST_CASE_FIXTURE(LogState, "rows written before a failure stay, and what cannot be logged is reported")
 {
     int32_t Stop = 0;
     for (int i = 45; i <= 55; ++i)
