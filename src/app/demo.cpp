@@ -187,9 +187,11 @@ int main(int Count, char** Args)
         if (Word.startsWith("wait:"))
             Delay += Word.mid(5).toInt();
         else
-            QTimer::singleShot(Delay += CommandMs, &Program.Main(), [&Program, Word] { Obey(Program.Main(), Word); });
+            QTimer::singleShot(Delay += CommandMs, Qt::PreciseTimer, &Program.Main(),
+                               [&Program, Word] { Obey(Program.Main(), Word); });
     if (!Picture.isEmpty())
-        QTimer::singleShot(Delay, &Program.Main(), [&Program, Picture] { TakePicture(Program.Main(), Picture); });
+        QTimer::singleShot(Delay, Qt::PreciseTimer, &Program.Main(),
+                           [&Program, Picture] { TakePicture(Program.Main(), Picture); });
     const int Exit = QApplication::exec();
     gHost.Dialogs = Former;
     return Exit;

@@ -5,8 +5,8 @@
 #include "platform/mHost.h"
 
 namespace {
-constexpr int Groups[] = {0, 2}; // horizontal angles, handle forces
-constexpr int WaitMs = 1000;     // for frames to arrive
+constexpr eReZeroGroup Groups[] = {GroupHorizontal, GroupForces};
+constexpr int WaitMs = 1000; // for frames to arrive
 
 // A wireless link takes a moment to be made.
 void AwaitLink()
@@ -23,12 +23,12 @@ bool cAutoReZero::Run()
     if (!OpenLink()) return false;
     SendRun();
     AwaitLink();
-    for (const int Group : Groups)
+    for (const eReZeroGroup Group : Groups)
         if (!ZeroGroup(Group)) return false;
     return true;
 }
 
-bool cAutoReZero::ZeroGroup(int Group)
+bool cAutoReZero::ZeroGroup(eReZeroGroup Group)
 {
     View.Begin(Group);
     gHost.Clock->Wait(WaitMs);

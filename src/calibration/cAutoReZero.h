@@ -15,7 +15,7 @@ public:
         virtual ~iView() = default;
 
         /// Shows a group of channels with their data started.
-        virtual void Begin(int Group) = 0;
+        virtual void Begin(eReZeroGroup Group) = 0;
 
         /// The rows of the pass; nothing when the window was closed or no longer takes frames.
         virtual cReZero* Rows() = 0;
@@ -38,7 +38,7 @@ public:
     const std::string& Names() const { return Zeroed; }
 
 private:
-    bool ZeroGroup(int Group);
+    bool ZeroGroup(eReZeroGroup Group);
 
     iView& View;
     std::string Zeroed;

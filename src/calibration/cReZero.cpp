@@ -18,7 +18,7 @@
 #include <optional>
 
 namespace {
-constexpr char GroupLetters[cReZero::GroupCnt] = {'A', 'V', 'H', 'S', 'G'};
+constexpr char GroupLetters[ReZeroGroupCnt] = {'A', 'V', 'H', 'S', 'G'};
 constexpr int NamesInGroup = 8;
 
 bool IsChannel(double Number)
@@ -59,14 +59,14 @@ cReZero::cReZero(bool CalibratorMode) : mCalibrMode(CalibratorMode)
     Row.Name = Row.ChanText = FormatNum(gAutoCalCh, "0");
 }
 
-bool cReZero::ChooseGroup(int Index)
+bool cReZero::ChooseGroup(int Group)
 {
     if (mDirty && !AskYesNo("Are you sure to discard changes?", TitleWarning)) return false;
     mRows.clear();
     mDirty = mSaved = mGainTyped = false;
     mChosen = true;
     for (int i = 1; i <= NamesInGroup; ++i)
-        AddChannel(GroupLetters[Index] + FormatNum(i, "0"));
+        AddChannel(GroupLetters[Group] + FormatNum(i, "0"));
     return true;
 }
 

@@ -27,11 +27,21 @@ struct ReZeroRow
     std::string Q1Text;
 };
 
+/// Groups of channels that are zeroed together.
+enum eReZeroGroup
+{
+    GroupHorizontal, // oar angles
+    GroupVertical,
+    GroupForces, // at the handle
+    GroupSeats,
+    GroupGates,
+    ReZeroGroupCnt
+};
+
 class cReZero
 {
 public:
     static constexpr int MaxRows = 9;
-    static constexpr int GroupCnt = 5;
 
     /// CalibratorMode: the one row is the automatic calibrator, whose zero is kept in the ini file.
     explicit cReZero(bool CalibratorMode);
@@ -49,9 +59,9 @@ public:
     /// Names of the rows that are read by curves, which a zero does not move; empty when there are none.
     std::string Unmoved() const;
 
-    /// Shows group Index, 0 to 4: horizontal angles, vertical angles, handle forces, seats, gates; of its eight names
-    /// those that are channels of the session. Unsaved results are asked for; false when they are kept.
-    bool ChooseGroup(int Index);
+    /// Shows a group: of its eight names those that are channels of the session. Asks before it discards unsaved
+    /// results; false when they are kept.
+    bool ChooseGroup(int Group);
 
     /// Adds the channel of a name; one that is unknown, shown already or too many gives no row and false.
     bool AddChannel(const std::string& Name);

@@ -14,7 +14,7 @@ public:
     /// Open puts a new re-zero window into the main window.
     explicit fAutoReZero(std::function<fDoReZero&()> InitOpen) : Open(std::move(InitOpen)) {}
 
-    void Begin(int Group) override
+    void Begin(eReZeroGroup Group) override
     {
         Window = &Open();
         Window->ChooseGroup(Group);

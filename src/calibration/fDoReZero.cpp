@@ -80,7 +80,7 @@ QGroupBox* fDoReZero::BuildGroups()
     auto* Frame = new QGroupBox("&Groups", this);
     auto* Layout = new QVBoxLayout(Frame);
     constexpr const char* Captions[] = {"&Horiz. Angles", "&Vert. Angles", "Handle &Forces", "Seats", "&Gates"};
-    for (int i = 0; i < cReZero::GroupCnt; ++i) {
+    for (int i = 0; i < ReZeroGroupCnt; ++i) {
         auto* Button = new QRadioButton(Captions[i], Frame);
         Button->setObjectName(QString("opParGr_%1").arg(i));
         Button->installEventFilter(this);

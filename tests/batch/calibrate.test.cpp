@@ -102,7 +102,7 @@ TEST_CASE("the last counts of a recording become the zeros of a group, and of no
     }
 }
 
-TEST_CASE("too few points are told and change nothing")
+TEST_CASE("too few points are reported and change nothing")
 {
     Desk Folder;
     const std::string Before = Folder.Bytes("s.txt");

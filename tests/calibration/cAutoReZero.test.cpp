@@ -33,7 +33,7 @@ struct Passes : LinkState, cAutoReZero::iView
         SetCurFile(Folder.Path("s.txt"));
     }
 
-    void Begin(int Group) override
+    void Begin(eReZeroGroup Group) override
     {
         Begun.push_back(Group);
         Pass.emplace(false);

@@ -45,7 +45,7 @@ TEST_CASE("of several matches the last wins, but the table's last row is never c
     CHECK(gCurves[1].Name == "F");
 }
 
-TEST_CASE("a category without targets and missing curves are told and switched off")
+TEST_CASE("a category without targets and missing curves are reported and switched off")
 {
     TargetFolder Folder;
     for (const char* Text : {"", "targets\r\nID\r\n1\r\n", "Targets", "Targets\r\nEnd of it\r\n1\r\n"}) {

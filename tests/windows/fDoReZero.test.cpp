@@ -67,6 +67,29 @@ TEST_CASE_FIXTURE(ShellState,
     CHECK(!Main.findChild<QWidget*>("fDoReZero"));
 }
 
+TEST_CASE_FIXTURE(ShellState, "a channel with two curves is read through all frames of an arrival, not its last one")
+{
+    Start();
+    gFile.Calibr.Clear();
+    CalibrRow& Row = gFile.Calibr.Grow();
+    Row.Chan = 1;
+    Row.ParamID = "H1";
+    Row.ProcMode = ApproxTwoLines;
+    Row.Qup1 = 1;
+    Row.Qdn1 = 2;
+    SetCurFile(Folder.Path("s.txt"));
+    Choose("mnuCalibrReZero");
+    Click("opParGr_2");
+    Click("cmdArr_0");
+    for (const double Count : {100.0, 300.0, 200.0}) {
+        gData[1] = Count;
+        SampleDataWindows();
+    }
+    DrawDataWindows();
+    CHECK(Find<QLineEdit>("LogVals_0").text() == "0200");
+    CHECK(Find<QLineEdit>("PhysVals_0").text() == "400.00"); // on the falling curve
+}
+
 TEST_CASE_FIXTURE(ShellState, "angles and handle forces are zeroed by the counts of a second each, without a question")
 {
     QTcpServer Logger;
