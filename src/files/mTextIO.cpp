@@ -2,6 +2,7 @@
 #include "files/mTextIO.h"
 
 #include "base/mCodePage.h"
+#include "base/mNumText.h"
 #include "base/mSafeSave.h"
 #include "core/mIni.h"
 #include "core/mModes.h"
@@ -15,6 +16,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <set>
 
 namespace {
 template <class Row>
@@ -74,32 +76,56 @@ enum class Kind
     OfVideo    // tables outside the record: a file that is only looked into leaves them alone
 };
 
+template <auto Table>
+int RowsIn(const DataFile& File)
+{
+    return (File.*Table).UBound();
+}
+
+template <auto& Table>
+int RowsBeside(const DataFile& File)
+{
+    return IsOpenFile(File) ? Table.UBound() : 0;
+}
+
 struct Section
 {
     std::string_view Keyword;
     Kind Belongs;
     void (*Read)(LineReader& Lines, DataFile& File);
+    int (*Held)(const DataFile& File) = nullptr; // rows that stay when a file does not name the section; null: none
 };
 
 constexpr Section Sections[] = {
-    {"Main", Kind::OfFile, ReadMain},
-    {"Sess", Kind::OfFile, ReadSess},
-    {"Crew", Kind::OfFile, [](LineReader& Lines, DataFile& File) { ReadCrew(Lines, File.Crew); }},
-    {"Calibr", Kind::OfFile, ReadCalibr},
-    {"View1", Kind::OfFile, ReadView1},
-    {"View3", Kind::OfFile, [](LineReader& Lines, DataFile& File) { ReadSplitRows(Lines, ViewFields(), File.View3); }},
-    {"View4", Kind::OfFile, [](LineReader& Lines, DataFile& File) { ReadSplitRows(Lines, ViewFields(), File.View4); }},
-    {"Boat", Kind::OfFile, [](LineReader& Lines, DataFile& File) { ReadBoat(Lines, File.Boat); }},
+    {"Main", Kind::OfFile, ReadMain, [](const DataFile& File) { return File.KeyChanID.empty() ? 0 : 1; }},
+    {"Sess", Kind::OfFile, ReadSess, [](const DataFile& File) { return File.SessID.empty() ? 0 : 1; }},
+    {"Crew", Kind::OfFile, [](LineReader& Lines, DataFile& File) { ReadCrew(Lines, File.Crew); },
+     RowsIn<&DataFile::Crew>},
+    {"Calibr", Kind::OfFile, ReadCalibr, RowsIn<&DataFile::Calibr>},
+    {"View1", Kind::OfFile, ReadView1, RowsIn<&DataFile::View1>},
+    {"View3", Kind::OfFile, [](LineReader& Lines, DataFile& File) { ReadSplitRows(Lines, ViewFields(), File.View3); },
+     RowsIn<&DataFile::View3>},
+    {"View4", Kind::OfFile, [](LineReader& Lines, DataFile& File) { ReadSplitRows(Lines, ViewFields(), File.View4); },
+     RowsIn<&DataFile::View4>},
+    {"Boat", Kind::OfFile, [](LineReader& Lines, DataFile& File) { ReadBoat(Lines, File.Boat); },
+     RowsIn<&DataFile::Boat>},
     {"Desc", Kind::OfSamples, [](LineReader& Lines, DataFile& File) { ReadDesc(Lines, File.Desc); }},
     {"Data", Kind::OfSamples, [](LineReader& Lines, DataFile& File) { ReadSampleRows(Lines, File, File.Data); }},
     {"Calc", Kind::OfSamples, [](LineReader& Lines, DataFile& File) { ReadSampleRows(Lines, File, File.Data); }},
-    {"STD", Kind::OfSamples, [](LineReader& Lines, DataFile& File) { ReadSampleRows(Lines, File, File.STD); }},
-    {"Models", Kind::OfSamples, [](LineReader& Lines, DataFile& File) { ReadSampleRows(Lines, File, File.Models); }},
-    {"VidDots", Kind::OfVideo, [](LineReader& Lines, DataFile&) { ReadSplitRows(Lines, DotFields(), gDots); }},
-    {"VidSegs", Kind::OfVideo, [](LineReader& Lines, DataFile&) { ReadSplitRows(Lines, SegFields(), gSegs); }},
-    {"VideoID", Kind::OfVideo, [](LineReader& Lines, DataFile&) { ReadSplitRows(Lines, VideoIDFields(), gVideoID); }},
-    {"VidCoords", Kind::OfVideo, [](LineReader& Lines, DataFile&) { ReadVideoPoints(Lines, gVidCoords); }},
-    {"VidAngles", Kind::OfVideo, [](LineReader& Lines, DataFile&) { ReadVideoPoints(Lines, gVidAngles); }},
+    {"STD", Kind::OfSamples, [](LineReader& Lines, DataFile& File) { ReadSampleRows(Lines, File, File.STD); },
+     RowsIn<&DataFile::STD>},
+    {"Models", Kind::OfSamples, [](LineReader& Lines, DataFile& File) { ReadSampleRows(Lines, File, File.Models); },
+     RowsIn<&DataFile::Models>},
+    {"VidDots", Kind::OfVideo, [](LineReader& Lines, DataFile&) { ReadSplitRows(Lines, DotFields(), gDots); },
+     RowsBeside<gDots>},
+    {"VidSegs", Kind::OfVideo, [](LineReader& Lines, DataFile&) { ReadSplitRows(Lines, SegFields(), gSegs); },
+     RowsBeside<gSegs>},
+    {"VideoID", Kind::OfVideo, [](LineReader& Lines, DataFile&) { ReadSplitRows(Lines, VideoIDFields(), gVideoID); },
+     RowsBeside<gVideoID>},
+    {"VidCoords", Kind::OfVideo, [](LineReader& Lines, DataFile&) { ReadVideoPoints(Lines, gVidCoords); },
+     RowsBeside<gVidCoords>},
+    {"VidAngles", Kind::OfVideo, [](LineReader& Lines, DataFile&) { ReadVideoPoints(Lines, gVidAngles); },
+     RowsBeside<gVidAngles>},
 };
 
 constexpr std::string_view LastLine = "EOF";
@@ -120,14 +146,35 @@ bool IsSession(std::string_view Text)
     return false;
 }
 
-void ReadSections(std::string_view Text, DataFile& File, SectionFilter Filter)
+// Gives the sections that were read.
+std::set<const Section*> ReadSections(std::string_view Text, DataFile& File, SectionFilter Filter)
 {
+    std::set<const Section*> Named;
     LineReader Lines(Text);
     for (std::string_view Line; Lines.Take(Line);) {
         const Section* Found = FindSection(Line);
         if (!Found || (Found->Belongs == Kind::OfSamples && Filter == SectionFilter::Non)) continue;
         if (Found->Belongs != Kind::OfVideo || IsOpenFile(File)) Found->Read(Lines, File);
+        Named.insert(Found);
     }
+    return Named;
+}
+
+// What a file that names these sections left as it was, as "Sess, STD (26 rows)".
+std::string KeptSections(const DataFile& File, const std::set<const Section*>& Named)
+{
+    // The oldest files make these two by their session.
+    const bool IsMade = File.Model == 0 && Named.contains(FindSection("Sess"));
+    std::string Text;
+    for (const Section& Each : Sections) {
+        const bool IsHeld = Each.Held && !Named.contains(&Each);
+        const int Rows = IsHeld ? Each.Held(File) : 0;
+        if (Rows < 1 || (IsMade && (Each.Keyword == "Crew" || Each.Keyword == "Boat"))) continue;
+        Text.append(Text.empty() ? "" : ", ").append(Each.Keyword);
+        if (Each.Keyword != "Main" && Each.Keyword != "Sess")
+            Text += " (" + FormatNum(Rows, "0") + (Rows == 1 ? " row)" : " rows)");
+    }
+    return Text;
 }
 
 void AppendCalibr(std::string& Text, const DataFile& File)
@@ -145,7 +192,7 @@ void AppendCalibr(std::string& Text, const DataFile& File)
 }
 } // namespace
 
-bool ReadDataFile(const std::string& Path, DataFile& File, SectionFilter Filter)
+bool ReadDataFile(const std::string& Path, DataFile& File, SectionFilter Filter, std::string* Kept)
 {
     auto Bytes = ReadWhole(Path);
     if (!Bytes) return FileFailed(CantOpen, Path, TitleWarning);
@@ -158,7 +205,8 @@ bool ReadDataFile(const std::string& Path, DataFile& File, SectionFilter Filter)
     File.Desc.Clear();
     File.Data.Clear();
     gSessID = std::filesystem::path(Path).stem().string();
-    ReadSections(Text, File, Filter);
+    const auto Named = ReadSections(Text, File, Filter);
+    if (Kept) *Kept = KeptSections(File, Named);
     return true;
 }
 

@@ -19,8 +19,9 @@ extern float gOldBladeLen;
 
 /// Reads Path into File, section by section: what the file does not name keeps its value, apart from the model and the
 /// samples. Sets gSessID; into gFile also gKeyMode, the old oar dimensions, the video tables and the reference tables.
-/// False when it cannot be opened or has no section at all (told): File is as it was.
-bool ReadDataFile(const std::string& Path, DataFile& File, SectionFilter Filter);
+/// Kept, unless null, becomes the list of what it does not name and what therefore stays, as "Sess, STD (26 rows)".
+/// False when it cannot be opened or has no section at all (reported to the user): File is as it was.
+bool ReadDataFile(const std::string& Path, DataFile& File, SectionFilter Filter, std::string* Kept = nullptr);
 
 /// The whole file as text, with CR LF behind each line.
 std::string DataFileText(const DataFile& File, SectionFilter Filter);

@@ -117,6 +117,24 @@ TEST_CASE_FIXTURE(Session, "a file read on top of another keeps what it does not
     CHECK(DataFileText(gFile, SectionFilter::Any) == Left);
 }
 
+TEST_CASE_FIXTURE(Session, "opening lists in one line what was kept from the session before, and nothing that was made")
+{
+    const auto Kept = [&](const std::string& Text) {
+        REQUIRE(SaveWhole(Path, Tabbed(Text), Durability::Fast));
+        std::string List = "none";
+        REQUIRE(ReadDataFile(Path, gFile, SectionFilter::Any, &List));
+        return List;
+    };
+    CHECK(Kept(Golden("session-typed.txt")).empty());
+    CHECK(Kept("Main\n65|\nEnd\nSess\nNEW|no date|\nEnd\nView1\nEnd\n") ==
+          "Crew (3 rows), Calibr (2 rows), View4 (1 row), Boat (1 row), STD (1 row), Models (1 row), VidDots (2 rows), "
+          "VidSegs (1 row), VideoID (1 row)");
+    CHECK(Kept("Calibr\nA1|1|\nEnd\nView3\nEnd\nView4\nEnd\nSTD\nEnd\nModels\nEnd\nVidDots\nEnd\nVidSegs\nEnd\n") ==
+          "Main, Sess, Crew (3 rows), Boat (1 row), VideoID (1 row)");
+    // A session of the oldest kind makes crew and boat anew.
+    CHECK(Kept("Sess\nOLD|1/2/99|\nEnd\nVideoID\nEnd\n") == "Main, Calibr (1 row)");
+}
+
 TEST_CASE_FIXTURE(Session, "a file that rows are taken from leaves the open session's tables and key mode alone")
 {
     gKeyModeSet = 2;

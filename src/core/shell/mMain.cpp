@@ -8,6 +8,7 @@
 #include "core/mNotice.h"
 #include "core/mSettings.h"
 #include "files/mTextIO.h"
+#include "platform/mHost.h"
 
 bool StartUp(const std::string& Folder)
 {
@@ -23,7 +24,9 @@ bool StartUp(const std::string& Folder)
 
 bool LoadCurrentFile()
 {
-    if (!ReadDataFile(gCurFile, gFile, SectionFilter::Any)) return false;
+    std::string Kept;
+    if (!ReadDataFile(gCurFile, gFile, SectionFilter::Any, &Kept)) return false;
+    if (!Kept.empty()) UpdateStatus("Kept from the session before: " + Kept);
     ResolveChannels();
     return true;
 }
