@@ -33,6 +33,9 @@ public:
     /// The next frame as TakeFrame gives it.
     std::optional<Frame> Take() { return TakeFrame(Source); }
 
+    /// Its bytes, for those who look at more than whole frames.
+    ByteSource& Bytes() { return Source; }
+
     /// Whether the device failed while the file was read.
     bool HasFailed() const { return File.bad(); }
 
