@@ -93,8 +93,8 @@ std::string cRig::TruthTable() const
 std::string cRig::News(double T)
 {
     const double Step = std::floor(T / StepTime());
-    if (Step == Told) return {};
-    Told = Step;
+    if (Step == Reported) return {};
+    Reported = Step;
     return Wanted.Chan + ": " + FormatShortest(Load(Step * StepTime()));
 }
 

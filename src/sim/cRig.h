@@ -62,12 +62,12 @@ private:
     double StepTime() const { return Wanted.Hold + Wanted.Ramp; }
 
     RigSettings Wanted;
-    double Top;       // highest count
-    double Q0 = 0;    // of the sensor's line
-    double Q1 = 0;    // physical units a count
-    double Low = 0;   // lowest load
-    double Range = 0; // to the highest
-    double Play = 0;  // distance of the two branches, physical units
-    double Felt = 0;  // what reaches the sensor through the play
-    double Told = -1; // step that News told last
+    double Top;           // highest count
+    double Q0 = 0;        // of the sensor's line
+    double Q1 = 0;        // physical units a count
+    double Low = 0;       // lowest load
+    double Range = 0;     // to the highest
+    double Play = 0;      // distance of the two branches, physical units
+    double Felt = 0;      // what reaches the sensor through the play
+    double Reported = -1; // step that News reported last
 };

@@ -19,7 +19,7 @@ struct Sensor
 class cRowerModel
 {
 public:
-    /// Rate in strokes per minute, Spread the standard deviation of the periods in per cent. KeyMode tells where the
+    /// Rate in strokes per minute, Spread the standard deviation of the periods in per cent. KeyMode says where the
     /// session cuts strokes, which decides where in a stroke time begins.
     cRowerModel(const std::string& BoatType, double Rate, double Spread, int KeyMode, uint64_t Seed);
     cRowerModel(const cRowerModel&) = delete;

@@ -45,10 +45,10 @@ std::string cStreamer::Run()
 {
     Loop.Run();
     Line.Close();
-    std::string Told = FormatNum(static_cast<double>(FramesSent), "0") + " frames sent, " +
-                       FormatNum(static_cast<double>(FramesLost), "0") + " lost while nobody listened";
-    if (!Wanted.Sent.empty() && !SaveWhole(Wanted.Sent, SentBytes)) Told += "; can't write file: " + Wanted.Sent;
-    return Told;
+    std::string Summary = FormatNum(static_cast<double>(FramesSent), "0") + " frames sent, " +
+                          FormatNum(static_cast<double>(FramesLost), "0") + " lost while nobody listened";
+    if (!Wanted.Sent.empty() && !SaveWhole(Wanted.Sent, SentBytes)) Summary += "; can't write file: " + Wanted.Sent;
+    return Summary;
 }
 
 double cStreamer::SimulatedNow() const

@@ -5,7 +5,7 @@
 
 #include <deque>
 
-// The angles of a middling oar in degrees.
+// The angles of an average oar in degrees.
 inline constexpr double MeanCatch = -58;
 inline constexpr double MeanFinish = 34;
 
@@ -46,7 +46,7 @@ class cStrokes
 {
 public:
     /// Rate in strokes per minute, Spread the standard deviation of the periods in per cent of their mean. KeyMode
-    /// tells where strokes are cut: time 0 lies well ahead of such a place, and behind none that could be mistaken.
+    /// says where strokes are cut: time 0 lies well ahead of such a place, and behind none that could be taken for one.
     cStrokes(double Rate, double Spread, int KeyMode, uint64_t Seed);
 
     /// Stroke Number, from 0.

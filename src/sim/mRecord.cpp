@@ -71,7 +71,7 @@ std::string Summary(const SimOptions& Options, const LoggerSettings& Used, const
            Counted(Faults.Drop, " lost") + Counted(Faults.Spikes, " with a spike");
 }
 
-bool Told(const WholeFile& File, const std::string& Path)
+bool HasFailed(const WholeFile& File, const std::string& Path)
 {
     if (File.Failure().empty()) return false;
     FileFailed(CantWrite, Path, TitleWarning, File.Failure());
@@ -96,9 +96,9 @@ std::string RecordFile(const SimOptions& Options, const DataFile& File)
     }
 
     WholeFile Recording(Options.Recording);
-    if (Told(Recording, Options.Recording)) return {};
+    if (HasFailed(Recording, Options.Recording)) return {};
     const auto Table = Options.Truth.empty() ? nullptr : std::make_unique<WholeFile>(Options.Truth);
-    if (Table && Told(*Table, Options.Truth)) return {};
+    if (Table && HasFailed(*Table, Options.Truth)) return {};
 
     cLogger Logger(File, Used);
     const int Strokes = Options.Strokes == 0 && Options.Seconds == 0 ? DefaultStrokes : Options.Strokes;
@@ -111,7 +111,7 @@ std::string RecordFile(const SimOptions& Options, const DataFile& File)
     }
     if (Table)
         Table->Append(Used.Rigs.empty() ? TruthTable(TrueStrokes(File, Logger.Model(), Stop)) : Logger.RigTruth());
-    if (!Recording.Commit() && Told(Recording, Options.Recording)) return {};
-    if (Table && !Table->Commit() && Told(*Table, Options.Truth)) return {};
+    if (!Recording.Commit() && HasFailed(Recording, Options.Recording)) return {};
+    if (Table && !Table->Commit() && HasFailed(*Table, Options.Truth)) return {};
     return Summary(Options, Used, Logger, Stop);
 }

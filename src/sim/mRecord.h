@@ -7,5 +7,5 @@
 std::string SettleLogger(const SimOptions& Options, const DataFile& File, LoggerSettings& Used);
 
 /// Writes the recording and the truth table that the options ask for, by the session in File. Nothing is written when
-/// it fails (told). Gives a line that sums up what was done, empty after a failure.
+/// it fails (reported to the user). Gives a line that sums up what was done, empty after a failure.
 std::string RecordFile(const SimOptions& Options, const DataFile& File);

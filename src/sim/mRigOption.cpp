@@ -1,4 +1,4 @@
-// One table of the words, for reading and for the help.
+// One table of the parameters, for reading and for the help.
 #include "sim/mRigOption.h"
 
 #include "base/mNumText.h"
@@ -6,7 +6,7 @@
 #include <algorithm>
 
 namespace {
-struct Word
+struct Parameter
 {
     const char* Name;
     double Low;
@@ -16,7 +16,7 @@ struct Word
 };
 
 // Bow and wave together keep the curve going one way.
-constexpr Word Table[] = {
+constexpr Parameter Table[] = {
     {"hold", 0, 3600, &RigSettings::Hold, "seconds that each load is held, 0 to 3600 (default 4)"},
     {"ramp", 0, 3600, &RigSettings::Ramp, "seconds from one load to the next, 0 to 3600 (default 1)"},
     {"noise", 0, 1000, &RigSettings::Noise, "standard deviation of the counts, 0 to 1000 (default 1)"},
@@ -36,10 +36,10 @@ std::optional<double> RealNumber(const std::string& Text)
     return IsPlain ? LeadingNumber(Text) : std::nullopt;
 }
 
-bool TakeWord(RigSettings& Rig, const std::string& Name, const std::string& Text)
+bool TakeParameter(RigSettings& Rig, const std::string& Name, const std::string& Text)
 {
     const auto Found =
-        std::find_if(std::begin(Table), std::end(Table), [&](const Word& Each) { return Name == Each.Name; });
+        std::find_if(std::begin(Table), std::end(Table), [&](const Parameter& Each) { return Name == Each.Name; });
     if (Found == std::end(Table)) return false;
     if (Name == "calibrator") {
         Rig.Calibrator = Text;
@@ -59,7 +59,7 @@ bool TakeWord(RigSettings& Rig, const std::string& Name, const std::string& Text
 bool TakeItem(RigSettings& Rig, const std::string& Item)
 {
     const std::size_t Equal = Item.find('=');
-    if (Equal != std::string::npos) return TakeWord(Rig, Item.substr(0, Equal), Item.substr(Equal + 1));
+    if (Equal != std::string::npos) return TakeParameter(Rig, Item.substr(0, Equal), Item.substr(Equal + 1));
     const auto Load = RealNumber(Item);
     if (Load) Rig.Loads.push_back(*Load);
     return Load.has_value();
@@ -83,15 +83,15 @@ bool TakeRig(RigSettings& Rig, const std::string& Text)
 
 std::string RigHelp()
 {
-    std::string Text = "A rig is CHANNEL=LOAD,LOAD,...,WORD=VALUE,...: channel by number or ParamID, loads in physical "
+    std::string Text = "A rig is CHANNEL=LOAD,LOAD,...,NAME=VALUE,...: channel by number or ParamID, loads in physical "
                        "units, which are put\non it in turn, for example --rig H1=0,200,400,600,400,200,hyst=2 with "
-                       "these words:\n";
-    for (const Word& Each : Table) {
+                       "these parameters:\n";
+    for (const Parameter& Each : Table) {
         std::string Line = std::string("  ") + Each.Name + "=";
         Line.resize(14, ' ');
         Text += Line + Each.Help + "\n";
     }
     return Text +
-           "Per cent are of the range of the loads. All other channels rest at their zero levels. A stream tells "
+           "Per cent are of the range of the loads. All other channels rest at their zero levels. A stream reports "
            "each load when\nit has come to rest.\n";
 }

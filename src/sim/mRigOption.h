@@ -6,5 +6,5 @@
 /// Takes the text of a rig. False, with the rig as it was, when it is none.
 bool TakeRig(RigSettings& Rig, const std::string& Text);
 
-/// What the words of a rig mean, for the help.
+/// What the parameters of a rig mean, for the help.
 std::string RigHelp();

@@ -99,7 +99,7 @@ constexpr std::array<Option, 20> Table = {{
      [](SimOptions& To, const std::string& Text) { return TakeReal(To.Cut, Text, 0.1, 86400); }},
     {"--sent", "FILE", "at the end of a stream write the bytes that were sent while the link was there",
      [](SimOptions& To, const std::string& Text) { return TakeText(To.Sent, Text); }},
-    {"--rig", "RIG", "instead of a rowing crew a channel on a calibration rig, told of below; may be given again",
+    {"--rig", "RIG", "instead of a rowing crew a channel on a calibration rig, described below; may be given again",
      [](SimOptions& To, const std::string& Text) { return TakeRig(To.Logger.Rigs.emplace_back(), Text); }},
     {"--truth", "FILE",
      "also write the true strokes as a table: boundaries, rate, angles, length, peak force; of a rig its own curve",
@@ -156,7 +156,7 @@ std::string ParseSimOptions(std::span<const std::string> Words, SimOptions& Opti
         } else if (Options.Session.empty() && !Word.empty())
             Options.Session = Word;
         else
-            return "\"" + Word + "\" is one word too many";
+            return "\"" + Word + "\" is one argument too many";
     }
     if (Options.WantsHelp || Options.WantsVersion) return {};
     if (Options.Session.empty()) return "no session data file given";

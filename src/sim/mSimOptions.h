@@ -26,7 +26,7 @@ struct SimOptions
     LoggerSettings Logger; // all the rest; its model and frequency are filled from the session
 };
 
-/// Takes the words of a command line, "--name value" or "--name=value". Gives an empty text, or what is wrong.
+/// Reads the arguments of a command line, "--name value" or "--name=value". Gives an empty text, or what is wrong.
 std::string ParseSimOptions(std::span<const std::string> Words, SimOptions& Options);
 
 /// The usage in one line.

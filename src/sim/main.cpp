@@ -67,7 +67,7 @@ int Run(const std::vector<std::string>& Words)
 {
     SimOptions Options;
     if (const std::string Wrong = ParseSimOptions(Words, Options); !Wrong.empty()) {
-        std::cerr << "skarvelin-sim: " << Wrong << "\nUsage: " << SimUsage() << "\nskarvelin-sim --help tells more."
+        std::cerr << "skarvelin-sim: " << Wrong << "\nUsage: " << SimUsage() << "\nFor more, see skarvelin-sim --help."
                   << std::endl;
         return WrongUsage;
     }
