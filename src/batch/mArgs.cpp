@@ -1,4 +1,4 @@
-// The reader of a command's words.
+// Reading of a command's arguments.
 #include "batch/mArgs.h"
 
 #include "base/mNumText.h"

@@ -1,4 +1,4 @@
-// What a command takes on its line, and the line read into it.
+// The arguments that a command takes, and their reading from the command line.
 #pragma once
 
 #include <cstdint>
@@ -12,7 +12,7 @@ enum class ArgKind
     Whole,
     Real,
     Text,
-    Choice // one of the words that the value's name lists between bars
+    Choice // one of the values that the name of the value lists between bars
 };
 
 /// An option of a command, as "--start I".
@@ -23,7 +23,7 @@ struct Option
     const char* Value; // name of the value in the usage line, empty for a flag
 };
 
-/// The words behind a command: its files in order and its options by name.
+/// The arguments of a command: its files in order and its options by name.
 struct Args
 {
     std::vector<std::string> Files;
@@ -37,5 +37,5 @@ struct Args
     std::string Text(const std::string& Name, const std::string& Default) const;
 };
 
-/// Reads Words into Result. Gives an empty text, or what is wrong with them.
+/// Reads the arguments in Words into Result. Gives an empty text, or what is wrong with them.
 std::string ParseArgs(const std::vector<std::string>& Words, const std::vector<Option>& Known, Args& Result);

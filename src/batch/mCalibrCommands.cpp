@@ -22,7 +22,8 @@ void PrintAnalysis(const cCalibr& Bench)
     std::cout << Text << std::endl;
 }
 
-// The workbench with the points of a file, as the line tells it. False when told.
+// Sets the workbench up with the points of a file and the options of the command. False when that fails (reported to
+// the user).
 bool SetUp(cCalibr& Bench, const Args& Line)
 {
     const int32_t Chan = Line.Whole("--channel", 0);
@@ -45,7 +46,7 @@ bool SaveTable(cCalibr& Bench, const RefTable& Table, const std::string& Session
 }
 
 // A line does not change how a channel is read.
-void TellUnused(const cCalibr& Bench)
+void ReportUnused(const cCalibr& Bench)
 {
     const int16_t Mode = gFile.Calibr[Bench.Chan()].ProcMode;
     const bool IsByLine = Mode != ApproxOneLine && Mode != ApproxTwoLines && Mode != ApproxRefTable;
@@ -79,7 +80,7 @@ bool DoCalibrate(const Args& Line)
     PrintAnalysis(Bench);
     if (!IsStored) return false;
     if (IsTable) return SaveTable(Bench, Table, Session, Out);
-    TellUnused(Bench);
+    ReportUnused(Bench);
     return SaveSession(Session, Out);
 }
 

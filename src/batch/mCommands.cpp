@@ -91,6 +91,14 @@ std::span<const Command> AllCommands()
          3,
          {{"--panel", ArgKind::Choice, "rower|catch"}},
          DoLive},
+        {"mend",
+         "RAW OUT",
+         "copies a recording without its broken bytes: all frames that can be decoded; the recording itself stays as "
+         "it is",
+         2,
+         2,
+         {},
+         DoMend},
         {"calibrate",
          "SESSION XCL --channel C --apply 0|1|2|4 [--cutoff PERCENT] [--min A] [--max B] [--sensor ID] [--out OUT]",
          "calibrates a channel by the points of a raw calibration file: 0 line, 1 one curve, 2 a curve each for rising "
@@ -139,7 +147,7 @@ std::span<const Command> AllCommands()
     return Table;
 }
 
-void TellNoFrames(const std::string& Path)
+void ReportNoFrames(const std::string& Path)
 {
     MsgBox("There are no frames of a logger in the file: " + Path, TitleInformation);
 }

@@ -12,7 +12,7 @@ class cReport;
 struct Command
 {
     const char* Name;
-    const char* Usage;   // the words behind the name
+    const char* Usage;   // the arguments behind the name
     const char* Summary; // one sentence for the list of commands
     std::size_t MinFiles;
     std::size_t MaxFiles; // 0: any number from MinFiles on
@@ -21,39 +21,41 @@ struct Command
     std::string (*Objection)(const Args& Line) = nullptr; // what is wrong with the line as a whole, empty when nothing
 };
 
-/// The program's dialogs: a command gives the answers that its line tells.
+/// The program's dialogs: a command sets the answers that its arguments give.
 extern sDialogs gBatchDialogs;
 
-/// Writes a report to a file whose name tells its form. False when it fails (told). Null in a program without the
-/// toolkit's letters.
+/// Writes a report to a file whose name tells its form. False when it fails (reported to the user). Null in a program
+/// that was built without the toolkit, whose fonts it needs.
 extern bool (*gWriteReport)(const cReport& Report, const std::string& Path);
 
 /// All commands in the order of the help.
 std::span<const Command> AllCommands();
 
-/// Opens the session data file and resolves its channels. False when it cannot be read (told).
+/// Opens the session data file and resolves its channels. False when it cannot be read (reported to the user).
 bool LoadSession(const std::string& Path);
 
 /// Copies the session's own file to its backup when Out is about to replace it. False when it fails (reported to the
 /// user).
 bool BackUpReplaced(const std::string& Session, const std::string& Out);
 
-/// Writes gFile to Out, behind a backup copy when that is the session's own file. False when it fails (told).
+/// Writes gFile to Out, behind a backup copy when that is the session's own file. False when it fails (reported to the
+/// user).
 bool SaveSession(const std::string& Session, const std::string& Out);
 
-/// Reads a raw file into the sample store and conditions it when the line says --filter. False when told.
+/// Reads a raw file into the sample store and filters it with --filter. False when that fails (reported to the user).
 bool LoadRaw(const std::string& Path, const Args& Line);
 
-/// Tells that a raw file has no frame, and that what was made of it is its head alone.
-void TellNoFrames(const std::string& Path);
+/// Reports that a raw file has no frame: what was made of it is the head line alone.
+void ReportNoFrames(const std::string& Path);
 
-/// Writes Text as a whole file. False when that fails (told).
+/// Writes Text as a whole file. False when that fails (reported to the user).
 bool SaveText(const std::string& Path, const std::string& Text);
 
 // Session data files and samples as text.
 bool DoResave(const Args& Line);
 bool DoDump(const Args& Line);
 bool DoExport(const Args& Line);
+bool DoMend(const Args& Line);
 bool DoInfo(const Args& Line);
 
 // Strokes and patterns.

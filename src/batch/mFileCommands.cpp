@@ -1,4 +1,4 @@
-// Commands on session data files and on the samples of raw files: resave, dump, export, info.
+// Commands on session data files and on raw files: resave, dump, export, mend, info.
 #include "batch/mCommands.h"
 
 #include "base/mNumText.h"
@@ -6,10 +6,12 @@
 #include "core/mGlobData.h"
 #include "files/mBinIO.h"
 #include "files/mExport.h"
+#include "files/mMend.h"
 #include "files/mTextIO.h"
 #include "platform/mHost.h"
 
 #include <cmath>
+#include <filesystem>
 #include <iostream>
 
 namespace {
@@ -169,7 +171,7 @@ bool DoDump(const Args& Line)
         AppendFrame(Text, Count);
         File.Append(Text);
     }
-    if (Count == 0) TellNoFrames(Line.Files[1]);
+    if (Count == 0) ReportNoFrames(Line.Files[1]);
     if (CloseScanFile() && File.Commit()) return true;
     if (!File.Failure().empty()) FileFailed(CantWrite, Line.Files[2], TitleWarning, File.Failure());
     return false;
@@ -178,8 +180,18 @@ bool DoDump(const Args& Line)
 bool DoExport(const Args& Line)
 {
     if (!LoadSession(Line.Files[0]) || !LoadRaw(Line.Files[1], Line)) return false;
-    if (gRaw.UBound() < 0) TellNoFrames(Line.Files[1]);
+    if (gRaw.UBound() < 0) ReportNoFrames(Line.Files[1]);
     return WriteText(Line.Files[2], Line.Whole("--from", 0), Line.Whole("--to", gRaw.UBound()));
+}
+
+bool DoMend(const Args& Line)
+{
+    const std::string& Out = Line.Files[1];
+    if (std::filesystem::is_regular_file(Out) && !AskYesNo("Are you sure to replace file " + Out + "?", TitleWarning))
+        return false;
+    const auto Result = MendRawFile(Line.Files[0], Out);
+    if (Result) std::cout << Result->Words() << ": " << Out << std::endl;
+    return Result.has_value();
 }
 
 bool DoInfo(const Args& Line)

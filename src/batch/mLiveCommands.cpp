@@ -45,7 +45,7 @@ private:
     bool IsLineStart = true;
 };
 
-// Runs the work on a row. A row that cannot be computed is told and left out.
+// Runs the work on a row. A row that cannot be computed is reported and left out.
 template <class Work>
 void ForRow(const ViewRow& View, int Row, const Work& Do)
 {
@@ -149,7 +149,7 @@ bool PlayThrough(const std::string& Path, Kind& Panel, const Writer& Write)
         Panel.TakeSample();
         Write(++Frame);
     }
-    if (Frame < 0) TellNoFrames(Path);
+    if (Frame < 0) ReportNoFrames(Path);
     return CloseScanFile();
 }
 

@@ -47,14 +47,14 @@ public:
     Recorder(const Recorder&) = delete;
     Recorder& operator=(const Recorder&) = delete;
 
-    /// Records until the time is over, a signal comes or the log fails. False when a failure was told.
+    /// Records until the time is over, a signal comes or the log fails. False when a failure was reported.
     bool Run();
 
 private:
     bool Start();
     void Look();
     void Finish();
-    bool TellLength() const;
+    bool ReportLength() const;
 
     std::string OutPath;
     double Seconds; // 0: until a signal
@@ -100,7 +100,7 @@ bool Recorder::Run()
     const bool Started = Start();
     if (Started) Loop.Run();
     Finish();
-    return Started && gLogFile.Failure().empty() && TellLength();
+    return Started && gLogFile.Failure().empty() && ReportLength();
 }
 
 bool Recorder::Start()
@@ -134,7 +134,7 @@ void Recorder::Finish()
 }
 
 // An empty recording is a failure unless whoever ended it was there.
-bool Recorder::TellLength() const
+bool Recorder::ReportLength() const
 {
     const auto Length = static_cast<double>(gLogFile.Length());
     if (Length > 0)

@@ -10,7 +10,7 @@ bool (*gWriteReport)(const cReport& Report, const std::string& Path) = nullptr;
 bool DoReport(const Args& Line)
 {
     if (!gWriteReport) {
-        MsgBox("This program was built without the desktop, so it has no letters to write a report with.", TitleError);
+        MsgBox("This program was built without the desktop program, whose fonts a report needs.", TitleError);
         return false;
     }
     if (!LoadSession(Line.Files[0])) return false;

@@ -13,7 +13,8 @@
 #include <iostream>
 
 namespace {
-// Averages the strokes of the stretch in as many runs as the settings say. False is reported to the user.
+// Averages the strokes of the stretch in as many runs as the settings say. False when that fails (reported to the
+// user).
 bool Average(const Args& Line)
 {
     int32_t Stop = Line.Whole("--stop", 0);

@@ -2,6 +2,7 @@
 #include "base/mVersion.h"
 #include "batch/mCommands.h"
 #include "core/mSettings.h"
+#include "files/mUnread.h"
 #include "platform/mHost.h"
 #include "platform/plain/sSettings.h"
 #include "platform/plain/sStatus.h"
@@ -21,7 +22,7 @@ sSettings gBatchSettings;
 sDialogs gBatchDialogs(&gBatchStatus);
 
 namespace {
-constexpr const char* Usage = "skarvelin-batch [--set KEY=VALUE]... [--no] COMMAND ARGS";
+constexpr const char* Usage = "skarvelin-batch [--set KEY=VALUE]... [--no] [--strict] COMMAND ARGS";
 
 constexpr int Done = 0;
 constexpr int Failed = 1;
@@ -29,7 +30,7 @@ constexpr int WrongUsage = 2;
 
 int Misused(const std::string& What, const std::string& Right)
 {
-    std::cerr << "skarvelin-batch: " << What << "\nUsage: " << Right << "\nskarvelin-batch --help tells more."
+    std::cerr << "skarvelin-batch: " << What << "\nUsage: " << Right << "\nFor more, see skarvelin-batch --help."
               << std::endl;
     return WrongUsage;
 }
@@ -47,6 +48,7 @@ void PrintHelp()
     std::cout << "\nSESSION is a session data file, RAW a raw sample file, OUT a file to write.\n"
                  "  --set KEY=VALUE  a setting for this call, as --set gProcRuns=2 --set StdFilter=1.5\n"
                  "  --no             questions are answered No instead of Yes\n"
+                 "  --strict         a recording that is not read to its end is a failure: nothing is written\n"
                  "  COMMAND --help   the usage of one command\n"
                  "  --version        the version\n\n"
                  "Exit code: 0 done, 1 a failure was reported, 2 wrong usage.\n\nSettings and their defaults:\n";
@@ -77,9 +79,9 @@ int RunCommand(const Command& Each, const std::vector<std::string>& Words)
     if (const std::string Wrong = ParseArgs(Words, Each.Options, Line); !Wrong.empty())
         return Misused(Wrong, UsageOf(Each));
     if (Line.Files.size() < Each.MinFiles)
-        return Misused("too few words behind " + std::string(Each.Name), UsageOf(Each));
+        return Misused("too few arguments for " + std::string(Each.Name), UsageOf(Each));
     if (Each.MaxFiles != 0 && Line.Files.size() > Each.MaxFiles)
-        return Misused("too many words behind " + std::string(Each.Name), UsageOf(Each));
+        return Misused("too many arguments for " + std::string(Each.Name), UsageOf(Each));
     if (const std::string Wrong = Each.Objection ? Each.Objection(Line) : ""; !Wrong.empty())
         return Misused(Wrong, UsageOf(Each));
     LoadSettings();
@@ -101,6 +103,8 @@ int Run(const std::vector<std::string>& Words)
         }
         if (Word == "--no")
             gBatchDialogs.AnswerYes = false;
+        else if (Word == "--strict")
+            gStrictReading = true;
         else if (Word == "--set" && i + 1 < Words.size()) {
             if (const std::string Wrong = Set(Words[++i]); !Wrong.empty()) return Misused(Wrong, Usage);
         } else if (Word.starts_with("--"))
