@@ -145,7 +145,11 @@ bool PlayThrough(const std::string& Path, Kind& Panel, const Writer& Write)
     CreateData();
     int Frame = -1;
     while (const auto Taken = gScanFile.Take()) {
-        if (!DecodeLive(FrameSource::Replay, *Taken, gScanStream)) continue;
+        if (!DecodeLive(FrameSource::Replay, *Taken, gScanStream)) {
+            gScanFile.Left.AddBroken(gScanFile.FrameAt(), static_cast<int64_t>(Taken->Bytes.size()));
+            continue;
+        }
+        gScanFile.Left.AddFrame(gSampleTime);
         Panel.TakeSample();
         Write(++Frame);
     }

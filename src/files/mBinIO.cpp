@@ -116,9 +116,24 @@ SampleStore ReadStretch(int32_t Start, int32_t Stop)
         Filler.AddFrame();
         const int32_t Position = gScanFile.Position();
         if (Meter.IsReached(int64_t{Position} - Start)) ShowReading(FormatNum(Meter.Percent(), "0") + "%");
-        if (gScanFile.AtEnd() || Position + gFrameMin >= Stop || Filler.Count() > SampleStore::MaxIndex) break;
+        if (gScanFile.AtEnd() || Position + gFrameMin >= Stop) break;
+        if (Filler.Count() > SampleStore::MaxIndex) {
+            gScanFile.Left.FillAt(Position);
+            break;
+        }
     }
     return Filler.Finish();
+}
+
+bool HasSync(std::span<const uint8_t> Bytes)
+{
+    return std::ranges::any_of(Bytes, [](uint8_t Byte) { return Byte >= SyncLimit; });
+}
+
+// Whether other frames may follow one that could not be decoded, or begin within it.
+bool HasMore(const Frame& Broken)
+{
+    return HasSync(Broken.Bytes.subspan(1)) || !gScanFile.AtEnd();
 }
 
 // The frames of gScanFile that begin before Stop, at least one. False when the user gives up.
@@ -148,6 +163,7 @@ bool RawFile::Open(const std::string& Path, int32_t Start)
     File.seekg(Start - 1);
     First = Start;
     Size = static_cast<int32_t>(Bytes);
+    Left.Begin(Path, Size);
     return File.good();
 }
 
@@ -156,6 +172,17 @@ void RawFile::Close()
     File.close();
     File.clear();
     Source = ByteSource([this](std::span<uint8_t> Room) { return Read(Room); });
+}
+
+std::optional<Frame> RawFile::Take()
+{
+    const int32_t Behind = Position();
+    const auto Taken = TakeFrame(Source);
+    const std::size_t Bytes = Taken ? Taken->Bytes.size() : 0;
+    LastAt = Position() - static_cast<int32_t>(Bytes);
+    // A stretch may begin within a frame.
+    if (Behind > First || First == 1) Left.AddStray(Behind, LastAt - Behind, Taken && Taken->IsWhole() ? Bytes : 0);
+    return Taken;
 }
 
 std::size_t RawFile::Read(std::span<uint8_t> Room)
@@ -172,28 +199,41 @@ bool OpenScanFile(const std::string& Path, int32_t Start)
     return true;
 }
 
-bool CloseScanFile()
+bool CloseScanFile(Unread* Left)
 {
     PublishFile(gScanStream);
     const bool HasFailed = gScanFile.HasFailed();
     gScanFile.Close();
-    return !HasFailed || FileFailed(CantRead, gScanFile.Path(), TitleError);
+    if (HasFailed) return FileFailed(CantRead, gScanFile.Path(), TitleError);
+    if (!Left) return ReportUnread(gScanFile.Left);
+    *Left = gScanFile.Left;
+    return true;
 }
 
 bool ReadFrame()
 {
     const auto Taken = gScanFile.Take();
-    return Taken && DecodeFrame(FrameSource::File, *Taken, gScanStream, gScanData);
+    if (!Taken) return false;
+    const bool IsDecoded = DecodeFrame(FrameSource::File, *Taken, gScanStream, gScanData);
+    if (!IsDecoded) {
+        gScanFile.Left.StopAt(gScanFile.FrameAt(), HasMore(*Taken));
+        return false;
+    }
+    // The long decoder refuses such a frame.
+    if (IsShortFrame(FrameSource::File, Taken->Length()) && HasSync(Taken->Body().first(Taken->Body().size() - 1)))
+        gScanFile.Left.AddDoubtful(gScanFile.FrameAt());
+    gScanFile.Left.AddFrame(gScanStream.SampleTime);
+    return true;
 }
 
-bool ReadRawFile(const std::string& Path, int32_t& Start, int32_t& Stop)
+bool ReadRawFile(const std::string& Path, int32_t& Start, int32_t& Stop, Unread* Left)
 {
     CheckChannels();
     const int32_t From = std::max(Start, 1);
     if (!OpenScanFile(Path, From)) return false;
     const int32_t To = Stop < 1 ? gScanFile.Length() : Stop;
     SampleStore Store = ReadStretch(From, To);
-    if (!CloseScanFile()) return false;
+    if (!CloseScanFile(Left)) return false;
     gRaw = std::move(Store);
     Start = From;
     Stop = To;
@@ -207,7 +247,8 @@ bool CutRawFile(const std::string& Dest, int32_t Start, int32_t Stop)
     WholeFile Piece(Dest);
     const bool IsCut = CopyFrames(Stop, Piece);
     UpdateProgress(0);
-    if (!CloseScanFile()) return false;
+    Unread Known; // to whoever read the recording before
+    if (!CloseScanFile(&Known)) return false;
     if (!IsCut) {
         ShowReading("Cancelled");
         return false;

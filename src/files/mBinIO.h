@@ -2,6 +2,7 @@
 #pragma once
 
 #include "files/mFrame.h"
+#include "files/mUnread.h"
 
 #include <cstdint>
 #include <fstream>
@@ -31,7 +32,13 @@ public:
     int64_t Taken() const { return Source.Taken(); }
 
     /// The next frame as TakeFrame gives it.
-    std::optional<Frame> Take() { return TakeFrame(Source); }
+    std::optional<Frame> Take();
+
+    /// Position of the frame that was taken last.
+    int32_t FrameAt() const { return LastAt; }
+
+    /// What this reading has left out so far, for those who decode the frames to keep and to report.
+    Unread Left;
 
     /// Its bytes, for those who look at more than whole frames.
     ByteSource& Bytes() { return Source; }
@@ -47,6 +54,7 @@ private:
     ByteSource Source{[this](std::span<uint8_t> Room) { return Read(Room); }};
     int32_t First = 1;
     int32_t Size = 0;
+    int32_t LastAt = 0;
 };
 
 /// The file that ReadFrame reads. Open during one reading only.
@@ -60,11 +68,13 @@ extern SampleVector gScanData;
 /// (reported to the user).
 bool OpenScanFile(const std::string& Path, int32_t Start = 1);
 
-/// Closes gScanFile. The values that its frames have left are shown, unless a link or a replay is open. False when the
-/// device failed while it was read (reported to the user).
-bool CloseScanFile();
+/// Closes gScanFile. The values that its frames have left are shown, unless a link or a replay is open. What of it was
+/// not read is reported to the user, or given in Left. False when the device failed while it was read (reported to the
+/// user), or when what was not read is a failure.
+bool CloseScanFile(Unread* Left = nullptr);
 
-/// Decodes the next frame of gScanFile into gScanData. False when there is no whole frame or the decoder refused it.
+/// Decodes the next frame of gScanFile into gScanData. False when there is no whole frame or the decoder refused it:
+/// the reading ends there.
 bool ReadFrame();
 
 /// Whole percents of a long piece of work as they are reached.
@@ -93,9 +103,10 @@ private:
 
 /// Reads the frames between two positions of a raw file into gRaw, calibrated, until the first that fails; a frame cut
 /// off by the end of the file is left out. Start below 1 becomes 1, Stop below 1 the file's length. At most 32,201
-/// samples are kept. False when the file cannot be read (reported to the user): gRaw is as it was. Throws RunError when
-/// the session's channels do not fit a frame.
-bool ReadRawFile(const std::string& Path, int32_t& Start, int32_t& Stop);
+/// samples are kept. What was not read is reported to the user, or given in Left. False when the file cannot be read
+/// (reported to the user), or when what was not read is a failure: gRaw is as it was. Throws RunError when the
+/// session's channels do not fit a frame.
+bool ReadRawFile(const std::string& Path, int32_t& Start, int32_t& Stop, Unread* Left = nullptr);
 
 /// Copies the frames of gRawFN that begin between two positions, with Start and Stop as in ReadRawFile, into Dest,
 /// which is written whole; bytes between frames are left out. False when it failed (reported to the user) or was given

@@ -93,6 +93,7 @@ public:
 private:
     bool IsDecoded(eSender Kind, const Frame& Found);
 
+    Stream Kept = NewStream();
     eSender Sender = SenderModern;
     int ModernFrames = 0;
     int OldFrames = 0;                    // that can only come from the old slave
@@ -117,6 +118,7 @@ void FrameJudge::Settle()
 {
     const bool IsOld = gFile.Model == 0 ? OldFrames > ModernFrames : gFile.Model == OldSlaveModel;
     Sender = IsOld ? SenderOldSlave : SenderModern;
+    Kept = NewStream();
 }
 
 bool FrameJudge::IsFrame(const Candidate& Next)
@@ -129,7 +131,11 @@ bool FrameJudge::IsFrame(const Candidate& Next)
 bool FrameJudge::IsDecoded(eSender Kind, const Frame& Found)
 {
     if (Kind == SenderOldSlave) return Found.Body().size() >= OldSlaveBody;
-    return Found.Length() == ShortLength || DecodeLong(Found.Body());
+    Stream Tried = Kept;
+    SampleVector Data;
+    if (Found.Length() != ShortLength && !DecodeLong(Found.Body(), Tried, Data)) return false;
+    Kept = Tried;
+    return true;
 }
 
 std::string Count(int64_t Number, const char* Noun)
@@ -231,9 +237,7 @@ std::optional<Mending> MendRawFile(const std::string& Path, const std::string& D
         return {};
     }
     WholeFile Copy(Dest);
-    const StreamState Before;
     const auto Result = CopyFrames(Recording, Copy);
-    Before.Restore();
     UpdateProgress(0);
     if (Recording.HasFailed())
         MsgBox("Can't read file: " + Path, TitleError);

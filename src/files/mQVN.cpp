@@ -147,7 +147,7 @@ void AppendField(std::string& Line, const std::string& Field)
 }
 } // namespace
 
-bool ScanRawFile(const std::string& Path)
+bool ScanRawFile(const std::string& Path, Unread* Left)
 {
     if (gKeyChan < 1) {
         MsgBox("There is no channel " + gFile.KeyChanID + " to find strokes by.", TitleError);
@@ -162,7 +162,8 @@ bool ScanRawFile(const std::string& Path)
     const bool WasFromFile = std::exchange(gFromFile, true);
     const auto Decoded = ScanFrames(Scan);
     UpdateProgress(0);
-    if (!CloseScanFile()) return false;
+    Unread Skipped;
+    if (!CloseScanFile(Decoded ? Left : &Skipped)) return false;
     if (!Decoded) {
         gTimeStep = FormerStep;
         gFromFile = WasFromFile;

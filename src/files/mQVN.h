@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/mRowArray.h"
+#include "files/mUnread.h"
 
 #include <cstdint>
 #include <string>
@@ -19,12 +20,14 @@ struct ScanRow
 /// The strokes of the last recording scanned.
 extern RowArray<ScanRow> gScanRows;
 
-/// Scans a raw file for strokes of the key channel and fills gScanRows. The scan ends with the first frame that fails.
-/// False when the file cannot be read, the session has no key channel or the user gives up (told): gScanRows is as it
+/// Scans a raw file for strokes of the key channel and fills gScanRows. The scan ends with the first frame that fails;
+/// what was not read is reported to the user, or given in Left. False when the file cannot be read, what was not read
+/// is a failure, the session has no key channel (each reported to the user) or the user gives up: gScanRows is as it
 /// was.
-bool ScanRawFile(const std::string& Path);
+bool ScanRawFile(const std::string& Path, Unread* Left = nullptr);
 
-/// Writes gScanRows as a tab-separated table with times in minutes from the first stroke. False when that fails (told).
+/// Writes gScanRows as a tab-separated table with times in minutes from the first stroke. False when that fails
+/// (reported to the user).
 bool WriteStrFile(const std::string& Path);
 
 /// Number of rows From to To and the sums of their rates and speeds. False, with everything as it was, unless both rows

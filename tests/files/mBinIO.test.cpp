@@ -75,12 +75,64 @@ TEST_CASE_FIXTURE(Recording, "samples are calibrated and timed from the first st
 TEST_CASE_FIXTURE(Recording, "a frame cut off at any byte is dropped")
 {
     const std::string Whole = Short(0) + Short(40) + Short(80);
+    const char* Places[] = {"byte 1 of ", "byte 34 of ", "byte 67 of "};
+    const char* Frames[] = {" (frame 0, 0.0 s): ", " (frame 1, 0.0 s): ", " (frame 2, 0.0 s): "};
     for (std::size_t Size = 1; Size <= Whole.size(); ++Size) {
         CAPTURE(Size);
+        Dialogs.Told.clear();
         Read(Whole.substr(0, Size));
-        CHECK(gRaw.UBound() == static_cast<int>(Size / 33) - 1);
+        const std::size_t Count = Size / 33;
+        CHECK(gRaw.UBound() == static_cast<int>(Count) - 1);
+        if (Size % 33 == 0 || Size == 34 || Size == 67) // a single byte is not waited for
+            CHECK(Dialogs.Told.empty());
+        else
+            CHECK(Dialogs.Told ==
+                  Texts{"Warning!: " + Folder.Path("a.qvn") + ": stopped at " + Places[Count] +
+                        FormatShortest(static_cast<double>(Size)) + Frames[Count] + "the rest was not read"});
     }
-    CHECK(Dialogs.Told.empty());
+}
+
+TEST_CASE_FIXTURE(Recording,
+                  "what a reader leaves out is reported with its place, and is a failure to whoever wants it so")
+{
+    const std::string A = Short(1000, 2), B = Short(2000, 4), C = Short(4000, 6), D = Short(6000, 8);
+    const std::string Refused = HexText("80 00 02 00 01 80 01"), NoSync = '\x7F' + B.substr(1);
+    const std::string Doubtful = B.substr(0, 20) + '\x80' + B.substr(21);
+    const std::tuple<std::string, const char*> Cases[] = {
+        {"xy" + A + "z" + B + "end", ""}, // stray bytes are nothing unusual
+        {A + B + Refused + D, "stopped at byte 67 of 106 (frame 2, 1.0 s): the rest was not read"},
+        {A + NoSync + C + D, "1 frame that could not be decoded left out (33 bytes), the first at byte 34 of 132 "
+                             "(frame 1, 0.0 s)"},
+        {A + C + NoSync + NoSync, "1 frame that could not be decoded left out (66 bytes), the first at byte 67 of 132 "
+                                  "(frame 2, 3.0 s)"},
+        {A + Doubtful + C, "1 frame with a sync byte inside, wrong or lying over others, the first at byte 34 of 99 "
+                           "(frame 1, 0.0 s)"},
+        {A + NoSync + Refused + D, "stopped at byte 67 of 106 (frame 1, 0.0 s): the rest was not read; 1 frame that "
+                                   "could not be decoded left out "
+                                   "(33 bytes), the first at byte 34 of 106 (frame 1, 0.0 s)"},
+    };
+    for (const auto& [Bytes, Words] : Cases) {
+        CAPTURE(Words);
+        Dialogs.Told.clear();
+        const std::string Samples = Read(Bytes);
+        CHECK(Samples != "false");
+        const bool IsWhole = std::string_view(Words).empty();
+        CHECK(Dialogs.Told == (IsWhole ? Texts{} : Texts{"Warning!: " + File(Bytes) + ": " + Words}));
+        gStrictReading = true;
+        Read(Short(40, 2));
+        CHECK(Read(Bytes) == (IsWhole ? Samples : "false"));
+        if (!IsWhole) CHECK(Recording::Samples() == "0 -9 1.5 0 | ");
+        gStrictReading = false;
+    }
+    // A reader that says it itself.
+    Dialogs.Told.clear();
+    Unread Left;
+    REQUIRE(ReadRawFile(File(A + Refused + D), Start = 0, Stop = 0, &Left));
+    CHECK((Dialogs.Told.empty() && Left.IsShort() && Left.IsMendable()));
+    REQUIRE(ReadRawFile(File(A + B.substr(0, 20)), Start = 0, Stop = 0, &Left));
+    CHECK((Left.IsShort() && !Left.IsMendable()));                  // there is nothing behind it
+    REQUIRE(ReadRawFile(File(A + B), Start = 20, Stop = 0, &Left)); // from within a frame on
+    CHECK(Left.Text().empty());
 }
 
 TEST_CASE_FIXTURE(Recording, "bytes without a frame give an empty recording, a refused frame ends it")
@@ -126,6 +178,10 @@ TEST_CASE_FIXTURE(Recording, "a long recording keeps 32,201 samples and tells it
         Bytes += Short(40 + 40 * i, i % 100, i % 3, 0);
     Read(Bytes);
     CHECK(gRaw.UBound() == 32200);
+    CHECK(Dialogs.Told ==
+          Texts{"Warning!: " + Folder.Path("a.qvn") +
+                ": only the first 32201 samples are used, stopped at byte 1062634 of 1089000 "
+                "(frame 32201, 1288.0 s): scan it for strokes, or choose a stretch, to reach the rest"});
     bool IsRight = true;
     const double Directions[] = {2, 1, 1}; // of counts 0, 1, 2, 0, 1, ...
     for (int i = 1; i <= 32200; ++i)
