@@ -1,5 +1,5 @@
-// Any bytes as a recording: read, scanned for strokes, and cut to its frames, which must read as the same samples. The
-// first byte chooses the logger and the key mode.
+// Any bytes as a recording: read, scanned for strokes, cut to its frames, which must read as the same samples, and
+// mended to a copy that is read to its end. The first byte chooses the logger and the key mode.
 #include "program.h"
 
 #include "base/mSafeSave.h"
@@ -62,5 +62,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* Data, std::size_t Size)
         if (gScanRows[i].Pos <= gScanRows[i - 1].Pos || gScanRows[i].Pos >= static_cast<int32_t>(Size)) std::abort();
     const std::string Cut = FuzzFolder() + "cut.qvn";
     if (!CutRawFile(Cut, 0, 0) || !AreEqual(ReadAll(Cut), Samples)) std::abort();
+    const std::string Mended = FuzzFolder() + "mended.qvn";
+    if (!MendRawFile(gRawFN, Mended)) return 0; // without a frame
+    int32_t Start = 0;
+    int32_t Stop = 0;
+    Unread Left;
+    if (!ReadRawFile(Mended, Start, Stop, &Left) || !Left.Damage().empty()) std::abort();
     return 0;
 }

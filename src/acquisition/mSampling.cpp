@@ -203,10 +203,15 @@ void Timer1_Timer()
         StopAll();
         CloseDForms();
         if (IsEmpty) MsgBox("There are no frames of a logger in the file: " + gReplayFile.Path(), TitleInformation);
+        ReportUnread(gReplayFile.Left);
         return;
     }
     const auto Taken = gReplayFile.Take();
-    if (Taken && PassFrame(FrameSource::Replay, *Taken)) ShowFrame(ReplayText());
+    if (!Taken) return;
+    if (!PassFrame(FrameSource::Replay, *Taken))
+        return gReplayFile.Left.AddBroken(gReplayFile.FrameAt(), static_cast<int64_t>(Taken->Bytes.size()));
+    gReplayFile.Left.AddFrame(gSampleTime);
+    ShowFrame(ReplayText());
 }
 
 void StartReplay(const std::string& Path)

@@ -1,8 +1,10 @@
 // Commands that find strokes: scan, strokes, process.
 #include "batch/mCommands.h"
 
+#include "base/mNumText.h"
 #include "core/mGlobData.h"
 #include "core/mSettings.h"
+#include "files/mFrameRate.h"
 #include "files/mQVN.h"
 #include "platform/mHost.h"
 #include "processing/mProcess.h"
@@ -44,11 +46,23 @@ bool ProcessGuarded(const std::string& Path, const Args& Line)
     return false;
 }
 
+// A scan counts times in frames, by the setting.
+void CheckRate(const std::string& Path)
+{
+    const auto Own = FrameRate(Path);
+    const auto Rate = Own ? Own : SessionRate();
+    if (!Rate || !IsOffDataFreq(*Rate)) return;
+    MsgBox((Own ? "The frames of " + Path + " come at " : "The session says ") + RateText(*Rate) +
+               " Hz, but times are counted at " + FormatShortest(gDataFreq) +
+               " Hz: --set gDataFreq=" + RateText(*Rate) + " counts them right.",
+           TitleWarning);
+}
 } // namespace
 
 bool DoScan(const Args& Line)
 {
     if (!LoadSession(Line.Files[0]) || !ScanRawFile(Line.Files[1])) return false;
+    CheckRate(Line.Files[1]);
     return WriteStrFile(Line.Files[2]);
 }
 

@@ -73,7 +73,7 @@ bool IsOffDataFreq(double Rate)
 std::string RateText(double Rate)
 {
     const double Whole = RoundHalfEven(Rate);
-    if (Whole > 0 && std::abs(Rate - Whole) <= Whole / 100) return FormatShortest(Whole);
+    if (Whole > 0 && std::abs(Rate - Whole) <= Whole / 500) return FormatShortest(Whole);
     return FormatShortest(RoundHalfEven(Rate * 100) / 100);
 }
 

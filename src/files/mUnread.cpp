@@ -29,19 +29,25 @@ void Unread::StopAt(int32_t Position, bool More)
 {
     HasStopped = true;
     HasMore = More;
-    End = "stopped at " + Place(Position) + ": the rest was not read";
+    Stop = "stopped at " + Place(Position) + ": the rest was not read";
 }
 
 void Unread::FillAt(int32_t Position)
 {
-    IsFull = true;
-    End = "only the first " + FormatNum(SampleStore::MaxIndex + 1, "0") + " samples are used, stopped at " +
-          Place(Position) + ": scan it for strokes, or choose a stretch, to reach the rest";
+    Full = "only the first " + FormatNum(SampleStore::MaxIndex + 1, "0") + " samples are used, stopped at " +
+           Place(Position) + ": scan it for strokes, or choose a stretch, to reach the rest";
 }
 
 std::string Unread::Text() const
 {
-    std::string Words = End;
+    const std::string Words = Damage();
+    if (!IsFull()) return Words;
+    return Words.empty() ? Name + ": " + Full : Words + "; " + Full;
+}
+
+std::string Unread::Damage() const
+{
+    std::string Words = Stop;
     if (Broken > 0)
         Words += (Words.empty() ? "" : "; ") + FormatNum(Broken, "0") + (Broken == 1 ? " frame" : " frames") +
                  " that could not be decoded left out (" + FormatNum(static_cast<double>(BrokenBytes), "0") +

@@ -41,21 +41,28 @@ public:
     }
 
     /// Whether frames of the recording were not read, or not as they were sent.
-    bool IsShort() const { return HasStopped || IsFull || Broken > 0 || Doubtful > 0; }
+    bool IsShort() const { return HasStopped || IsFull() || Broken > 0 || Doubtful > 0; }
 
     /// Whether a mended copy would be better: with frames behind the one that ended the reading, or without doubtful
     /// ones.
     bool IsMendable() const { return (HasStopped && HasMore) || Doubtful > 0; }
 
+    /// Whether the recording is longer than what is held at once.
+    bool IsFull() const { return !Full.empty(); }
+
     /// "a.qvn: stopped at byte 300 of 900 (frame 5, 0.2 s): the rest was not read", and whatever else there is to
     /// report; empty when there is nothing.
     std::string Text() const;
+
+    /// The same without what IsFull says.
+    std::string Damage() const;
 
 private:
     std::string Place(int32_t Position) const;
 
     std::string Name;
-    std::string End; // where the reading ended ahead of the end, and why
+    std::string Stop; // where the reading ended ahead of the end: at a frame that could not be decoded,
+    std::string Full; // or at the last sample that is held
     int32_t Length = 0;
     int32_t Count = 0;
     int64_t LastSize = 0; // bytes of the last frame
@@ -63,7 +70,6 @@ private:
     double LastTime = 0;
     bool HasStopped = false;
     bool HasMore = false;
-    bool IsFull = false;
     int32_t Broken = 0; // frames passed over, with their bytes and the place of the first
     int64_t BrokenBytes = 0;
     std::string BrokenPlace;

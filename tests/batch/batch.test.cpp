@@ -176,11 +176,78 @@ TEST_CASE("counts are dumped as they came, and nothing follows the first broken 
     std::string Raw = Folder.Bytes("a.qvn");
     const std::size_t Middle = Raw.find('\x80', Raw.size() / 2);
     REQUIRE(SaveWhole(Folder.Path("torn.qvn"), Raw.substr(0, Middle + 20)));
-    REQUIRE(Folder.Batch({"dump", "single.txt", "torn.qvn", "torn.txt"}).Exit == 0);
+    const Outcome Result = Folder.Batch({"dump", "single.txt", "torn.qvn", "torn.txt"});
+    REQUIRE(Result.Exit == 0);
+    CHECK(Result.Err.find("torn.qvn: stopped at byte " + std::to_string(Middle + 1) + " of ") != std::string::npos);
     const std::string Torn = Folder.Bytes("torn.txt");
     CHECK(Torn.size() < All.size());
     CHECK(All.starts_with(Torn));
     CHECK(Torn.ends_with("\t\r\n"));
+}
+
+TEST_CASE(
+    "every command says where a broken recording ended, stores nothing with --strict, and reads a mended one whole")
+{
+    const Bench Folder;
+    Folder.Record("a.qvn", "4");
+    REQUIRE(Folder.Batch({"dump", "single.txt", "a.qvn", "all.txt"}).Exit == 0);
+    std::string Raw = Folder.Bytes("a.qvn");
+    const std::size_t Frame = Raw.find('\x80', Raw.size() / 2);
+    Raw[Frame + 13] = static_cast<char>(Raw[Frame + 13] ^ 0x80);
+    REQUIRE(SaveWhole(Folder.Path("a.qvn"), Raw));
+    const std::string Place = "byte " + std::to_string(Frame + 1) + " of " + std::to_string(Raw.size()) + " (frame ";
+    const std::string Session = Folder.Bytes("single.txt");
+    const std::vector<Words> Lines = {{"dump", "single.txt", "a.qvn", "out"},
+                                      {"export", "single.txt", "a.qvn", "out"},
+                                      {"scan", "single.txt", "a.qvn", "out"},
+                                      {"live", "single.txt", "a.qvn", "out"},
+                                      {"rezero", "single.txt", "a.qvn", "--group=2", "--out=out"},
+                                      {"process", "single.txt", "a.qvn", "--out=out"}};
+    for (Words Line : Lines) {
+        CAPTURE(Line[0]);
+        const Outcome Loose = Folder.Batch(Line);
+        CHECK(Loose.Exit == 0);
+        CHECK(Loose.Err.find("a.qvn: ") != std::string::npos);
+        CHECK(Loose.Err.find(Place) != std::string::npos);
+        REQUIRE(std::filesystem::remove(Folder.Path("out")));
+        Line.insert(Line.begin(), "--strict");
+        const Outcome Strict = Folder.Batch(Line);
+        CHECK(Strict.Exit == 1);
+        CHECK(Strict.Err.find(Place) != std::string::npos);
+        CHECK_FALSE(std::filesystem::exists(Folder.Path("out")));
+    }
+    CHECK(Folder.Batch({"--strict", "strokes", "single.txt", "a.qvn"}).Exit == 1);
+    CHECK_FALSE(std::filesystem::exists(Folder.Path("single_str.csv")));
+    CHECK(Folder.Bytes("single.txt") == Session);
+
+    const Outcome Mended = Folder.Batch({"mend", "a.qvn", "b.qvn"});
+    CHECK(Mended.Exit == 0);
+    CHECK(Mended.Out.starts_with("1 frame (71 bytes) left out, the first at byte " + std::to_string(Frame + 1) + "; "));
+    CHECK(Folder.Bytes("a.qvn") == Raw);
+    CHECK(Folder.Bytes("b.qvn") == Raw.substr(0, Frame) + Raw.substr(Frame + 71));
+    const Outcome Whole = Folder.Batch({"--strict", "dump", "single.txt", "b.qvn", "mended.txt"});
+    CHECK((Whole.Exit == 0 && Whole.Err.empty()));
+    const std::string All = Folder.Bytes("all.txt"), Left = Folder.Bytes("mended.txt");
+    CHECK(std::count(Left.begin(), Left.end(), '\n') == std::count(All.begin(), All.end(), '\n') - 1);
+    CHECK(Folder.Batch({"mend", "a.qvn", "a.qvn"}).Exit == 1);
+    CHECK(Folder.Batch({"--no", "mend", "a.qvn", "b.qvn"}).Exit == 1); // which is there
+    CHECK(Folder.Bytes("a.qvn") == Raw);
+}
+
+TEST_CASE("samples beyond those that are read at once, and times counted at another rate, are reported")
+{
+    const Bench Folder;
+    REQUIRE(Folder.Run("skarvelin-sim", {"--file", "a.qvn", "single.txt", "--seconds=330", "--freq=100"}).Exit == 0);
+    const Outcome Long = Folder.Batch({"export", "single.txt", "a.qvn", "out"});
+    CHECK(Long.Exit == 0);
+    CHECK(Long.Err.find("only the first 32201 samples are used, stopped at byte ") != std::string::npos);
+    CHECK(Long.Err.find("(frame 32201, 322.0 s): scan it for strokes, or choose a stretch") != std::string::npos);
+    const Outcome Scan = Folder.Batch({"scan", "single.txt", "a.qvn", "out"});
+    CHECK(Scan.Exit == 0);
+    CHECK(Scan.Err == "Warning!: The frames of a.qvn come at 100 Hz, but times are counted at 25 Hz: --set "
+                      "gDataFreq=100 counts them right.\n");
+    const Outcome Cured = Folder.Batch({"--set", "gDataFreq=100", "scan", "single.txt", "a.qvn", "out"});
+    CHECK((Cured.Exit == 0 && Cured.Err.empty()));
 }
 
 TEST_CASE("derive gives the same bytes each time and leaves out what a row cannot be made of")

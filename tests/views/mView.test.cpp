@@ -167,6 +167,70 @@ TEST_CASE_FIXTURE(Outing, "a scan or a cut that is given up leaves everything as
     CHECK_FALSE(std::filesystem::exists(Folder.Path("piece.qvn")));
 }
 
+TEST_CASE_FIXTURE(Outing, "of a broken recording a mended copy is offered, and shown in its place")
+{
+    // A slave's frame that holds a sync byte, and one of another size that the decoder refuses.
+    const std::string Broken = FramesFrom(0, 200) + HexText("80 00 02 00 01 80 01") + FramesFrom(200, 400);
+    const std::string Question =
+        "Warning!: " + Raw +
+        ": stopped at byte 6601 of 19807 (frame 200, 8.0 s): the rest was not read.\n\nWrite a "
+        "copy without the broken bytes and open it? The recording stays as it is.";
+    std::ofstream(Raw, std::ios::binary) << Broken;
+    Dialogs.AnswerYes = false;
+    REQUIRE(LoadView(Raw, DataRaw, Data));
+    CHECK((Numbers() == "0 199 " && gRawFN == Raw));
+    CHECK(Dialogs.Told == Texts{Question});
+    Dialogs.AnswerYes = true;
+    for (const char* Name : {"a_mended.qvn", "a_mended_2.qvn"}) {
+        Dialogs.Told.clear();
+        REQUIRE(LoadView(Raw, DataRaw, Data));
+        CHECK((Numbers() == "0 599 " && gRawFN == Folder.Path(Name) && Data.FileName == Name));
+        CHECK(Data.Caption == std::string("Raw Data in ") + Name);
+        CHECK(Dialogs.Told == Texts{Question, "Information: 1 frame (7 bytes) left out, the first at byte 6601; 600 "
+                                              "frames kept: " +
+                                                  Folder.Path(Name)});
+    }
+    CHECK(ReadWhole(Raw) == Broken);
+    CHECK(ReadWhole(Folder.Path("a_mended.qvn")) == FramesFrom(0, 600));
+    REQUIRE(LoadView(Raw, DataScanned, Data));
+    CHECK((gScanRows.UBound() == 6 && gRawFN == Folder.Path("a_mended_3.qvn")));
+    // Nothing of the rest could be mended.
+    Dialogs.Told.clear();
+    std::ofstream(Raw, std::ios::binary) << FramesFrom(0, 200) << "\x80 half";
+    REQUIRE(LoadView(Raw, DataRaw, Data));
+    CHECK(Dialogs.Told ==
+          Texts{"Warning!: " + Raw + ": stopped at byte 6601 of 6606 (frame 200, 8.0 s): the rest was not read"});
+}
+
+TEST_CASE_FIXTURE(Outing, "a rate other than the setting is asked about once ahead of a search, and the answer is kept")
+{
+    Set("gDataFreq", "100");
+    const std::string Question = "Sampling frequency: The frames of a.qvn come at 25 Hz, but the setting gDataFreq is "
+                                 "100 Hz, by which times are counted. Which rate is meant (Hz)? [25]";
+    REQUIRE(LoadView(Raw, DataRaw, Data)); // whose times are the frames' own
+    CHECK(Dialogs.Told.empty());
+    Dialogs.Answers = {"100"};
+    REQUIRE(LoadView(Raw, DataScanned, Data));
+    CHECK(gScanRows[1].Time == 51 * 0.01);
+    REQUIRE(LoadView(Raw, DataScanned, Data));
+    CHECK(Dialogs.Told == Texts{Question});
+    Set("gDataFreq", "50");
+    for (const auto& Answer : {std::optional<std::string>(), std::optional<std::string>("fast")}) {
+        Set("gDataFreq", Answer ? "40" : "50");
+        Dialogs.Answers = {Answer};
+        REQUIRE(LoadView(Raw, DataScanned, Data));
+        CHECK(gDataFreq == (Answer ? 40 : 50));
+    }
+    Set("gDataFreq", "12.5");
+    REQUIRE(LoadView(Raw, DataScanned, Data)); // the proposed answer
+    CHECK((gScanRows[1].Time == 51 * 0.04 && gDataFreq == 25));
+    CHECK(Settings.GetSetting("Options", "gDataFreq") == "25");
+    Dialogs.Told.clear();
+    Set("gDataFreq", "24.6");
+    REQUIRE(LoadView(Raw, DataScanned, Data));
+    CHECK(Dialogs.Told.empty());
+}
+
 TEST_CASE_FIXTURE(Outing, "a failed run writes the four fields of the last sample and says so")
 {
     REQUIRE(LoadView(Raw, DataRaw, Data));

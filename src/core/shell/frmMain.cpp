@@ -11,6 +11,7 @@
 #include "core/mSettings.h"
 #include "core/shell/fMenu.h"
 #include "core/shell/mMain.h"
+#include "files/mFrameRate.h"
 #include "platform/mHost.h"
 #include "platform/qt/qText.h"
 #include "widgets/qIcons.h"
@@ -85,7 +86,10 @@ void frmMain::OpenFile(const std::string& Path)
 {
     if (!Area->CloseAsking()) return;
     const std::string Former = gCurFile;
-    if (!Guard("Opening the session", [&] { return OpenSession(Path); })) SetCurFile(Former);
+    if (!Guard("Opening the session", [&] { return OpenSession(Path); }))
+        SetCurFile(Former);
+    else if (const auto Rate = SessionRate())
+        AskDataFreq(*Rate, "The session is sampled");
 }
 
 QAction* frmMain::Command(const char* Name) const

@@ -5,6 +5,8 @@
 #include "core/mGlobData.h"
 #include "core/mSettings.h"
 #include "files/mBinIO.h"
+#include "files/mFrameRate.h"
+#include "files/mMend.h"
 #include "files/mOldBin.h"
 #include "files/mQVN.h"
 #include "platform/mHost.h"
@@ -27,37 +29,76 @@ FrameMap MapFrom(int32_t Start)
     return Map;
 }
 
-bool ReadFrames(const std::string& Path, int32_t Start, int32_t Stop, ViewData& Data)
+bool ReadFrames(const std::string& Path, int32_t Start, int32_t Stop, ViewData& Data, Unread& Left)
 {
-    if (!ReadRawFile(Path, Start, Stop)) return false;
+    if (!ReadRawFile(Path, Start, Stop, &Left)) return false;
     Data.Map = MapFrom(Start);
     return true;
 }
 
-bool Scan(const std::string& Path)
+// Strokes are timed by counting frames, so their rate must be right before the search.
+void SettleRate(const std::string& Path)
 {
+    if (const auto Rate = FrameRate(Path))
+        AskDataFreq(*Rate, "The frames of " + std::filesystem::path(Path).filename().string() + " come");
+    else if (const auto Said = SessionRate())
+        AskDataFreq(*Said, "The session is sampled");
+}
+
+bool Scan(const std::string& Path, Unread& Left)
+{
+    SettleRate(Path);
     UpdateStatus("Looking for strokes. Esc ends the search.");
-    const bool IsDone = ScanRawFile(Path);
+    const bool IsDone = ScanRawFile(Path, &Left);
     UpdateStatus(IsDone ? FormatNum(gScanRows.UBound(), "0") + " strokes found" : "");
     if (IsDone) gRaw.Create(gFile.ChanCnt, -1);
     return IsDone;
 }
 
 // A view that ends too early must not pass for the whole.
-void TellCount(const char* What, const char* Advice)
+void ReportCount(const Unread& Left, const char* What, const char* Advice)
 {
     const std::string Count = FormatNum(gRaw.UBound() + 1, "0");
     UpdateStatus(Count + " samples are read");
-    if (gRaw.UBound() >= SampleStore::MaxIndex)
+    if (Left.IsFull())
         MsgBox(std::string(What) + " more samples than a view holds: the first " + Count + " are shown. " + Advice,
                TitleWarning);
 }
 
-bool ReadWholeFile(const std::string& Path, ViewData& Data)
+bool ReadWholeFile(const std::string& Path, ViewData& Data, Unread& Left)
 {
-    if (!ReadFrames(Path, 0, 0, Data)) return false;
-    TellCount("The recording has", "Scan it for strokes to reach the rest.");
+    if (!ReadFrames(Path, 0, 0, Data, Left)) return false;
+    ReportCount(Left, "The recording has", "Scan it for strokes to reach the rest.");
     return true;
+}
+
+// A name beside the recording that no file has.
+std::string MendedName(const std::filesystem::path& Path)
+{
+    const std::string Stem = (Path.parent_path() / Path.stem()).string() + "_mended";
+    std::string Name = Stem + ".qvn";
+    for (int i = 2; std::filesystem::exists(Name); ++i)
+        Name = Stem + "_" + FormatNum(i, "0") + ".qvn";
+    return Name;
+}
+
+// Reports what was left out of a recording. The path of a mended copy when the user wants one, otherwise an empty text.
+std::string OfferMending(const std::string& Path, const Unread& Left)
+{
+    const std::string Damage = Left.Damage();
+    if (Damage.empty()) return {};
+    if (!Left.IsMendable()) {
+        MsgBox(Damage, TitleWarning);
+        return {};
+    }
+    if (!AskYesNo(Damage + ".\n\nWrite a copy without the broken bytes and open it? The recording stays as it is.",
+                  TitleWarning))
+        return {};
+    const std::string Copy = MendedName(Path);
+    const auto Result = MendRawFile(Path, Copy);
+    if (!Result) return {};
+    MsgBox(Result->Words() + ": " + Copy, TitleInformation);
+    return Copy;
 }
 
 // The head of an old file tells its span of time, and no distance.
@@ -68,16 +109,16 @@ bool ReadPrimary(const std::string& Path, ViewData& Data)
     return true;
 }
 
-bool LoadKind(const std::string& Path, int16_t Mode, ViewData& Data)
+bool LoadKind(const std::string& Path, int16_t Mode, ViewData& Data, Unread& Left)
 {
     switch (Mode) {
     case DataRaw:
     case DataLogger:
-        return ReadWholeFile(Path, Data);
+        return ReadWholeFile(Path, Data, Left);
     case DataPrimary:
         return ReadPrimary(Path, Data);
     case DataScanned:
-        return Scan(Path);
+        return Scan(Path, Left);
     default:
         return true;
     }
@@ -105,13 +146,18 @@ std::string FrequencyNote()
            FormatNum(1 / gFile.TimeStep, "0") + " Hz";
 }
 
-bool LoadView(const std::string& FileName, int16_t Mode, ViewData& Data)
+bool LoadView(const std::string& Path, int16_t Mode, ViewData& Data)
 {
     ViewData New;
+    Unread Left;
+    const bool IsLoaded = LoadKind(Path, Mode, New, Left);
+    const std::string Mended = OfferMending(Path, Left);
+    const bool HasCopy = !Mended.empty() && LoadKind(Mended, Mode, New, Left);
+    if (!IsLoaded && !HasCopy) return false;
+    const std::string& FileName = HasCopy ? Mended : Path;
     New.Mode = Mode;
     New.FileName = std::filesystem::path(FileName).filename().string();
     New.Caption = CaptionOf(New);
-    if (!LoadKind(FileName, Mode, New)) return false;
     LoadSetting("StdFilter");
     if (Mode != DataPrimary && Mode != DataTypical) New.RawFN = gRawFN = FileName;
     if (Mode == DataRaw || Mode == DataPrimary)
@@ -132,12 +178,13 @@ bool GetRawData(int FirstRow, int LastRow, ViewData& Data)
     }
     const int From = std::max(FirstRow - StrokesAround, 0);
     const int To = std::min(LastRow + StrokesAround, gScanRows.UBound());
-    if (!ReadFrames(gRawFN, gScanRows[From].Pos, gScanRows[To].Pos, Data)) return false;
+    Unread Left;
+    if (!ReadFrames(gRawFN, gScanRows[From].Pos, gScanRows[To].Pos, Data, Left)) return false;
     // A long wait ahead of the first stroke would leave no room for the strokes.
-    if (From == 0 && gRaw.UBound() >= SampleStore::MaxIndex &&
-        !ReadFrames(gRawFN, gScanRows[1].Pos, gScanRows[To].Pos, Data))
+    if (From == 0 && Left.IsFull() && !ReadFrames(gRawFN, gScanRows[1].Pos, gScanRows[To].Pos, Data, Left))
         return false;
-    TellCount("The selected strokes have", "Select fewer strokes.");
+    ReportCount(Left, "The selected strokes have", "Select fewer strokes.");
+    if (const std::string Damage = Left.Damage(); !Damage.empty()) MsgBox(Damage, TitleWarning);
     const double Zero = gScanRows[1].Time;
     gScanStart = gScanRows[FirstRow].Time - Zero;
     gScanStop = gScanRows[LastRow].Time - Zero;

@@ -37,16 +37,19 @@ struct ViewData
     bool HasStrokeTable() const { return Mode == DataScanned; }
 };
 
-/// Loads FileName as that kind of data into gRaw or gScanRows, and the setting StdFilter. False when that fails or is
-/// cancelled (told): Data, gRaw and gScanRows are as they were.
-bool LoadView(const std::string& FileName, int16_t Mode, ViewData& Data);
+/// Loads a file as that kind of data into gRaw or gScanRows, and the setting StdFilter. Of a broken recording a mended
+/// copy is offered, which is then loaded in its place; ahead of a search for strokes a rate of frames other than the
+/// setting gDataFreq is asked about. False when that fails (reported to the user) or is cancelled: Data, gRaw and
+/// gScanRows are as they were.
+bool LoadView(const std::string& Path, int16_t Mode, ViewData& Data);
 
-/// What to tell of the times of strokes, which are counted in frames, when the options have another frequency than the
+/// What to say of the times of strokes, which are counted in frames, when the options have another frequency than the
 /// session; empty otherwise.
 std::string FrequencyNote();
 
 /// Loads the frames between two rows of gScanRows, with three strokes on either side, into gRaw. Times of the rows, in
-/// seconds from the first, go to gScanStart and gScanStop. False when that fails (told): all is as it was.
+/// seconds from the first, go to gScanStart and gScanStop. False when that fails (reported to the user): all is as it
+/// was.
 bool GetRawData(int FirstRow, int LastRow, ViewData& Data);
 
 extern double gScanStart; // s, stretch of the recording taken last
