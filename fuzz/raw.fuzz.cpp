@@ -5,6 +5,7 @@
 #include "base/mSafeSave.h"
 #include "core/mGlobData.h"
 #include "files/mBinIO.h"
+#include "files/mMend.h"
 #include "files/mQVN.h"
 #include "files/mStream.h"
 
