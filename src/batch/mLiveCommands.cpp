@@ -138,7 +138,7 @@ void WriteCatch(TabText& Table, int Frame, const cCatch& Panel)
     if (Panel.Newest().RSF) WriteFactor(Table, Frame, "RSF", *Panel.StyleFactor());
 }
 
-// Frames as a replay takes them: one that the decoder refuses is passed over. Write tells what a frame brought.
+// Frames as a replay takes them: one that the decoder refuses is passed over. Write adds what a frame brought.
 template <class Kind, class Writer>
 bool PlayThrough(const std::string& Path, Kind& Panel, const Writer& Write)
 {
