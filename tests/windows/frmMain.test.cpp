@@ -113,6 +113,23 @@ TEST_CASE_FIXTURE(ShellState, "a session is opened from the menu, and one that c
     CHECK(Saved.Place == "Henley");
 }
 
+TEST_CASE_FIXTURE(ShellState, "opening asks once when the session says another rate, and lists what was kept of the one before")
+{
+    Start();
+    std::filesystem::copy_file(SOURCE_FOLDER "/demo/eight.txt", Folder.Path("eight.txt"));
+    Main.OpenFile(Folder.Path("eight.txt"));
+    const Texts Question = {"Sampling frequency: The session is sampled at 50 Hz, but the setting gDataFreq is 25 Hz, "
+                            "by which times are counted. Which rate is meant (Hz)? [50]"};
+    CHECK(Dialogs.Told == Question);
+    CHECK(Settings.GetSetting("Options", "gDataFreq") == "50");
+    Main.OpenFile(Folder.Path("eight.txt"));
+    CHECK(Dialogs.Told == Question);
+    CHECK_FALSE(Find<QLabel>("sbStatusBar_2").text().startsWith("Kept"));
+    REQUIRE(SaveWhole(Folder.Path("bare.txt"), "Main\n61\t24\t\nEnd\nSess\nBARE\t\nEnd\nCalibr\nA1\t\nEnd\n"));
+    Main.OpenFile(Folder.Path("bare.txt"));
+    CHECK(Find<QLabel>("sbStatusBar_2").text().startsWith("Kept from the session before: Crew (8 rows), View1 ("));
+}
+
 TEST_CASE_FIXTURE(ShellState, "saving without a session says so, help has none, the about box names the version")
 {
     Start();
