@@ -132,6 +132,6 @@ void CheckLive()
 void CloseDForms()
 {
     FromLast([](cDataWindow& Each) {
-        if (Each.Tag == DataTag) Each.Unload();
+        if (Each.Tag == DataTag || Each.Tag == ViewTag) Each.Unload();
     });
 }

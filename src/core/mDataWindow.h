@@ -9,6 +9,9 @@
 /// Tag of the windows that take frames.
 inline constexpr const char* DataTag = "D";
 
+/// Tag of the windows of data that take none, such as the data view.
+inline constexpr const char* ViewTag = "V";
+
 /// A window in the list of loaded windows: it enters the list when it is made and leaves it when it is gone.
 class cDataWindow
 {
@@ -40,7 +43,7 @@ public:
     /// Whether the values shown are still coming; those that are not are shown grey. A new window is not live.
     virtual void SetLive(bool Live) = 0;
 
-    /// Closes the window.
+    /// Closes the window. One that holds what is not saved asks first, and may stay.
     virtual void Unload() = 0;
 
     /// Another session was opened, with other channels. A window that cannot show it closes.
@@ -82,5 +85,5 @@ void RetryDataWindows();
 /// Calls LoseFrames of each window when no frame has come for a second.
 void CheckLive();
 
-/// Unloads each window tagged "D", from the last to the first.
+/// Unloads each window of data, with frames or without, from the last to the first.
 void CloseDForms();

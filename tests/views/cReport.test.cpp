@@ -95,6 +95,38 @@ TEST_CASE_FIXTURE(ReportState, "a page has the sample, both plots within their r
     CHECK(End - Start > 800);
 }
 
+TEST_CASE_FIXTURE(ReportState, "a page is drawn as it was: head, plots with scales and legends, table, foot")
+{
+    gFile.View3[1].MaxYPar = 300; // the force goes beyond it
+    Add("Seat 1", 1, -100, 100, 0, 50, "A1,H1", "DelX").Color = 2;
+    Add("Both", 0, 0, 50, 50, 100, "None,A1,H1", "MinY,Odd1").Oper = 1;
+    gFile.Comment = "Into the wind";
+    gFile.Crew.Grow().Name = "An Other";
+    std::string Page;
+    for (const std::string& Call : Lines(ReportStored))
+        Page += Call + "\n";
+    CHECK(Page == ReadWhole(SOURCE_FOLDER "/tests/golden/report-page.txt").value_or(""));
+}
+
+TEST_CASE_FIXTURE(ReportState, "a peak beyond the scale is cut off at the edge, and its flanks are not joined there")
+{
+    gFile.View3[1].MaxYPar = 300;
+    gFile.View3.Resize(1);
+    cData03report Plot;
+    LoadSamplePattern(gFile.Desc[1]);
+    Plot.InitViewID(1);
+    Plot.SetScales({0, 400, 0, 200}, 1);
+    SurfaceLog Surface(400, 200);
+    Surface.SetPen(0, 1);
+    Plot.DrawNorm(Surface);
+    const Texts Pieces = Surface.Take();
+    REQUIRE(Pieces.size() == 2); // from the start up to the edge, and from the edge round to the start
+    CHECK(Pieces[0].find(" 0 #") != std::string::npos);
+    CHECK(Pieces[1].substr(0, 20).find(" 0 ") != std::string::npos);
+    for (const std::string& Piece : Pieces)
+        CHECK(Piece.find(" -") == std::string::npos);
+}
+
 TEST_CASE_FIXTURE(ReportState, "what a report cannot show is told on the page, and the rest is shown")
 {
     Add("Bad", 0, 0, 50, 0, 50, "A1,H9,H1", "").Oper = OperPower;

@@ -3,10 +3,12 @@
 #include "ShellState.h"
 #include "base/mNumText.h"
 #include "base/mSafeSave.h"
+#include "core/mDataWindow.h"
 #include "core/mSettings.h"
 #include "core/shell/fCommands.h"
 #include "files/mQVN.h"
 #include "files/mTextIO.h"
+#include "views/data/mSelNumbers.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -149,6 +151,26 @@ TEST_CASE_FIXTURE(Recording, "a dragged selection is deleted and brought back, a
     CHECK(gRaw(0, Frames - 1) == doctest::Approx(0.02 * (Frames - 1)));
 }
 
+TEST_CASE_FIXTURE(Recording, "closing all windows of data asks before it takes cuts that no file has")
+{
+    Choose("mnuViewRaw");
+    Drag(0.2, 0.6);
+    Click("CmdArr_7");
+    Dialogs.AnswerYes = false;
+    const std::size_t Before = Dialogs.Told.size();
+    CloseDForms();
+    QTest::qWait(5);
+    REQUIRE(Dialogs.Told.size() == Before + 1);
+    CHECK(Dialogs.Told.back().find("no file has the changes") != std::string::npos);
+    CHECK(Find<QWidget>("fData02view").isVisible());
+    CHECK(gRaw.UBound() < Frames - 1);
+    DrawDataWindows(); // frames are nothing to it
+    Dialogs.AnswerYes = true;
+    Click("cmdToolBar_7");
+    QTest::qWait(5);
+    CHECK(!Main.findChild<QWidget*>("fData02view"));
+}
+
 TEST_CASE_FIXTURE(
     Recording, "Shift and arrows move the cursor, where a selection starts and stops, and a touchpad zooms by notches")
 {
@@ -174,7 +196,8 @@ TEST_CASE_FIXTURE(
     }
 }
 
-TEST_CASE_FIXTURE(Recording, "a selection without an end runs to the last sample, and so does its distance")
+TEST_CASE_FIXTURE(Recording,
+                  "a start behind the old stop shows that it has none, is not processed, and gets one by Dist")
 {
     Choose("mnuViewRaw");
     auto& View = Find<QWidget>("fData02view");
@@ -184,6 +207,12 @@ TEST_CASE_FIXTURE(Recording, "a selection without an end runs to the last sample
             QTest::keyClick(&View, Qt::Key_Right, Qt::ShiftModifier);
         Click(Command);
     }
+    CHECK((Number(1) == "6.0" && Number(2) == "no stop" && Number(3).empty()));
+    Click("CmdArr_12");
+    CHECK(Dialogs.Told.back().find("has no stop yet") != std::string::npos);
+    CHECK(gFile.Desc.UBound() == 0);
+    Click("CmdArr_4");
+    CHECK(Number(2) == "20.0");
     Click("CmdArr_12");
     REQUIRE(gFile.Desc.UBound() == 1);
     CHECK(gFile.Desc[1].DistReal == doctest::Approx(5 * 0.02 * (Frames - 2 - 300)));

@@ -16,6 +16,7 @@ constexpr int32_t Ink = 0x403020;
 constexpr int32_t GridColour = 0xE8E2DC;
 constexpr int32_t SelColour = 0xFFEBD2;
 constexpr int32_t RateColour = 0x2020C0;
+constexpr int32_t StartColour = 0xA06000;
 constexpr int32_t CursorColour = 0x3030D0;
 constexpr int32_t SpeedColour = 0xC07000;
 constexpr int Letters = 11;
@@ -63,6 +64,21 @@ void cDataNav::Select(double X1, double X2)
 {
     FirstRow = RowAt(std::min(X1, X2));
     LastRow = RowAt(std::max(X1, X2));
+}
+
+void cDataNav::SetStart()
+{
+    FirstRow = Cursor;
+    if (LastRow <= FirstRow) LastRow = 0;
+}
+
+void cDataNav::SetStop()
+{
+    if (Cursor < 1) return;
+    const int From = std::max(FirstRow, 1);
+    FirstRow = std::min(From, Cursor);
+    LastRow = std::max(From, Cursor);
+    if (LastRow == FirstRow) LastRow = 0;
 }
 
 void cDataNav::SelectAll()
@@ -138,6 +154,10 @@ void cDataNav::Draw()
     Surface.Line(SideRoom, Size.Y - 1, Size.X - SideRoom, Size.Y - 1);
     DrawTitles();
     DrawRows();
+    if (IsOpen()) {
+        Surface.SetPen(StartColour, 2);
+        Surface.Line(Unit(RowToX(FirstRow)), 0, Unit(RowToX(FirstRow)), Size.Y);
+    }
     if (Cursor < 1) return;
     Surface.SetPen(CursorColour);
     Surface.Line(Unit(RowToX(Cursor)), 0, Unit(RowToX(Cursor)), Size.Y);
@@ -173,9 +193,12 @@ std::string cDataNav::Caption() const
 {
     int Count = 0;
     double Rates = 0, Speeds = 0;
+    if (IsOpen())
+        return "The selection starts at stroke " + FormatNum(FirstRow, "0") +
+               " and has no stop yet: click on the strip where it ends and press \"2 Stop\".";
     if (!HasSelection())
         return FormatNum(gScanRows.UBound(), "0") + " strokes. Drag over the strip to select some of them.";
-    // A row tells of the stroke that ends there, so the first one selected belongs to the time before.
+    // A row holds the stroke that ends there, so the first one selected belongs to the time before.
     if (!SumScan(FirstRow + 1, LastRow, Count, Rates, Speeds)) {
         Count = 1;
         Rates = gScanRows[LastRow].Rate;

@@ -18,11 +18,19 @@ public:
 
     bool HasSelection() const { return FirstRow >= 1 && FirstRow < LastRow; }
 
+    /// Whether there is a start without a stop.
+    bool IsOpen() const { return FirstRow >= 1 && LastRow == 0; }
+
     /// Row of gScanRows at a place, 1 at its left end; 0 without rows.
     int RowAt(double X) const;
 
     /// Selects the rows between two places.
     void Select(double X1, double X2);
+
+    /// Sets the start or the stop at the cursor, the other way round when they lie so. A stop that does not lie behind
+    /// a new start is dropped: the selection is open.
+    void SetStart();
+    void SetStop();
 
     /// Selects all rows.
     void SelectAll();

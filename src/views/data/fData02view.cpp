@@ -1,16 +1,9 @@
-// What the commands of the data view do.
+// What the controls of the data view pass on, and what they show of it.
 #include "views/data/fData02view.h"
 
-#include "base/mError.h"
-#include "base/mNumText.h"
-#include "core/mGlobData.h"
-#include "files/mQVN.h"
 #include "platform/mHost.h"
+#include "platform/qt/qSurface.h"
 #include "platform/qt/qText.h"
-#include "processing/mProcess.h"
-#include "processing/mStrokeLog.h"
-#include "views/data/mViewSave.h"
-#include "views/report/cData03report.h"
 #include "widgets/qPlace.h"
 
 #include <QApplication>
@@ -20,303 +13,186 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSignalBlocker>
-
-#include <utility>
+#include <QWheelEvent>
 
 namespace {
-constexpr int DistChan = 16;
 constexpr int StripHeight = 110; // above the plot
-constexpr const char* ClickFirst = "Click on the curves first: that is where the cursor is put.";
 } // namespace
 
 bool fData02view::InitData(const std::string& FileName, int16_t Mode)
 {
-    const bool IsLoaded = Guard("Opening " + FileName, [&] { return LoadView(FileName, Mode, Data); });
-    if (!IsLoaded) return false;
-    View.DropExtraBands();
-    View.SelStart = View.SelStop = View.FirstSample = 0;
-    Nav.FirstRow = Nav.LastRow = Nav.Cursor = 0;
-    LastChange.Clear();
-    IsChanged = IsEdited = false;
-    setWindowTitle(Shown(Data.Caption));
-    txtInps[0]->setText(Shown(Data.DistText));
-    txtInps[1]->setText(Shown(Data.TimeText));
-    for (QWidget* Control : std::initializer_list<QWidget*>{Strip, lbStrip, cmdTrim, cmdGetRawData, cmdSaveStrokes})
-        Control->setVisible(Data.HasStrokeTable());
-    Show();
-    ShowStrip();
+    if (!View.InitData(FileName, Mode)) return false;
+    View.OnPlot = OnPlot;
+    setWindowTitle(Shown(View.Caption()));
+    for (std::size_t i = 0; i < txtInps.size(); ++i)
+        txtInps[i]->setText(Shown(View.Inputs[i]));
+    Arrange();
     return true;
 }
 
-// Each command ends with the plot as it has become, whatever it did.
-void fData02view::Run(const char* What, Command Action)
+void fData02view::Run(const QString& What, cData02view::Command Action)
 {
-    const std::string Name = Plain(QString(What).remove('&'));
-    if (!Data.RawFN.empty()) gRawFN = Data.RawFN; // a recording that was started since has another
-    Guard(Name, [&] {
-        (this->*Action)();
-        return true;
-    });
-    UpdateProgress(0);
-    Show();
-    ShowStrip();
+    View.OnPlot = OnPlot;
+    View.Run(Plain(QString(What).remove('&')), Action);
+    Arrange();
     // The keys go on working, unless the command brought another window to the front.
     if (QWidget* Focus = QApplication::focusWidget(); !Focus || isAncestorOf(Focus)) setFocus();
 }
 
-void fData02view::Show()
+// What a command may have changed: whether there are samples, and a strip.
+void fData02view::Arrange()
 {
-    View.Clip();
-    const bool HasSamples = cDataView::LastSample() >= 1;
+    for (QWidget* Control : std::initializer_list<QWidget*>{Strip, lbStrip})
+        Control->setVisible(View.HasStrokeTable());
+    for (QPushButton* Button : TableCommands)
+        Button->setVisible(View.HasStrokeTable());
     for (QPushButton* Button : SampleCommands)
-        Button->setEnabled(HasSamples);
-    Surface->setVisible(!IsStrip());
-    Bar->setVisible(!IsStrip());
-    Strip->setMaximumHeight(IsStrip() ? QWIDGETSIZE_MAX : StripHeight);
-    const QSignalBlocker Quiet(Bar);
-    Bar->setPageStep(cDataView::ScrollPage());
-    Bar->setValue(View.ScrollValue());
-    View.SetUpPoly();
+        Button->setEnabled(cData02view::HasSamples());
+    Surface->setVisible(!View.IsStrip());
+    Bar->setVisible(!View.IsStrip());
+    Strip->setMaximumHeight(View.IsStrip() ? QWIDGETSIZE_MAX : StripHeight);
     View.Draw();
+    View.DrawStrip();
+    ShowState();
 }
 
-void fData02view::ShowStrip()
+void fData02view::ShowState()
 {
-    if (!Data.HasStrokeTable()) return;
-    Nav.Clip();
-    Nav.Draw();
-    const std::string Note = FrequencyNote();
-    lbStrip->setText(Shown(Nav.Caption() + (Note.empty() ? "" : "\n" + Note)));
-}
-
-bool fData02view::IsStrip() const
-{
-    return Data.HasStrokeTable() && cDataView::LastSample() < 1;
-}
-
-// Texts of a former selection keep standing, grey, when the new one holds no whole stroke.
-void fData02view::ShowNumbers()
-{
-    const auto Texts = SelectionNumbers(View.SelStart, View.SelStop);
+    const QSignalBlocker Quiet(Bar);
+    Bar->setPageStep(cDataRange::ScrollPage());
+    Bar->setValue(View.Plot.Range.ScrollValue());
+    if (View.HasStrokeTable()) lbStrip->setText(Shown(View.StripText()));
+    lbPointer->setText(Shown(View.PointerText));
     for (std::size_t i = 1; i < txtSel.size(); ++i) {
-        if (Texts) txtSel[i]->setText(Shown((*Texts)[i]));
-        txtSel[i]->setEnabled(Texts.has_value());
+        txtSel[i]->setText(Shown(View.Numbers.Selected[i].Text));
+        txtSel[i]->setEnabled(View.Numbers.Selected[i].IsCurrent);
     }
-    UpdateStatus(Texts ? GapNote(View.SelStart, View.SelStop)
-                       : "There is no whole stroke in the selection, by channel " + gFile.KeyChanID);
+    for (std::size_t i = 0; i < txtCur.size(); ++i)
+        txtCur[i]->setText(Shown(View.Numbers.AtCursor[i]));
+    lbCurDist->setText(Shown(View.Numbers.LoggedAtCursor));
 }
 
-void fData02view::ShowCursor()
+bool fData02view::eventFilter(QObject* Watched, QEvent* Event)
 {
-    const int32_t Sample = View.Cursor;
-    if (Sample < 0 || Sample > cDataView::LastSample()) return;
-    txtCur[0]->setText(Shown(FormatNum(gRaw(0, Sample), "0.0")));
-    if (gRaw.ChannelUBound() >= DistChan) lbCurDist->setText(Shown(FormatNum(gRaw(DistChan, Sample), "0.00")));
-    if (cDataView::HasDist()) txtCur[1]->setText(Shown(FormatNum(At(gDist, Sample), "0.0")));
+    const bool IsDone = Watched == Surface ? MouseOnPlot(Event) : Watched == Strip && MouseOnStrip(Event);
+    if (IsDone) ShowState();
+    return IsDone || QWidget::eventFilter(Watched, Event);
 }
 
-void fData02view::Changed()
+bool fData02view::MouseOnPlot(QEvent* Event)
 {
-    WasChanged = std::exchange(IsChanged, true);
-    View.DropExtraBands();
-    View.SelStart = View.SelStop = 0;
-    for (std::size_t i = 1; i < txtSel.size(); ++i)
-        txtSel[i]->setEnabled(false);
-}
-
-ProcStretch fData02view::Stretch() const
-{
-    return {View.SelStart, View.SelStop, Val(Plain(txtInps[0]->text())), Val(Plain(txtInps[1]->text())),
-            SelectionDist(View.SelStart, View.SelStop)};
-}
-
-void fData02view::SaveData()
-{
-    gDistInp = Val(Plain(txtInps[0]->text()));
-    gTimeInp = Val(Plain(txtInps[1]->text()));
-    const bool HasRows = IsStrip() || (Data.HasStrokeTable() && Nav.HasSelection() && !View.HasSelection());
-    const bool IsSaved =
-        HasRows ? SaveRows(Nav.FirstRow, Nav.LastRow) : SaveFrames(View.SelStart, View.SelStop, Data.Map);
-    if (!IsSaved) return;
-    IsEdited = false;
-    UpdateStatus("Saved.");
-}
-
-void fData02view::Export()
-{
-    if (cDataView::LastSample() < 1) return UpdateStatus("There are no samples to be exported.");
-    if (!View.HasSelection()) {
-        if (!AskOkCancel("The selection is not set. Do you want to export the whole sample?", TitleWarning)) return;
-        View.SelStart = 0;
-        View.SelStop = cDataView::LastSample();
+    const auto* Mouse = dynamic_cast<QMouseEvent*>(Event);
+    switch (Event->type()) {
+    case QEvent::MouseButtonPress:
+        View.Press(Mouse->position().x());
+        setFocus();
+        return true;
+    case QEvent::MouseMove:
+        View.Move(Mouse->position().x(), Mouse->position().y(), Mouse->buttons() & Qt::LeftButton);
+        return true;
+    case QEvent::MouseButtonRelease:
+        View.Release(Mouse->position().x());
+        return true;
+    case QEvent::Wheel: {
+        const auto& Wheel = *static_cast<QWheelEvent*>(Event);
+        View.Turn(Wheel.position().x(), Wheel.angleDelta().x(), Wheel.angleDelta().y());
+        return true;
     }
-    if (ExportSamples(Data, View.SelStart, View.SelStop)) UpdateStatus("Exported.");
-}
-
-void fData02view::ZoomOut()
-{
-    cDataView::ZoomOut();
-}
-
-void fData02view::ZoomIn()
-{
-    cDataView::ZoomIn();
-}
-
-void fData02view::ShowDist()
-{
-    if (!View.ShowDist()) return;
-    const auto Texts = DistTexts(View.SelStart, View.SelStop);
-    for (std::size_t i = 0; i < Texts.size(); ++i) {
-        txtSel[7 + i]->setText(Shown(Texts[i]));
-        txtSel[7 + i]->setEnabled(true);
+    default:
+        return false;
     }
 }
 
-void fData02view::ShowRate()
+bool fData02view::MouseOnStrip(QEvent* Event)
 {
-    if (HasKeyChannel()) View.ShowRate();
+    const auto* Mouse = dynamic_cast<QMouseEvent*>(Event);
+    switch (Event->type()) {
+    case QEvent::MouseButtonPress:
+        View.PressStrip(Mouse->position().x());
+        setFocus();
+        return true;
+    case QEvent::MouseMove:
+    case QEvent::MouseButtonRelease:
+        View.MoveStrip(Mouse->position().x(),
+                       Event->type() == QEvent::MouseButtonRelease || (Mouse->buttons() & Qt::LeftButton));
+        return true;
+    default:
+        return false;
+    }
 }
 
-void fData02view::Filter()
+// Gives whether the key moves the view or the cursor.
+bool fData02view::MoveByKey(const QKeyEvent& Event)
 {
-    if (!FilterSamples(LastChange)) return UpdateStatus("There are too few samples to be filtered.");
-    WasChanged = std::exchange(IsChanged, true);
-    UpdateStatus("Times start at zero and spikes are repaired, in memory; Ctrl+Z takes it back.");
+    switch (Event.key()) {
+    case Qt::Key_Left:
+    case Qt::Key_Right: {
+        const int Way = Event.key() == Qt::Key_Left ? -1 : 1;
+        if (Event.modifiers() & Qt::ShiftModifier)
+            View.MoveCursor(Way);
+        else
+            View.Step(Way);
+        return true;
+    }
+    case Qt::Key_PageUp:
+        View.Page(-1);
+        return true;
+    case Qt::Key_PageDown:
+        View.Page(1);
+        return true;
+    case Qt::Key_Home:
+        View.GoToStart();
+        return true;
+    case Qt::Key_End:
+        View.GoToEnd();
+        return true;
+    default:
+        return false;
+    }
 }
 
-void fData02view::Delete()
+// As the button, which is grey when there is nothing for it to do.
+void fData02view::Press(const char* Button)
 {
-    if (!DeleteSamples(View.SelStart, View.SelStop, Data.Map, LastChange))
-        return UpdateStatus("Select the samples to be deleted first.");
-    Changed();
-    UpdateStatus("The selection is deleted in memory; Ctrl+Z brings it back.");
+    findChild<QPushButton*>(Button)->click();
 }
 
-void fData02view::Undo()
+void fData02view::keyPressEvent(QKeyEvent* Event)
 {
-    if (!LastChange.Run()) return UpdateStatus("There is nothing to take back.");
-    View.DropExtraBands();
-    IsChanged = WasChanged;
-}
-
-void fData02view::SetStartSel()
-{
-    if (IsStrip()) {
-        Nav.FirstRow = Nav.Cursor;
+    if (MoveByKey(*Event)) return ShowState();
+    if (Event->matches(QKeySequence::SelectAll)) return Press("cmdSelAll");
+    switch (Event->key()) {
+    case Qt::Key_O:
+        return Press("CmdArr_2");
+    case Qt::Key_I:
+        return Press("CmdArr_3");
+    case Qt::Key_X:
+        return Press("CmdArr_1");
+    case Qt::Key_Delete:
+        return Press("CmdArr_7");
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (View.IsEdited) Run("Save Data", &cData02view::SaveData);
+        if (View.IsEdited) return; // not saved
+        [[fallthrough]];
+    case Qt::Key_Escape:
+        Unload();
         return;
+    default:
+        QWidget::keyPressEvent(Event);
     }
-    if (View.Cursor < 0) return UpdateStatus(ClickFirst);
-    View.SelStart = View.Cursor;
-    if (View.SelStop <= View.SelStart) View.SelStop = 0; // a new selection begins
-    if (View.HasSelection()) ShowNumbers();
 }
 
-void fData02view::SetStopSel()
+void fData02view::Unload()
 {
-    if (IsStrip()) {
-        Nav.LastRow = Nav.Cursor;
-        if (Nav.LastRow < Nav.FirstRow) std::swap(Nav.FirstRow, Nav.LastRow);
-        return;
-    }
-    if (View.Cursor < 0) return UpdateStatus(ClickFirst);
-    View.SelStop = View.Cursor;
-    if (View.SelStop < View.SelStart) std::swap(View.SelStart, View.SelStop);
-    ShowNumbers();
-}
-
-void fData02view::SelAllStrokes()
-{
-    if (IsStrip()) return Nav.SelectAll();
-    if (!HasKeyChannel()) return;
-    if (FindAllStrokes(View.SelStart, View.SelStop))
-        ShowNumbers();
-    else
-        UpdateStatus("There is no stroke in this recording");
-}
-
-void fData02view::ProcStrokes()
-{
-    KeyWindow Win = WindowAt(View.SelStart);
-    if (ExportStrokes(Win, View.SelStart, View.SelStop)) UpdateStatus("The strokes are in " + StrokeLogFN);
-}
-
-void fData02view::ProcAll()
-{
-    View.SelStart = 0;
-    View.SelStop = cDataView::LastSample();
-    ProcSelection();
-}
-
-void fData02view::ProcSelection()
-{
-    View.EndSelection();
-    if (ProcSel(Data, Stretch())) UpdateStatus("Sample " + gFile.Desc[gFile.Desc.UBound()].SampleID + " is stored.");
-}
-
-void fData02view::ProcessSplits()
-{
-    if (ProcSplits(Data, Stretch(), SelectionDist)) UpdateStatus("Each split is stored as a sample.");
-}
-
-void fData02view::ProcessStart()
-{
-    if (ProcStart(View.SelStart)) UpdateStatus("The strokes are stored as samples.");
-}
-
-void fData02view::Plot()
-{
-    View.EndSelection();
-    if (PlotProc(View.SelStart, View.SelStop) && OnPlot) OnPlot(ReportTypical, 0, 0);
-}
-
-void fData02view::PlotSamples()
-{
-    if (!View.HasSelection()) return UpdateStatus("Select the samples to be plotted first.");
-    if (OnPlot) OnPlot(ReportPrimary, View.SelStart, View.SelStop);
-}
-
-void fData02view::Trim()
-{
-    if (!Nav.HasSelection()) return UpdateStatus("Select strokes on the strip first.");
-    if (!TrimRows(Nav.FirstRow, Nav.LastRow, LastChange)) return UpdateStatus("No stroke lies between those selected.");
-    WasChanged = IsChanged;
-    Nav.SelectAll();
-}
-
-void fData02view::GetData()
-{
-    if (!Nav.HasSelection()) return UpdateStatus("Select strokes on the strip first.");
-    if (IsChanged && !AskYesNo("Samples were changed in this view, and no file has the changes. Take others in their "
-                               "place?",
-                               TitleWarning))
-        return;
-    if (!GetRawData(Nav.FirstRow, Nav.LastRow, Data)) return;
-    Changed();
-    LastChange.Clear();
-    IsChanged = false;
-    View.FirstSample = 0;
-    View.Cursor = -1;
-}
-
-void fData02view::SaveStrokeTable()
-{
-    SaveStrokes();
-}
-
-void fData02view::AccVel()
-{
-    if (!View.HasSelection()) return UpdateStatus("Select the samples to be integrated first.");
-    if (AccToVel(View.SelStart, View.SelStop, LastChange)) WasChanged = std::exchange(IsChanged, true);
+    (parentWidget() ? parentWidget() : this)->close();
 }
 
 void fData02view::closeEvent(QCloseEvent* Event)
 {
-    if (IsChanged && !AskYesNo("Samples were changed in this view, and no file has the changes. The recording is as it "
-                               "was. Close the view?",
-                               TitleWarning))
-        return Event->ignore();
+    if (!View.MayClose()) return Event->ignore();
+    Tag.clear();
     KeepPlace(*this, "fData02view");
-    View.DropExtraBands();
+    View.Close();
     QWidget::closeEvent(Event);
 }

@@ -1,8 +1,10 @@
 // The controls of the data view and where they stand.
 #include "base/mNumText.h"
 #include "core/mSettings.h"
+#include "platform/qt/qSurface.h"
 #include "platform/qt/qText.h"
 #include "views/data/fData02view.h"
+#include "views/data/mSelNumbers.h"
 #include "widgets/qDecimal.h"
 #include "widgets/qMnemonics.h"
 #include "widgets/qWorkArea.h"
@@ -14,9 +16,9 @@
 #include <QScrollBar>
 
 fData02view::fData02view()
-    : Surface(new qSurface(this)), Strip(new qSurface(this)), Bar(new QScrollBar(Qt::Horizontal, this)),
-      lbStrip(new QLabel(this)), lbPointer(new QLabel(this)), lbCurDist(new QLabel(this)),
-      txtFilter(AddBox("txtFilter", false)), View(*Surface), Nav(*Strip)
+    : cDataWindow(ViewTag), Surface(new qSurface(this)), Strip(new qSurface(this)),
+      Bar(new QScrollBar(Qt::Horizontal, this)), lbStrip(new QLabel(this)), lbPointer(new QLabel(this)),
+      lbCurDist(new QLabel(this)), txtFilter(AddBox("txtFilter", false)), View(*Surface, *Strip)
 {
     setObjectName("fData02view");
     setAttribute(Qt::WA_DeleteOnClose);
@@ -36,7 +38,7 @@ fData02view::fData02view()
     Layout->addWidget(Surface, 100);
     Layout->addWidget(Bar);
     Layout->addLayout(Below);
-    TakeKey(*this, QKeySequence::Undo, [this] { Run("Undo", &fData02view::Undo); });
+    TakeKey(*this, QKeySequence::Undo, [this] { Run("Undo", &cData02view::Undo); });
     TakeMnemonics(*this);
 }
 
@@ -45,27 +47,20 @@ void fData02view::BuildPlot()
     Surface->setObjectName("picData");
     Strip->setObjectName("DataNav");
     Bar->setObjectName("HScroll1");
-    Bar->setRange(0, cDataView::ScrollMax);
+    Bar->setRange(0, cDataRange::ScrollMax);
     for (qSurface* Plot : {Surface, Strip}) {
         Plot->setMouseTracking(true);
         Plot->installEventFilter(this);
     }
-    Surface->OnResize = [this] {
-        View.SetUpPoly();
-        View.Draw();
-    };
-    Strip->OnResize = [this] { Nav.Draw(); };
-    connect(Bar, &QScrollBar::valueChanged, this, [this](int Value) {
-        View.Scroll(Value);
-        View.Draw();
-    });
+    Surface->OnResize = [this] { View.Draw(); };
+    Strip->OnResize = [this] { View.DrawStrip(); };
+    connect(Bar, &QScrollBar::valueChanged, this, [this](int Value) { View.Scroll(Value); });
 }
 
 QLayout* fData02view::BuildHead()
 {
     lbStrip->setObjectName("lbStrip");
     lbPointer->setObjectName("lbPointer");
-    lbPointer->setText("The value under the mouse is shown here.");
     auto* Row = new QHBoxLayout;
     Row->addWidget(lbStrip);
     Row->addStretch();
@@ -73,7 +68,8 @@ QLayout* fData02view::BuildHead()
     return Row;
 }
 
-QPushButton* fData02view::AddButton(const QString& Name, const char* Caption, const char* Tip, Command Action)
+QPushButton* fData02view::AddButton(const QString& Name, const char* Caption, const char* Tip,
+                                    cData02view::Command Action)
 {
     auto* Button = new QPushButton(Caption, this);
     Button->setObjectName(Name);
@@ -101,26 +97,26 @@ QLayout* fData02view::BuildCommands()
     {
         const char* Caption;
         const char* Tip;
-        Command Action;
+        cData02view::Command Action;
         bool IsForTable = false; // works on the table of strokes too
     } const Commands[] = {
-        {"&Save Data", "Saves the selected frames as a recording of their own", &fData02view::SaveData, true},
-        {"E&xport", "Writes the selected samples as text (X)", &fData02view::Export},
-        {"Zoom &Out", "Shows more of the recording (O, mouse wheel)", &fData02view::ZoomOut},
-        {"Zoom &In", "Shows less of the recording (I, mouse wheel)", &fData02view::ZoomIn},
-        {"Dist", "Adds a band of the distance rowed", &fData02view::ShowDist},
-        {"Rate", "Adds a band of the stroke rate", &fData02view::ShowRate},
-        {"Filter", "Sets times to zero and repairs spikes", &fData02view::Filter},
-        {"&Delete", "Removes the selected samples; Ctrl+Z brings them back", &fData02view::Delete},
+        {"&Save Data", "Saves the selected frames as a recording of their own", &cData02view::SaveData, true},
+        {"E&xport", "Writes the selected samples as text (X)", &cData02view::Export},
+        {"Zoom &Out", "Shows more of the recording (O, mouse wheel)", &cData02view::ZoomOut},
+        {"Zoom &In", "Shows less of the recording (I, mouse wheel)", &cData02view::ZoomIn},
+        {"Dist", "Adds a band of the distance rowed", &cData02view::ShowDist},
+        {"Rate", "Adds a band of the stroke rate", &cData02view::ShowRate},
+        {"Filter", "Sets times to zero and repairs spikes", &cData02view::Filter},
+        {"&Delete", "Removes the selected samples; Ctrl+Z brings them back", &cData02view::Delete},
         {"&1 Start", "The selection starts at the cursor (click on the curves, or Shift and arrow keys)",
-         &fData02view::SetStartSel, true},
+         &cData02view::SetStartSel, true},
         {"&2 Stop", "The selection stops at the cursor (click on the curves, or Shift and arrow keys)",
-         &fData02view::SetStopSel, true},
-        {"Proc Strokes", "Writes a row of figures for every stroke selected", &fData02view::ProcStrokes},
-        {"Proc &All", "Makes a sample of the whole recording", &fData02view::ProcAll},
-        {"&Proc Sel", "Makes a sample of the selection", &fData02view::ProcSelection},
-        {"Proc Splits", "Makes a sample of each split", &fData02view::ProcessSplits},
-        {"Proc Start", "Makes a sample of each of the first strokes of the selection", &fData02view::ProcessStart},
+         &cData02view::SetStopSel, true},
+        {"Proc Strokes", "Writes a row of figures for every stroke selected", &cData02view::ProcStrokes},
+        {"Proc &All", "Makes a sample of the whole recording", &cData02view::ProcAll},
+        {"&Proc Sel", "Makes a sample of the selection", &cData02view::ProcSelection},
+        {"Proc Splits", "Makes a sample of each split", &cData02view::ProcessSplits},
+        {"Proc Start", "Makes a sample of each of the first strokes of the selection", &cData02view::ProcessStart},
     };
     auto* Grid = new QGridLayout;
     Grid->setSpacing(3);
@@ -136,21 +132,21 @@ QLayout* fData02view::BuildCommands()
         Add(Button);
     }
     Add(AddButton("cmdPlotRaw", "Plot Se&l", "Shows the selected samples in the plots of the report",
-                  &fData02view::PlotSamples));
+                  &cData02view::PlotSamples));
     Add(AddButton("cmdSelAll", "Sel All Strokes", "Selects from the first stroke to the last one (Ctrl+A)",
-                  &fData02view::SelAllStrokes));
+                  &cData02view::SelAllStrokes));
     SampleCommands.push_back(
-        AddButton("cmdPlotProc", "&Report", "Shows the typical stroke of the selection", &fData02view::Plot));
+        AddButton("cmdPlotProc", "&Report", "Shows the typical stroke of the selection", &cData02view::PlotTypical));
     Add(SampleCommands.back());
     SampleCommands.push_back(AddButton("cmdAccVel", "Acc. to Vel.",
-                                       "Integrates the boat's acceleration to its velocity", &fData02view::AccVel));
+                                       "Integrates the boat's acceleration to its velocity", &cData02view::AccVel));
     Add(SampleCommands.back());
-    cmdGetRawData =
-        AddButton("cmdGetRawData", "&Get Data", "Reads the selected strokes of the recording", &fData02view::GetData);
-    cmdTrim = AddButton("cmdTrim", "&Trim", "Keeps the selected strokes in the table only", &fData02view::Trim);
-    cmdSaveStrokes = AddButton("cmdSaveStrokes", "Save &Strokes", "Writes the table of strokes beside the session",
-                               &fData02view::SaveStrokeTable);
-    for (QPushButton* Button : {cmdGetRawData, cmdTrim, cmdSaveStrokes})
+    TableCommands = {
+        AddButton("cmdGetRawData", "&Get Data", "Reads the selected strokes of the recording", &cData02view::GetData),
+        AddButton("cmdTrim", "&Trim", "Keeps the selected strokes in the table only", &cData02view::Trim),
+        AddButton("cmdSaveStrokes", "Save &Strokes", "Writes the table of strokes beside the session",
+                  &cData02view::SaveStrokeTable)};
+    for (QPushButton* Button : TableCommands)
         Add(Button);
     Grid->setRowStretch(Rows, 1);
     return Grid;
@@ -174,17 +170,13 @@ QLayout* fData02view::BuildInputs()
     for (std::size_t i = 0; i < txtInps.size(); ++i) {
         txtInps[i] = AddBox(Names[i], false);
         txtCur[i] = AddBox(CursorNames[i], true);
-        connect(txtInps[i], &QLineEdit::textEdited, this, [this] { IsEdited = true; });
+        connect(txtInps[i], &QLineEdit::textEdited, this,
+                [this, i](const QString& Text) { View.Type(i, Plain(Text)); });
     }
     lbCurDist->setObjectName("lbCurDist");
     lbCurDist->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     txtFilter->setText(Shown(FormatNum(StdFilter, "0.0")));
-    connect(txtFilter, &QLineEdit::textEdited, this, [](const QString& Text) {
-        const auto Number = LeadingNumber(Plain(Text));
-        if (!Number) return;
-        StdFilter = *Number;
-        SaveSetting("StdFilter");
-    });
+    connect(txtFilter, &QLineEdit::textEdited, this, [](const QString& Text) { cData02view::TypeFilter(Plain(Text)); });
     Add("Distance (m)", txtInps[0]);
     Add("Time (s)", txtInps[1]);
     Add("Filter (SD)", txtFilter);

@@ -5,7 +5,7 @@
 #include "base/mNumText.h"
 #include "core/mGlobData.h"
 #include "processing/mProcess.h"
-#include "views/data/cDataView.h"
+#include "views/data/cDataBands.h"
 
 const std::array<const char*, 13> SelLabels = {"",          "",         "",      "Time (s)", "Strokes",         "Rate",
                                                "Variation", "Dist (m)", "Speed", "Proc.",    "Proc.Strokes(%)", "",

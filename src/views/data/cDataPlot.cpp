@@ -1,9 +1,10 @@
 // Drawing of the data view: selection, curves, names and scales of the bands, times, cursor.
+#include "views/data/cDataPlot.h"
+
 #include "base/mError.h"
 #include "base/mNumText.h"
 #include "core/mGlobData.h"
 #include "core/mSettings.h"
-#include "views/data/cDataView.h"
 #include "views/mAxis.h"
 #include "views/mQuantity.h"
 
@@ -17,6 +18,7 @@ constexpr int32_t Ink = 0x403020;
 constexpr int32_t GridColour = 0xE8E2DC;
 constexpr int32_t ZeroColour = 0xC8C0B8;
 constexpr int32_t SelColour = 0xFFEBD2; // a light blue under the curves
+constexpr int32_t StartColour = 0xA06000;
 constexpr int32_t CursorColour = 0x3030D0;
 constexpr int NameSize = 11;
 constexpr int ScaleSize = 9;
@@ -24,9 +26,11 @@ constexpr double LetterMiddle = 0.65; // of a text's size, below its top
 constexpr double Slack = 1e-6;        // of a step: times are sums of decimal fractions
 constexpr double KeyRoom = 6;         // of the colour key at the axis
 constexpr double ValueRoom = 60;      // for a value beside the cursor
+constexpr double StartRoom = 120;     // for the words at a start without a stop
 constexpr double UnitRoom = 52;       // height from which a band shows its unit
 constexpr double NameRoom = 10;       // between the names of low bands
 constexpr double ScaleRoom = 34;      // height from which a band shows its scale
+constexpr double TimesHeight = 36;    // below the bands
 constexpr double TimeRoom = 90;       // between the times below
 constexpr int32_t Far = 100000;       // beyond every screen
 
@@ -41,50 +45,68 @@ int32_t ColourOf(std::size_t Band)
 }
 } // namespace
 
-void cDataView::Draw()
+void cDataPlot::SetUpPoly()
+{
+    const SurfacePoint Size = Surface.Size();
+    Height = std::max(Size.Y - TimesHeight, 1.0);
+    Range.SetWidth(Size.X);
+    Bands.SetUp(Height);
+}
+
+std::string cDataPlot::PointerText(double X, double Y) const
+{
+    const int32_t Sample = Range.RawXtoLog(X);
+    const ViewBand* Band = Bands.At(Y);
+    if (!Band || X < Range.Margin() || Sample < 0 || Sample > cDataRange::LastSample()) return {};
+    return cDataBands::Text(*Band, Sample) + "  at " + FormatNum(gRaw(0, Sample), "0.00") + " s";
+}
+
+void cDataPlot::Draw()
 {
     Surface.Clear(White);
     Surface.SetFill(NoFill);
-    if (BandArr.empty() || LastSample() < 1) return DrawNothing();
+    if (Bands.All().empty() || cDataRange::LastSample() < 1) return DrawNothing();
     DrawSelection();
     DrawTimes();
     DrawGrid();
     DrawRawData();
     DrawLabels();
+    DrawOpenStart();
     DrawCursor();
 }
 
-void cDataView::DrawNothing()
+void cDataPlot::DrawNothing()
 {
     Surface.SetPen(Ink);
     Surface.SetFont(NameSize + 2);
     Surface.Text(Surface.Size().X / 2.0, Height / 2,
-                 LastSample() < 1
+                 cDataRange::LastSample() < 1
                      ? "There are fewer than two samples. Is the session's logger model that of the recording?"
                      : "No channel is visible: mark some with 1 under Visible in the calibration table.",
                  eAlign::Centre);
 }
 
-void cDataView::DrawGrid()
+void cDataPlot::DrawGrid()
 {
     const double Right = Surface.Size().X;
-    for (const ViewBand& Band : BandArr) {
+    for (const ViewBand& Band : Bands.All()) {
         Surface.SetPen(GridColour);
-        Surface.Line(MarginX, Unit(Band.Base), Right, Unit(Band.Base));
+        Surface.Line(Range.Margin(), Unit(Band.Base), Right, Unit(Band.Base));
         if (Band.Min >= 0 || Band.Max <= 0) continue;
         Surface.SetPen(ZeroColour);
-        Surface.Line(MarginX, Unit(Band.Zero), Right, Unit(Band.Zero));
+        Surface.Line(Range.Margin(), Unit(Band.Zero), Right, Unit(Band.Zero));
     }
     Surface.SetPen(Ink);
-    Surface.Line(Unit(MarginX), 0, Unit(MarginX), Unit(Height));
-    Surface.Line(Unit(MarginX), Unit(Height), Right, Unit(Height));
+    Surface.Line(Unit(Range.Margin()), 0, Unit(Range.Margin()), Unit(Height));
+    Surface.Line(Unit(Range.Margin()), Unit(Height), Right, Unit(Height));
 }
 
-void cDataView::DrawSelection()
+void cDataPlot::DrawSelection()
 {
-    if (!HasSelection()) return;
+    if (!Range.HasSelection()) return;
     const double Right = Surface.Size().X;
-    const double From = std::clamp(LogToX(SelStart), MarginX, Right), To = std::clamp(LogToX(SelStop), MarginX, Right);
+    const double From = std::clamp(Range.LogToX(Range.SelStart()), Range.Margin(), Right),
+                 To = std::clamp(Range.LogToX(Range.SelStop()), Range.Margin(), Right);
     if (To <= From) return;
     Surface.SetFill(SelColour);
     Surface.SetPen(SelColour);
@@ -92,10 +114,23 @@ void cDataView::DrawSelection()
     Surface.SetFill(NoFill);
 }
 
-void cDataView::DrawRawData()
+// Where a selection starts that has no stop yet.
+void cDataPlot::DrawOpenStart()
 {
-    for (std::size_t k = 0; k < BandArr.size(); ++k) {
-        const ViewBand& Band = BandArr[k];
+    const double X = Range.LogToX(Range.SelStart());
+    if (!Range.IsOpen() || X < Range.Margin() || X > Surface.Size().X) return;
+    const bool IsLeft = X > Surface.Size().X - StartRoom;
+    Surface.SetPen(StartColour, 2);
+    Surface.Line(Unit(X), 0, Unit(X), Unit(Height));
+    Surface.SetFont(NameSize, true);
+    Surface.Text(Unit(IsLeft ? X - KeyRoom : X + KeyRoom), Height - NameSize - 6, "Start, no stop yet",
+                 IsLeft ? eAlign::Right : eAlign::Left);
+}
+
+void cDataPlot::DrawRawData()
+{
+    for (std::size_t k = 0; k < Bands.All().size(); ++k) {
+        const ViewBand& Band = Bands.All()[k];
         Surface.SetPen(ColourOf(k));
         if (Band.Kind == ViewBand::eKind::Rate) {
             DrawRateBand(Band);
@@ -105,30 +140,32 @@ void cDataView::DrawRawData()
         const bool IsDist = Band.Kind == ViewBand::eKind::Dist;
         const std::span<const double> Values =
             IsDist ? std::span<const double>(gDist) : std::as_const(gRaw).Channel(Band.Chan);
-        for (int i = 0; i <= Steps; ++i) {
-            const int64_t Sample = int64_t{FirstSample} + int64_t{i} * gXScale;
-            if (Sample < 1 || Sample >= std::min<int64_t>(LastSample(), static_cast<int64_t>(Values.size()))) continue;
+        for (int i = 0; i <= cDataRange::Steps; ++i) {
+            const int64_t Sample = int64_t{Range.FirstSample} + int64_t{i} * gXScale;
+            if (Sample < 1 ||
+                Sample >= std::min<int64_t>(cDataRange::LastSample(), static_cast<int64_t>(Values.size())))
+                continue;
             const double Value = Values[static_cast<std::size_t>(Sample)];
-            PolyPts.push_back({Unit(PointX(i)), Unit(Band.Base - (Value - Band.Min) * Band.Scale)});
+            PolyPts.push_back({Unit(Range.PointX(i)), Unit(Band.Base - (Value - Band.Min) * Band.Scale)});
         }
         Surface.Polyline(PolyPts);
     }
 }
 
-void cDataView::DrawRateBand(const ViewBand& Band)
+void cDataPlot::DrawRateBand(const ViewBand& Band)
 {
     std::vector<SurfacePlace> Places;
-    for (const RatePoint& Each : RateArr)
-        Places.push_back({LogToX(Each.Sample), Band.Base - Each.Rate * Band.Scale});
-    DrawClipped(Surface, {MarginX, static_cast<double>(Surface.Size().X), 0, Height}, Places);
+    for (const RatePoint& Each : Bands.Rates())
+        Places.push_back({Range.LogToX(Each.Sample), Band.Base - Each.Rate * Band.Scale});
+    DrawClipped(Surface, {Range.Margin(), static_cast<double>(Surface.Size().X), 0, Height}, Places);
 }
 
 // Of low bands, those whose names find room below each other.
-std::vector<std::size_t> cDataView::LabelledBands() const
+std::vector<std::size_t> cDataPlot::LabelledBands() const
 {
     std::vector<std::size_t> Chosen;
     double Next = 0;
-    for (std::size_t k = 0; k < BandArr.size(); ++k) {
+    for (std::size_t k = 0; k < Bands.All().size(); ++k) {
         if (NameTop(k) < Next) continue;
         Next = NameTop(k) + NameRoom;
         Chosen.push_back(k);
@@ -136,55 +173,57 @@ std::vector<std::size_t> cDataView::LabelledBands() const
     return Chosen;
 }
 
-double cDataView::NameTop(std::size_t Band) const
+double cDataPlot::NameTop(std::size_t Band) const
 {
-    return std::max((TopOf(Band) + BandArr[Band].Base) / 2 - LetterMiddle * NameSize, 0.0);
+    return std::max((Bands.TopOf(Band) + Bands.All()[Band].Base) / 2 - LetterMiddle * NameSize, 0.0);
 }
 
 // Names stand in the margin, or at the beginning of the curve where they are too long for it.
-void cDataView::DrawLabels()
+void cDataPlot::DrawLabels()
 {
-    for (std::size_t k = 0; k < BandArr.size(); ++k) {
+    for (std::size_t k = 0; k < Bands.All().size(); ++k) {
         Surface.SetPen(ColourOf(k), 3);
-        Surface.Line(Unit(MarginX) - 2, Unit(TopOf(k)) + 2, Unit(MarginX) - 2, Unit(BandArr[k].Base) - 2);
+        Surface.Line(Unit(Range.Margin()) - 2, Unit(Bands.TopOf(k)) + 2, Unit(Range.Margin()) - 2,
+                     Unit(Bands.All()[k].Base) - 2);
     }
     for (const std::size_t k : LabelledBands()) {
-        const ViewBand& Band = BandArr[k];
-        const std::string Name = BandText(Band, -1);
+        const ViewBand& Band = Bands.All()[k];
+        const std::string Name = cDataBands::Text(Band, -1);
         const double Y = NameTop(k);
-        const bool IsShort = Surface.TextWidth(Name, NameSize) <= MarginX - KeyRoom;
+        const bool IsShort = Surface.TextWidth(Name, NameSize) <= Range.Margin() - KeyRoom;
         if (!IsShort) {
             Surface.SetPen(White);
             Surface.SetFill(White);
-            Surface.Box(MarginX + 2, Unit(Y) + 1, Unit(MarginX + 2 * KeyRoom + Surface.TextWidth(Name, NameSize)),
-                        Unit(Y) + NameSize + 2);
+            Surface.Box(Range.Margin() + 2, Unit(Y) + 1,
+                        Unit(Range.Margin() + 2 * KeyRoom + Surface.TextWidth(Name, NameSize)), Unit(Y) + NameSize + 2);
             Surface.SetFill(NoFill);
         }
         Surface.SetPen(ColourOf(k));
         Surface.SetFont(NameSize);
-        Surface.Text(IsShort ? MarginX - KeyRoom : MarginX + KeyRoom, Y, Name, IsShort ? eAlign::Right : eAlign::Left);
-        DrawScale(Band, TopOf(k));
+        Surface.Text(IsShort ? Range.Margin() - KeyRoom : Range.Margin() + KeyRoom, Y, Name,
+                     IsShort ? eAlign::Right : eAlign::Left);
+        DrawScale(Band, Bands.TopOf(k));
     }
 }
 
-void cDataView::DrawScale(const ViewBand& Band, double Top)
+void cDataPlot::DrawScale(const ViewBand& Band, double Top)
 {
     if (Band.Base - Top < ScaleRoom) return;
     Surface.SetPen(Ink);
     Surface.SetFont(ScaleSize);
-    Surface.Text(MarginX - KeyRoom, Top + 1, FormatGeneral(Band.Max, 5), eAlign::Right);
-    Surface.Text(MarginX - KeyRoom, Band.Base - ScaleSize - 3, FormatGeneral(Band.Min, 5), eAlign::Right);
+    Surface.Text(Range.Margin() - KeyRoom, Top + 1, FormatGeneral(Band.Max, 5), eAlign::Right);
+    Surface.Text(Range.Margin() - KeyRoom, Band.Base - ScaleSize - 3, FormatGeneral(Band.Min, 5), eAlign::Right);
     const std::string Unit = Band.Kind == ViewBand::eKind::Channel ? ChannelUnit(gFile.Calibr[Band.Chan].ParamID) : "";
     if (Band.Base - Top >= UnitRoom)
-        Surface.Text(MarginX - KeyRoom, (Top + Band.Base) / 2 + NameSize / 2.0, Unit, eAlign::Right);
+        Surface.Text(Range.Margin() - KeyRoom, (Top + Band.Base) / 2 + NameSize / 2.0, Unit, eAlign::Right);
 }
 
 // Ticks stand where the time passes a whole step, behind a piece that was cut out as well.
-void cDataView::DrawTimes()
+void cDataPlot::DrawTimes()
 {
     const double Right = Surface.Size().X;
-    const int32_t First = std::max(FirstSample, 0);
-    const int32_t Last = std::min<int32_t>(LastSample(), First + Steps * gXScale);
+    const int32_t First = std::max(Range.FirstSample, 0);
+    const int32_t Last = std::min<int32_t>(cDataRange::LastSample(), First + cDataRange::Steps * gXScale);
     if (Last <= First) return;
     const double Step = NiceStep(gRaw(0, Last) - gRaw(0, First), std::max(2, static_cast<int>(Right / TimeRoom)));
     double Passed = std::ceil(gRaw(0, First) / Step - Slack) - 1;
@@ -192,7 +231,7 @@ void cDataView::DrawTimes()
     Surface.SetFont(NameSize);
     for (int32_t Sample = First; Sample <= Last; Sample += gXScale) {
         const double Whole = std::floor(gRaw(0, Sample) / Step + Slack);
-        const double X = LogToX(Sample);
+        const double X = Range.LogToX(Sample);
         if (Whole > Passed && X >= Free) {
             Surface.SetPen(GridColour);
             Surface.Line(Unit(X), 0, Unit(X), Unit(Height));
@@ -207,18 +246,19 @@ void cDataView::DrawTimes()
 }
 
 // With the values at it, beside the bands that have their names shown.
-void cDataView::DrawCursor()
+void cDataPlot::DrawCursor()
 {
-    const double X = LogToX(Cursor);
-    if (Cursor < 0 || Cursor > LastSample() || X < MarginX || X > Surface.Size().X) return;
+    const double X = Range.LogToX(Range.Cursor);
+    if (Range.Cursor < 0 || Range.Cursor > cDataRange::LastSample() || X < Range.Margin() || X > Surface.Size().X)
+        return;
     Surface.SetPen(CursorColour);
     Surface.Line(Unit(X), 0, Unit(X), Unit(Height));
     const bool IsLeft = X > Surface.Size().X - ValueRoom;
     Surface.SetFont(NameSize);
     Surface.SetFill(White);
     for (const std::size_t k : LabelledBands()) {
-        if (BandArr[k].Kind != ViewBand::eKind::Channel) continue;
-        const std::string Value = FormatGeneral(gRaw(BandArr[k].Chan, Cursor), 5);
+        if (Bands.All()[k].Kind != ViewBand::eKind::Channel) continue;
+        const std::string Value = FormatGeneral(gRaw(Bands.All()[k].Chan, Range.Cursor), 5);
         const double Width = Surface.TextWidth(Value, NameSize);
         const double Left = Unit(IsLeft ? X - KeyRoom - Width : X + KeyRoom);
         Surface.SetPen(White);

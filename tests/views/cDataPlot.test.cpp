@@ -1,5 +1,5 @@
 // The data view's curves and numbers: places of samples, what is drawn at two zooms, the figures of a selection.
-#include "views/data/cDataView.h"
+#include "views/data/cDataPlot.h"
 #include "processing/mProcess.h"
 #include "support/Case.h"
 #include "support/SurfaceLog.h"
@@ -24,7 +24,7 @@ double Wave(int i)
 struct Record : FreshState
 {
     SurfaceLog Log{1000, 436}; // 30 of margin, 400 of height
-    cDataView View{Log};
+    cDataPlot View{Log};
 
     Record()
     {
@@ -73,7 +73,7 @@ TEST_CASE_FIXTURE(Record,
     CHECK(Lines[0].find(" 1000 120 #") != std::string::npos); // sample 400
     CHECK(std::count(Lines[0].begin(), Lines[0].end(), ' ') == 2 * 400 + 1);
 
-    REQUIRE((cDataView::ZoomOut() && cDataView::ZoomOut()));
+    REQUIRE((cDataRange::ZoomOut() && cDataRange::ZoomOut()));
     Lines = Curves();
     CHECK(Lines[0].starts_with("polyline 32 199 34 198 "));                  // samples 4 and 8
     CHECK(Lines[0].find(" 633 1 #") != std::string::npos);                   // sample 996
@@ -86,51 +86,52 @@ TEST_CASE_FIXTURE(Record, "places and samples belong together at each zoom, and 
          {std::tuple{1, 0, 30.0, 0}, {1, 0, 32.4, 0}, {1, 0, 32.5, 1}, {1, 100, 999.9, 499}, {8, 16, 40.0, 48}}) {
         CAPTURE(X);
         gXScale = static_cast<int16_t>(Scale);
-        View.FirstSample = First;
-        CHECK(View.RawXtoLog(X) == Sample);
-        CHECK(View.RawXtoLog(View.LogToX(Sample) + 0.01) == Sample);
+        View.Range.FirstSample = First;
+        CHECK(View.Range.RawXtoLog(X) == Sample);
+        CHECK(View.Range.RawXtoLog(View.Range.LogToX(Sample) + 0.01) == Sample);
     }
-    REQUIRE(View.ZoomAt(515, true));
-    CHECK(View.RawXtoLog(515) == 16 + 8 * 200);
-    View.ScrollTo(400);
+    REQUIRE(View.Range.ZoomAt(515, true));
+    CHECK(View.Range.RawXtoLog(515) == 16 + 8 * 200);
+    View.Range.ScrollTo(400);
     gXScale = 64;
-    CHECK_FALSE(cDataView::ZoomOut());
-    View.MoveView(1);
-    CHECK(View.FirstSample == Last);
+    CHECK_FALSE(cDataRange::ZoomOut());
+    View.Range.MoveView(1);
+    CHECK(View.Range.FirstSample == Last);
     gXScale = 1;
-    CHECK_FALSE(cDataView::ZoomIn());
-    View.MoveView(-0.4999);
-    CHECK(View.FirstSample == Last - 199);
-    View.MoveView(-9);
-    CHECK(View.FirstSample == 0);
+    CHECK_FALSE(cDataRange::ZoomIn());
+    View.Range.MoveView(-0.4999);
+    CHECK(View.Range.FirstSample == Last - 199);
+    View.Range.MoveView(-9);
+    CHECK(View.Range.FirstSample == 0);
 }
 
 TEST_CASE_FIXTURE(Record, "the selection of all strokes has the numbers that follow from its record")
 {
-    REQUIRE(FindAllStrokes(View.SelStart, View.SelStop));
-    CHECK(View.SelStart == 24); // the boundary and the samples that back it
-    CHECK(View.SelStop == 924);
-    REQUIRE(View.ShowDist());
+    int32_t Start = 0, Stop = 0;
+    REQUIRE(FindAllStrokes(Start, Stop));
+    CHECK(Start == 24); // the boundary and the samples that back it
+    CHECK(Stop == 924);
+    REQUIRE(View.Bands.ShowDist(Start, Stop));
     // Eight strokes behind that of the first boundary: three of 1.9 s, three of 2.1 s, one of 1.5 s, one of 2.5 s.
-    const SelTexts Told = *SelectionNumbers(View.SelStart, View.SelStop);
+    const SelTexts Told = *SelectionNumbers(Start, Stop);
     const SelTexts Known = {"",     "0.5",  "18.5", "18.0",  "8",    "30.0", "13.2%",
                             "72.0", "4.00", "6",    "75.0%", "30.0", "5.0%"};
     for (std::size_t i = 1; i < Known.size(); ++i) {
         CAPTURE(i);
         CHECK(Told[i] == Known[i]);
     }
-    CHECK_FALSE(SelectionDist(View.SelStart, View.SelStop + 1)); // beyond the band
+    CHECK_FALSE(SelectionDist(Start, Stop + 1)); // beyond the band
     // A stroke from the end of another scan to the first one here would be of no use to anybody.
     for (const double Key : {-1e6, 1e6}) {
         gKeyWin.K.fill(Key);
         gKeyWin.T.fill(900);
-        CHECK(SelectionNumbers(View.SelStart, View.SelStop) == Told);
+        CHECK(SelectionNumbers(Start, Stop) == Told);
     }
     // A second press is a second band, and a store without a boundary leaves the selection.
-    View.ShowDist();
+    View.Bands.ShowDist(Start, Stop);
     View.SetUpPoly();
-    CHECK(View.Bands().size() == 4);
+    CHECK(View.Bands.All().size() == 4);
     gKeyMode = 4;
-    CHECK_FALSE(FindAllStrokes(View.SelStart, View.SelStop));
-    CHECK(View.SelStop == 924);
+    CHECK_FALSE(FindAllStrokes(Start, Stop));
+    CHECK(Stop == 924);
 }
