@@ -87,7 +87,7 @@ TEST_CASE_FIXTURE(FreshState, "each correction touches the rows it should, leave
     }
     cSwap Swap;
     Swap.What = "H1";
-    CHECK(Swap.OffScale('S', 1e308).ends_with(" takes H1 beyond all numbers: nothing was changed."));
+    CHECK(Swap.OffScale('S', 1e308).ends_with(" takes H1 beyond the range of numbers: nothing was changed."));
     Swap.With = "99999";
     CHECK(Swap.Swap() == "There is no seat 99999: nothing was changed.");
     CHECK(State() == Before);

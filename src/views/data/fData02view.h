@@ -32,6 +32,7 @@ public:
     // A recording takes no frames.
     void DrawData() override {}
     void SetLive(bool) override {}
+    bool NeedsLink() const override { return false; }
 
     /// Closes the window, unless it asks and is to stay.
     void Unload() override;

@@ -12,11 +12,10 @@ using SelTexts = std::array<std::string, 13>;
 /// Labels of the boxes, empty where a box has none of its own.
 extern const std::array<const char*, 13> SelLabels;
 
-/// The numbers of samples Start to Stop. Nothing without a key channel or a whole stroke: then the texts shown keep
-/// standing.
+/// The numbers of samples Start to Stop. Nothing without a key channel or a whole stroke: then the texts shown stay.
 std::optional<SelTexts> SelectionNumbers(int32_t Start, int32_t Stop);
 
-/// What to tell of the longest stretch of time without samples, where one was cut out or lost; empty when there is
+/// What to say about the longest stretch of time without samples, where one was cut out or lost; empty when there is
 /// none.
 std::string GapNote(int32_t Start, int32_t Stop);
 

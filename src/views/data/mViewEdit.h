@@ -1,18 +1,18 @@
-// Cutting and changing what the data view shows, in memory only, with the last step to be taken back.
+// Cutting and changing what the data view shows, in memory only, with an undo of the last step.
 #pragma once
 
 #include "views/data/mViewLoad.h"
 
 #include <functional>
 
-/// The last change, as the work that takes it back; empty when there is none.
+/// The last change, as the function that undoes it; empty when there is none.
 class ViewUndo
 {
 public:
     void Set(std::function<void()> Work) { Restore = std::move(Work); }
     void Clear() { Restore = {}; }
 
-    /// Takes the last change back. False when there is none.
+    /// Undoes the last change. False when there is none.
     bool Run();
 
 private:
@@ -31,5 +31,5 @@ bool FilterSamples(ViewUndo& Undo);
 bool TrimRows(int FirstRow, int LastRow, ViewUndo& Undo);
 
 /// Integrates the boat's acceleration, channel 5, from Start to Stop by the trapezoid rule over the times and stores
-/// the running sum as its velocity, channel 15. False without such channels (told) or samples.
+/// the running sum as its velocity, channel 15. False without such channels (reported to the user) or samples.
 bool AccToVel(int32_t Start, int32_t Stop, ViewUndo& Undo);

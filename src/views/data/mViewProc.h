@@ -20,8 +20,9 @@ struct ProcStretch
 };
 
 /// Averages the strokes of the stretch into a sample of the session and writes the session data file. A run that fails
-/// (told) writes start, finish, distance and time into the last sample all the same, and says so; without a stroke
-/// inside the filter (told) it is not begun. False when no sample was made or the file could not be written.
+/// (reported to the user) writes start, finish, distance and time into the last sample all the same, and says so;
+/// without a stroke inside the filter (reported to the user) it is not begun. False when no sample was made or the file
+/// could not be written.
 bool ProcSel(const ViewData& Data, const ProcStretch& Stretch);
 
 /// Sample indices at which the splits begin and end, from 0 on: splits by time, one after the other, with SplitTime;
@@ -29,13 +30,14 @@ bool ProcSel(const ViewData& Data, const ProcStretch& Stretch);
 std::vector<int32_t> FillSplits();
 
 /// ProcSel on each split by the settings of the splits, also behind one that fails; Rowed gives the distance of a
-/// stretch. False when one has failed or there are none (told).
+/// stretch. False when one has failed or there are none (reported to the user).
 bool ProcSplits(const ViewData& Data, const ProcStretch& Typed,
                 const std::function<std::optional<double>(int32_t, int32_t)>& Rowed);
 
 /// Makes a sample of each stroke from Start on, as many as are asked for, and writes the session data file. False when
-/// cancelled, when nothing was made, or when the file could not be written (told).
+/// cancelled, when nothing was made, or when the file could not be written (reported to the user).
 bool ProcStart(int32_t Start);
 
-/// Averages the strokes of the stretch into the typical pattern in memory. False when that fails (told).
+/// Averages the strokes of the stretch into the typical pattern in memory. False when that fails (reported to the
+/// user).
 bool PlotProc(int32_t Start, int32_t Stop);

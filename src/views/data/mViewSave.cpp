@@ -20,7 +20,7 @@ namespace {
 constexpr const char* SaveTitle = "Save Raw Data as text";
 
 // The file to write, empty when cancelled. A piece never takes the place of the recording it is cut from, nor of one
-// that is running (told).
+// that is running (reported to the user).
 std::string AskTarget(const char* Ext, const std::string& Proposed)
 {
     const std::string Path = ExecComDlg(SaveTitle, Ext, eFileMode::Out, Proposed);

@@ -49,7 +49,7 @@ void cData03report::InitViewID(int Row, int InitKind, int32_t First, int32_t Las
     IsVisible = true;
 }
 
-// A value as an argument takes it.
+// A value as an operation gets it.
 double cData03report::Value(int Chan, int32_t Point) const
 {
     return ArcValue(gFile.Calibr[Chan], IsPrimary() ? gRaw(Chan, Point) : gNormAver2(Point, Chan));

@@ -28,7 +28,7 @@ class cReport
 {
 public:
     /// Computes all rows. Kind is a set of ReportKind bits, Sample a row of gFile.Desc (0: none), First and Last the
-    /// samples of a primary report. A row that cannot be computed is left out and told in Notes. Throws RunError for
+    /// samples of a primary report. A row that cannot be computed is left out and named in Notes. Throws RunError for
     /// a stored sample that is not there or does not fit.
     void InitData(int Kind, int16_t Sample, int32_t First, int32_t Last);
 

@@ -23,7 +23,7 @@ public:
     /// Computes the report and shows it; as cReport::InitData.
     void InitData(int Kind, int16_t Sample, int32_t First, int32_t Last);
 
-    /// Prints all pages. False when the printer cannot be used (told).
+    /// Prints all pages. False when the printer cannot be used (reported to the user).
     bool PrintOn(QPrinter& Printer);
 
 protected:

@@ -23,6 +23,6 @@ enum PageInk : int32_t
 std::string Fitting(const iSurface& Surface, const std::string& Text, int Size, double Width, bool Bold = false);
 std::string FittingName(const iSurface& Surface, const std::string& Text, int Size, double Width);
 
-/// The words in lines of that width, MostLines of them at most: the last one tells by dots that it is cut.
+/// The words in lines of that width, MostLines of them at most: the last one ends with dots where it is cut.
 std::vector<std::string> Wrapped(const iSurface& Surface, const std::string& Text, int Size, double Width,
                                  std::size_t MostLines);

@@ -11,7 +11,7 @@ class QPainter;
 void PaintReportPage(QPainter& Painter, cReportPage& Report, int Page, double Width);
 
 /// Writes the report whole or not at all, in the form that the name of the file ends with: .pdf and .svg hold lines and
-/// letters, .png dots. The same report gives the same bytes. False when it fails (told).
+/// letters, .png dots. The same report gives the same bytes. False when it fails (reported to the user).
 bool WriteReportFile(const cReport& Report, const std::string& Path);
 
 /// The same for a program without windows.

@@ -85,7 +85,8 @@ std::string cSwap::OffScale(char Kind, double Number)
         }
         return P > 0;
     });
-    if (IsTooLarge) return FormatGeneral(Number, 15) + " takes " + What + " beyond all numbers: nothing was changed.";
+    if (IsTooLarge)
+        return FormatGeneral(Number, 15) + " takes " + What + " beyond the range of numbers: nothing was changed.";
     Commit({gFile.Calibr, std::move(Data)});
     return What + (Kind == 'S' ? " was scaled " : " was offsetted ") + FormatGeneral(Number, 15) + " " + Times();
 }

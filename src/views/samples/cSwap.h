@@ -24,7 +24,7 @@ public:
     /// Rows touched by the last command.
     int16_t Count = 0;
 
-    // Each command returns the text that tells what it did. A parameter that is not found touches no row. A pattern of
+    // Each command returns the text that says what it did. A parameter that is not found touches no row. A pattern of
     // fewer than 51 values throws RunError: then nothing was changed.
 
     /// Adds Number ('O') to the 51 values of What in each sample, or multiplies them by it ('S').
@@ -48,7 +48,7 @@ public:
     /// Whether a correction was made since the last Save.
     bool IsChanged() const { return Changed; }
 
-    /// Writes the session data file behind a backup copy. False when that fails (told).
+    /// Writes the session data file behind a backup copy. False when that fails (reported to the user).
     bool Save();
 
     /// The session data file has been written with all corrections.
