@@ -26,7 +26,7 @@ set(WINDOW_HEADERS ${STANDARD_HEADERS} <QAbstractItemModel> <QApplication> <QBox
                    <QComboBox> <QGridLayout> <QLabel> <QLineEdit> <QMainWindow> <QMdiArea> <QMdiSubWindow> <QMenuBar> <QMessageBox>
                    <QPainter> <QPushButton> <QRadioButton> <QScreen> <QSettings> <QStatusBar> <QTableView> <QTimer> <QToolBar>)
 
-# The release compiler's warnings are errors; clang, which builds the fuzz targets, tells its opinion only.
+# The release compiler's warnings are errors; clang, which builds the fuzz targets, only warns.
 add_compile_options(-Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast -Wnon-virtual-dtor
                     -Woverloaded-virtual -Wcast-align -Wimplicit-fallthrough
                     "$<$<CXX_COMPILER_ID:GNU>:-Wdouble-promotion;-Werror>")
