@@ -1,17 +1,37 @@
-// The program around a fuzz target: a host without a window, and a folder that goes with the process.
+// The program around a fuzz target: a host that says nothing, the settings' defaults, and a folder for those that need
+// files.
 #pragma once
 
+#include "core/mSettings.h"
 #include "platform/mHost.h"
-#include "platform/plain/sDialogs.h"
 #include "platform/plain/sSettings.h"
 #include "platform/plain/sStatus.h"
 
 #include <cstdlib>
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <unistd.h>
 
-/// A folder of the process, removed when it ends.
+/// Messages are dropped, since printing them would take most of the time; questions are answered Yes.
+class SilentDialogs : public iDialogs
+{
+public:
+    eAnswer MsgBox(const std::string&, const std::string&, eButtons Buttons) override
+    {
+        return Buttons == eButtons::Ok ? eAnswer::Ok : eAnswer::Yes;
+    }
+    std::optional<std::string> InputBox(const std::string&, const std::string&, const std::string&) override
+    {
+        return {};
+    }
+    std::optional<std::string> ExecComDlg(const std::string&, const std::string&, eFileMode,
+                                          const std::string&) override
+    {
+        return {};
+    }
+};
+
 struct FuzzProgram
 {
     FuzzProgram()
@@ -20,27 +40,39 @@ struct FuzzProgram
         gHost.Dialogs = &Dialogs;
         gHost.Status = &Status;
         gHost.Settings = &Settings;
-        std::filesystem::create_directories(Folder);
+        LoadSettings();
     }
-    ~FuzzProgram() { std::filesystem::remove_all(Folder); }
 
     sStatus Status{false};
-    sDialogs Dialogs;
+    SilentDialogs Dialogs;
     sSettings Settings;
-    std::string Folder = Base() + "/skarvelin-fuzz-" + std::to_string(getpid()) + "/";
-
-private:
-    // In memory where the system allows it: a disk would take nine tenths of the time.
-    static std::string Base()
-    {
-        constexpr const char* Memory = "/dev/shm";
-        return access(Memory, W_OK) == 0 ? Memory : std::filesystem::temp_directory_path().string();
-    }
 };
 
-/// The target's folder, with the separator behind it. The first call fills gHost.
-inline const std::string& FuzzFolder()
+/// Fills gHost, once.
+inline void StartProgram()
 {
     static FuzzProgram Program;
-    return Program.Folder;
+}
+
+/// A folder of the process, with the separator behind it, removed when the process ends. In memory where the system
+/// allows it: a disk would take nine tenths of the time.
+inline const std::string& FuzzFolder()
+{
+    struct Folder
+    {
+        Folder() { std::filesystem::create_directories(Path); }
+        ~Folder() { std::filesystem::remove_all(Path); }
+
+        std::string Path = (access("/dev/shm", W_OK) == 0 ? std::string("/dev/shm")
+                                                          : std::filesystem::temp_directory_path().string()) +
+                           "/skarvelin-fuzz-" + std::to_string(getpid()) + "/";
+    };
+    static const Folder Whole;
+    return Whole.Path;
+}
+
+/// The input as text.
+inline std::string_view AsText(const uint8_t* Data, std::size_t Size)
+{
+    return {reinterpret_cast<const char*>(Data), Size};
 }

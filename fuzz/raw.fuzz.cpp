@@ -54,6 +54,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* Data, std::size_t Size)
 {
     if (Size < 2) return 0;
     gRawFN = FuzzFolder() + "a.qvn";
+    StartProgram();
     MakeSession(*Data);
     SaveWhole(gRawFN, {reinterpret_cast<const char*>(Data) + 1, Size - 1}, Durability::Fast);
     const SampleStore Samples = ReadAll(gRawFN);

@@ -1,19 +1,17 @@
-// Any bytes as a reference table: read, and looked up at, between and beyond its rows.
+// Any bytes as a reference table: parsed, and looked up at, between and beyond its rows.
 #include "program.h"
 
-#include "base/mSafeSave.h"
 #include "processing/mRefTable.h"
 
 #include <cstdint>
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* Data, std::size_t Size)
 {
-    const std::string Path = FuzzFolder() + "a.ref";
-    SaveWhole(Path, {reinterpret_cast<const char*>(Data), Size}, Durability::Fast);
+    StartProgram();
     gRefTabs.assign(2, {});
     gRefCnt = 1;
     RefTable& Table = gRefTabs[1];
-    if (ReadRefTable(Path, Table) == 0) return 0;
+    if (!ParseRefTable(AsText(Data, Size), Table)) return 0;
     if (Table.Cnt < 0 || Table.Cnt > RefTable::MaxRow) std::abort();
     for (std::size_t i = 0; i <= static_cast<std::size_t>(Table.Cnt); ++i) {
         const double X = Table.X[i];

@@ -1,44 +1,15 @@
-// Any bytes as a session data file: read, written, and what was written reads back alike.
+// Any bytes as a session data file: parsed, written, and what was written parses alike.
+#include "program.h"
+
 #include "base/mCodePage.h"
-#include "base/mSafeSave.h"
 #include "core/mGlobData.h"
-#include "core/mSettings.h"
 #include "core/mTextRows.h"
 #include "files/mTextIO.h"
-#include "platform/mHost.h"
-#include "platform/plain/sDialogs.h"
-#include "platform/plain/sSettings.h"
-#include "platform/plain/sStatus.h"
 
 #include <cstdint>
-#include <cstdlib>
-#include <filesystem>
 #include <set>
-#include <unistd.h>
 
 namespace {
-const std::string& Folder()
-{
-    static const std::string Name =
-        (std::filesystem::temp_directory_path() / ("skarvelin-fuzz-" + std::to_string(getpid()))).string() + "/";
-    return Name;
-}
-
-void SetUp()
-{
-    static sStatus Status(false);
-    static sDialogs Dialogs;
-    static sSettings Settings;
-    gHost = {};
-    gHost.Dialogs = &Dialogs;
-    gHost.Status = &Status;
-    gHost.Settings = &Settings;
-    LoadSettings();
-    gExpSTD = 1;
-    std::filesystem::create_directories(Folder());
-    std::atexit([] { std::filesystem::remove_all(Folder()); });
-}
-
 // Whether a row begins with a word that means something else to the reader, which the format cannot help.
 bool HasMisleadingRow(std::string_view Text)
 {
@@ -56,13 +27,11 @@ bool HasMisleadingRow(std::string_view Text)
 
 bool Read(const std::string& Bytes)
 {
-    const std::string Path = Folder() + "session.txt";
-    std::filesystem::remove(Path);
     gFile = {};
     gDots.Clear();
     gSegs.Clear();
     gVideoID.Clear();
-    return SaveWhole(Path, Bytes, Durability::Fast) && ReadDataFile(Path, gFile, SectionFilter::Any);
+    return ParseDataFile(Bytes, "session", gFile, SectionFilter::Any);
 }
 
 // Bytes of what was read; aborts when they do not stand for its text.
@@ -78,10 +47,10 @@ std::string Written()
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* Data, std::size_t Size)
 {
-    static const bool Ready = (SetUp(), true);
-    static_cast<void>(Ready);
+    StartProgram();
+    gExpSTD = 1;
     gCodePage = Size % 2 == 0 ? 1252 : 1251;
-    if (!Read({reinterpret_cast<const char*>(Data), Size})) return 0;
+    if (!Read(std::string(AsText(Data, Size)))) return 0;
     const std::string First = Written();
     if (!Read(First)) std::abort();
     if (HasMisleadingRow(First)) return 0;

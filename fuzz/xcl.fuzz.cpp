@@ -1,17 +1,19 @@
-// Any bytes as a raw calibration file: read, and analysed in every way.
+// Any bytes as a raw calibration file: parsed, and analysed in every way.
 #include "program.h"
 
 #include "base/mError.h"
-#include "base/mSafeSave.h"
 #include "calibration/cCalibr.h"
+#include "calibration/mRawCal.h"
 #include "core/mGlobData.h"
 
 #include <cstdint>
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* Data, std::size_t Size)
 {
-    const std::string Path = FuzzFolder() + "a.xcl";
-    SaveWhole(Path, {reinterpret_cast<const char*>(Data), Size}, Durability::Fast);
+    StartProgram();
+    int Bad = 0;
+    auto Parsed = ParseRawCal(std::string(AsText(Data, Size)), Bad);
+    if (!Parsed) return 0;
     gFile.Calibr.Clear();
     for (int Chan = 1; Chan <= 8; ++Chan) {
         CalibrRow& Row = gFile.Calibr.Grow();
@@ -20,12 +22,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* Data, std::size_t Size)
     }
     gFile.ChanCnt = 8;
     cCalibr Bench;
-    if (!Bench.LoadRawCalData(Path)) return 0;
+    Bench.TakeRawCal(std::move(*Parsed));
     Bench.SetCalGr();
     Bench.FindLimits();
     for (const eApprox Mode : {ApproxLinear, ApproxOneLine, ApproxTwoLines, ApproxAbsolute, ApproxRefTable}) {
         Bench.SetApprox(Mode);
-        // A failure of the arithmetic is told to the user; here it only must be one.
+        // A failure of the arithmetic is reported to the user; here it must only be one.
         try {
             Bench.AnalyseArr();
             Bench.Store();

@@ -11,6 +11,7 @@
 #include <string>
 
 struct CalibrRow;
+struct RawCal;
 
 class cCalibr
 {
@@ -120,6 +121,9 @@ public:
     /// Replaces the points by those of a file; asks for it when Path is empty. False when cancelled or failed (reported
     /// to the user).
     bool LoadRawCalData(const std::string& Path);
+
+    /// Takes channel, line, sensor and points of a raw calibration file in place of those here.
+    void TakeRawCal(RawCal Data);
 
     /// Whether the window may close: asks when points were added that are not saved.
     bool CheckModified() const;

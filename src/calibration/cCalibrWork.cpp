@@ -152,15 +152,20 @@ bool cCalibr::LoadRawCalData(const std::string& Path)
     if (!CheckModified()) return false;
     auto Data = cCalKeep::LoadRaw(Path);
     if (!Data) return false;
-    mPoints.Replace(std::move(Data->Points), Data->Line, Source());
+    TakeRawCal(std::move(*Data));
+    return true;
+}
+
+void cCalibr::TakeRawCal(RawCal Data)
+{
+    mPoints.Replace(std::move(Data.Points), Data.Line, Source());
     mTaking.Stop();
     mFit.Drop();
-    mChan = Data->Chan;
+    mChan = Data.Chan;
     mBoxes[BoxChan] = FormatNum(mChan, "0");
     if (Row() && mArrMin.empty()) ShowLimits();
-    mSensID = Data->SensID;
+    mSensID = Data.SensID;
     mPoints.BeginAxes(Row());
     if (!mPoints.IsEmpty()) mPoints.Recalculate();
     ShowNumbers();
-    return true;
 }

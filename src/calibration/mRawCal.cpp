@@ -112,22 +112,26 @@ std::optional<RawCal> LoadRawCal(const std::string& Path)
         FileFailed(CantOpen, Path, TitleError);
         return {};
     }
+    int Bad = 0;
+    auto Data = ParseRawCal(std::move(*Bytes), Bad);
+    if (!Data) MsgBox(Path + " is not a Calibration Data File.", TitleError);
+    if (Bad > 0) MsgBox(FormatNum(Bad, "0") + " lines hold no point and were left out: " + Path, TitleWarning);
+    return Data;
+}
+
+std::optional<RawCal> ParseRawCal(std::string Bytes, int& Bad)
+{
     TextEncoding Encoding{};
-    const std::string Whole = DecodeText(std::move(*Bytes), Encoding, TextPage());
+    const std::string Whole = DecodeText(std::move(Bytes), Encoding, TextPage());
     std::string_view Text = Whole;
-    if (TakeLine(Text) != HeadLine) {
-        MsgBox(Path + " is not a Calibration Data File.", TitleError);
-        return {};
-    }
+    if (TakeLine(Text) != HeadLine) return {};
     RawCal Data;
     ReadHead(TakeLine(Text), Data);
-    int Bad = 0;
     while (!Text.empty()) {
         if (const auto Point = ReadPoint(TakeLine(Text)))
             Data.Points.push_back(*Point);
         else
             ++Bad;
     }
-    if (Bad > 0) MsgBox(FormatNum(Bad, "0") + " lines hold no point and were left out: " + Path, TitleWarning);
     return Data;
 }

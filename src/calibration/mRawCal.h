@@ -28,3 +28,6 @@ bool SaveRawCal(const std::string& Path, const RawCal& Data);
 /// Reads channel, line, sensor and points; the other fields are not taken. Lines without numbers are left out (reported
 /// to the user). Nothing when the file cannot be read or is none of this kind (reported to the user).
 std::optional<RawCal> LoadRawCal(const std::string& Path);
+
+/// The same from the bytes of a file. Bad counts the lines that hold no point. Nothing when they are no such file.
+std::optional<RawCal> ParseRawCal(std::string Bytes, int& Bad);

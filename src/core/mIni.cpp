@@ -163,8 +163,14 @@ bool ReadIni()
                TitleError);
         return false;
     }
+    ParseIni(*Bytes);
+    return true;
+}
+
+void ParseIni(const std::string& Bytes)
+{
     TextEncoding Encoding{};
-    const std::string Decoded = DecodeText(*Bytes, Encoding, TextPage());
+    const std::string Decoded = DecodeText(Bytes, Encoding, TextPage());
     LineReader Lines(Decoded);
     for (std::string_view Line; Lines.Take(Line);) {
         const auto Equal = Line.find('=');
@@ -183,10 +189,14 @@ bool ReadIni()
             },
             Item->Global);
     }
-    return true;
 }
 
 bool WriteIni()
+{
+    return SaveWhole(IniPath(), IniText()) || FileFailed(CantWrite, IniPath(), TitleError);
+}
+
+std::string IniText()
 {
     std::string Text;
     for (const IniItem& Item : Items) {
@@ -201,7 +211,7 @@ bool WriteIni()
             Item.Global);
         Text += "\r\n";
     }
-    return SaveWhole(IniPath(), Text) || FileFailed(CantWrite, IniPath(), TitleError);
+    return Text;
 }
 
 void SelectCalibrSens(int16_t CalCh)

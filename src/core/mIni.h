@@ -56,5 +56,11 @@ bool ReadIni();
 /// Writes the ini file whole. False when it cannot be written (reported to the user).
 bool WriteIni();
 
+/// Fills the globals from the bytes of an ini file. Lines of unknown keys are left out.
+void ParseIni(const std::string& Bytes);
+
+/// The globals as the text of an ini file.
+std::string IniText();
+
 /// Copies the calibrator rows made for channel CalCh to gAutoCalCh, gAutoCalQ0 and gAutoCalQ1; the last one wins.
 void SelectCalibrSens(int16_t CalCh);

@@ -196,15 +196,22 @@ bool ReadDataFile(const std::string& Path, DataFile& File, SectionFilter Filter,
 {
     auto Bytes = ReadWhole(Path);
     if (!Bytes) return FileFailed(CantOpen, Path, TitleWarning);
+    return ParseDataFile(std::move(*Bytes), std::filesystem::path(Path).stem().string(), File, Filter, Kept) ||
+           FileFailed("This is no session data file: ", Path, TitleWarning);
+}
+
+bool ParseDataFile(std::string Bytes, const std::string& SessID, DataFile& File, SectionFilter Filter,
+                   std::string* Kept)
+{
     TextEncoding Encoding{};
-    const std::string Text = DecodeText(std::move(*Bytes), Encoding, TextPage());
-    if (!IsSession(Text)) return FileFailed("This is no session data file: ", Path, TitleWarning);
+    const std::string Text = DecodeText(std::move(Bytes), Encoding, TextPage());
+    if (!IsSession(Text)) return false;
     File.Encoding = Encoding;
     File.Model = ModelOldest;
     File.SampleCnt = 0;
     File.Desc.Clear();
     File.Data.Clear();
-    gSessID = std::filesystem::path(Path).stem().string();
+    gSessID = SessID;
     const auto Named = ReadSections(Text, File, Filter);
     if (Kept) *Kept = KeptSections(File, Named);
     return true;

@@ -23,6 +23,11 @@ extern float gOldBladeLen;
 /// False when it cannot be opened or has no section at all (reported to the user): File is as it was.
 bool ReadDataFile(const std::string& Path, DataFile& File, SectionFilter Filter, std::string* Kept = nullptr);
 
+/// The same from the bytes of a file; SessID is the identifier that its rows get. False when they have no section at
+/// all: File is as it was.
+bool ParseDataFile(std::string Bytes, const std::string& SessID, DataFile& File, SectionFilter Filter,
+                   std::string* Kept = nullptr);
+
 /// The whole file as text, with CR LF behind each line.
 std::string DataFileText(const DataFile& File, SectionFilter Filter);
 

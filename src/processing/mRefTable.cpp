@@ -57,25 +57,11 @@ bool ReadRow(std::string_view Line, RefTable& Table, std::size_t Index)
     return true;
 }
 
-// False when Text holds no table. A table whose file was cut short ends with its last whole row.
-bool ReadTable(std::string_view Text, RefTable& Table)
-{
-    TakeUpTo(Text, '\n');
-    if (!ReadHead(TakeUpTo(Text, '\n'), Table)) return false;
-    TakeUpTo(Text, '\n');
-    std::size_t Rows = 0;
-    while (!Text.empty() && Rows <= RefTable::MaxRow)
-        if (ReadRow(TakeUpTo(Text, '\n'), Table, Rows)) ++Rows;
-    if (Rows == 0) return false;
-    Table.Cnt = std::min(Table.Cnt, static_cast<int16_t>(Rows - 1));
-    return true;
-}
-
 // Gives gRefCnt, or 0 when there is no table in Text (reported to the user).
 int16_t TakeTable(const std::optional<std::string>& Text, const std::string& Path, RefTable& Table)
 {
     RefTable Read;
-    if (Text && ReadTable(*Text, Read)) {
+    if (Text && ParseRefTable(*Text, Read)) {
         Table = std::move(Read);
         return gRefCnt;
     }
@@ -101,6 +87,19 @@ void LoadRefTables(const ComingRefFile* Coming)
         Row.RefTabFN = Row.SensorID;
         if (Row.Log0 != 0) ShiftRefTable(Chan);
     }
+}
+
+bool ParseRefTable(std::string_view Text, RefTable& Table)
+{
+    TakeUpTo(Text, '\n');
+    if (!ReadHead(TakeUpTo(Text, '\n'), Table)) return false;
+    TakeUpTo(Text, '\n');
+    std::size_t Rows = 0;
+    while (!Text.empty() && Rows <= RefTable::MaxRow)
+        if (ReadRow(TakeUpTo(Text, '\n'), Table, Rows)) ++Rows;
+    if (Rows == 0) return false;
+    Table.Cnt = std::min(Table.Cnt, static_cast<int16_t>(Rows - 1));
+    return true;
 }
 
 int16_t ReadRefTable(const std::string& Path, RefTable& Table)

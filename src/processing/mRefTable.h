@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 /// A measured conversion of raw counts to physical values. Rows are 0 to Cnt.
@@ -36,6 +37,10 @@ void LoadRefTables(const ComingRefFile* Coming = nullptr);
 
 /// Reads a table file. Gives gRefCnt, or 0 when it cannot be opened (reported to the user).
 int16_t ReadRefTable(const std::string& Path, RefTable& Table);
+
+/// The same from the text of a file. A table that was cut short ends with its last whole row. False when Text holds no
+/// table; Table may have changed.
+bool ParseRefTable(std::string_view Text, RefTable& Table);
 
 /// The whole file of a table.
 std::string RefTableText(const RefTable& Table);
