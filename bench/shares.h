@@ -1,4 +1,4 @@
-// What single times of a benchmark are summed up to.
+// Median and extremes of the single times of a benchmark.
 #pragma once
 
 #include <algorithm>

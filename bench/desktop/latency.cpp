@@ -1,4 +1,4 @@
-// The way of a frame from the logger to the screen: latency FOLDER RECORDING SECONDS opens the program with its ini
+// How long a frame takes from the logger to the screen: latency FOLDER RECORDING SECONDS opens the program with its ini
 // file and settings in FOLDER, with both channel indicators and the rower's panel, plays RECORDING to it over TCP at a
 // hundred frames a second, and prints how long after its writing each frame stood on the panel's picture, and the
 // longest that the program was busy with one event.

@@ -87,7 +87,7 @@ void Open(benchmark::State& State)
     }
 }
 
-// Three times the reading of the file and one redraw, which opening is held against.
+// Three times the reading of the file and one redraw, with which opening is compared.
 void OpenReference(benchmark::State& State)
 {
     MakeSession();

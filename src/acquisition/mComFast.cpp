@@ -46,7 +46,8 @@ struct LinkInUse
 LinkInUse Used;
 
 // Models that set no speed use the settings of the last one that did.
-std::string LineSettings = "9600,n,8,1";
+constexpr const char* FirstLine = "9600,n,8,1";
+std::string LineSettings = FirstLine;
 
 std::string PortName()
 {
@@ -180,6 +181,13 @@ std::vector<std::string> Candidates()
     return Found;
 }
 } // namespace
+
+void InitLink()
+{
+    gLinkWatch = {};
+    Used = {};
+    LineSettings = FirstLine;
+}
 
 std::span<const LoggerModel> LoggerModels()
 {

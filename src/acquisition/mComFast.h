@@ -31,6 +31,9 @@ extern cLinkWatch gLinkWatch;
 /// The connection to a wireless logger.
 extern cSocketPair gLinkSocket;
 
+/// No link was asked for yet.
+void InitLink();
+
 /// Looks for a serial port that can be opened with Settings ("57600,n,8,1"), first number gCOMport, then 1 to 16.
 /// Another number than before is stored in gCOMport and the ini file. False when there is none. A device named by path
 /// needs no search.

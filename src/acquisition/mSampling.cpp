@@ -155,6 +155,15 @@ void WatchLog(int64_t Now)
 
 void InitSampling(iSocket* Second)
 {
+    InitLink();
+    InitDataWindows();
+    FromPort.Skip(FromPort.Held());
+    FromSocket.Skip(FromSocket.Held());
+    FrameSynced = IsStarving = IsFrameShown = false;
+    Timer1 = 0;
+    Timer1Interval = ReplayInterval;
+    LoggedBytes = LastGrowth = 0;
+    LinkWords.clear();
     gLinkSocket.Use(gHost.Socket, Second);
     gHost.SerialPort->OnData = MSComm1_OnComm;
     gHost.SerialPort->OnError = LinkLost;

@@ -90,6 +90,11 @@ void cDataWindow::LoseFrames()
     IsLive = false;
 }
 
+void InitDataWindows()
+{
+    LastFrame = 0;
+}
+
 const std::vector<cDataWindow*>& LoadedWindows()
 {
     return Windows;

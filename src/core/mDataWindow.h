@@ -63,6 +63,9 @@ private:
     cListener Session; // calls NewSession, LoseFrames ahead of it
 };
 
+/// No frame has come yet.
+void InitDataWindows();
+
 /// The loaded windows in the order in which they were opened.
 const std::vector<cDataWindow*>& LoadedWindows();
 

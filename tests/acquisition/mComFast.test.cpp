@@ -232,7 +232,7 @@ TEST_CASE_FIXTURE(Link, "an adapter that was pulled is taken up again, under a n
                   "30 COM port 1 lost: the line was hung up. Trying again\n31 COM port 1 is back\n");
 }
 
-TEST_CASE_FIXTURE(Link, "a wireless link is made in the background, lost, silent and made again, each told once")
+TEST_CASE_FIXTURE(Link, "a wireless link is made in the background, lost, silent and made again, each reported once")
 {
     gConnection = 1;
     gLinkAddress = "127.0.0.1";

@@ -4,10 +4,10 @@
 #include "acquisition/mComFast.h"
 #include "files/mStream.h"
 #include "support/Case.h"
+#include "support/FullDisk.h"
 #include "support/ScriptedLink.h"
 
 #include <random>
-#include <sys/resource.h>
 
 namespace {
 // A program with an open link of either kind and a recording.
@@ -328,15 +328,14 @@ TEST_CASE_FIXTURE(Recording,
 TEST_CASE_FIXTURE(Recording, "a full disk ends the recording with one message, and the windows go on")
 {
     Open(0);
-    const rlimit Room{100, RLIM_INFINITY};
-    REQUIRE(setrlimit(RLIMIT_FSIZE, &Room) == 0);
-    Port.Feed(LongFrame(40) + LongFrame(80) + LongFrame(120) + LongFrame(160));
-    CHECK(Dialogs.Told.empty());
-    Clock.Wait(0);
-    Port.Feed(LongFrame(200));
-    Clock.Wait(1000);
-    const rlimit All{RLIM_INFINITY, RLIM_INFINITY};
-    setrlimit(RLIMIT_FSIZE, &All);
+    {
+        const FullDisk Full(100);
+        Port.Feed(LongFrame(40) + LongFrame(80) + LongFrame(120) + LongFrame(160));
+        CHECK(Dialogs.Told.empty());
+        Clock.Wait(0);
+        Port.Feed(LongFrame(200));
+        Clock.Wait(1000);
+    }
     CHECK(Dialogs.Told == Texts{"Error: Can't write Log file: " + Path +
                                 " (File too large). The recording has stopped; what was recorded until now is whole."});
     CHECK_FALSE(gLogging);

@@ -18,13 +18,13 @@ struct PlainLoop
 };
 } // namespace
 
-TEST_CASE_FIXTURE(PlainLoop, "a plain serial port tells of bytes from its threshold on, and again of those left")
+TEST_CASE_FIXTURE(PlainLoop, "a plain serial port reports bytes from its threshold on, and again of those left")
 {
     sSerialPort Port(Loop);
     CheckSerialPort(Port, Wait);
 }
 
-TEST_CASE_FIXTURE(PlainLoop, "a plain serial line that hangs up is told once, and gives what came before")
+TEST_CASE_FIXTURE(PlainLoop, "a plain serial line that hangs up is reported once, and gives what came before")
 {
     sSerialPort Port(Loop);
     CheckHangUps(Port, Wait);
@@ -41,7 +41,7 @@ TEST_CASE_FIXTURE(PlainLoop, "two programs do not share a serial line, and what 
     CHECK(Second.Open(Folder.Path("port"), "57600,n,8,1", eWaiting::Dropped));
 }
 
-TEST_CASE_FIXTURE(PlainLoop, "a plain socket tells of connection, data, close and breaks")
+TEST_CASE_FIXTURE(PlainLoop, "a plain socket reports connection, data, close and breaks")
 {
     sSocket Socket(Loop);
     CheckSocket(Socket, Wait);

@@ -1,10 +1,10 @@
 // Files replaced only by whole new ones: what is left after kills, full disks and odd targets.
 #include "base/mSafeSave.h"
 #include "support/Case.h"
+#include "support/FullDisk.h"
 
 #include <csignal>
 #include <random>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -40,27 +40,6 @@ void KillWhileSaving(const std::string& Path, const std::string& First, const st
     close(Pipe[0]);
     close(Pipe[1]);
 }
-
-// No file of this process may grow beyond 4 kB while one of these lives: a disk that is full.
-class FullDisk
-{
-public:
-    FullDisk() : Handler(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        getrlimit(RLIMIT_FSIZE, &Before);
-        const rlimit Small{4096, Before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &Small);
-    }
-    ~FullDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &Before);
-        std::signal(SIGXFSZ, Handler);
-    }
-
-private:
-    void (*Handler)(int);
-    rlimit Before{};
-};
 } // namespace
 
 TEST_CASE_FIXTURE(Session, "a kill at any instant of a save leaves the old or the new file whole")
@@ -85,11 +64,11 @@ TEST_CASE_FIXTURE(Session, "a kill at any instant of a save leaves the old or th
     CHECK(ReadWhole(Path) == "after all");
 }
 
-TEST_CASE_FIXTURE(Session, "a full disk is told and leaves the old file alone in its folder")
+TEST_CASE_FIXTURE(Session, "a full disk is reported and leaves the old file alone in its folder")
 {
     REQUIRE(SaveWhole(Path, "old"));
     {
-        const FullDisk Disk;
+        const FullDisk Disk(4096);
         WholeFile File(Path);
         for (int i = 0; i < 100; ++i)
             File.Append(std::string(10'000, 'x'));
@@ -172,7 +151,7 @@ TEST_CASE_FIXTURE(Session, "of two files that belong together both are new or bo
         WholeFile First(Other), Second(Path);
         First.Append("new table");
         Second.Append(std::string(10'000, 'x'));
-        const FullDisk Disk;
+        const FullDisk Disk(4096);
         CHECK_FALSE(CommitBoth(First, Second));
         CHECK(Second.Failure() == "File too large");
     }

@@ -50,7 +50,7 @@ public:
 };
 } // namespace
 
-TEST_CASE("wrong usage is told with a usage line and touches nothing")
+TEST_CASE("wrong usage is answered with a usage line and touches nothing")
 {
     const Bench Folder;
     const std::vector<Words> Lines = {
@@ -76,7 +76,7 @@ TEST_CASE("wrong usage is told with a usage line and touches nothing")
     CHECK_FALSE(std::filesystem::exists(Folder.Path("new.txt")));
 }
 
-TEST_CASE("a failure is told with the file that it is about, exits 1 and leaves every file as it was")
+TEST_CASE("a failure is reported with the file that it is about, exits 1 and leaves every file as it was")
 {
     const Bench Folder;
     Folder.Record("a.qvn", "1");

@@ -147,7 +147,7 @@ TEST_CASE("a serial recording goes on in its file when the adapter was pulled an
     CHECK(Single.End(SIGINT) == 0);
 }
 
-TEST_CASE("a recording without a logger, without a port or without room tells so and fails")
+TEST_CASE("a recording without a logger, without a port or without room says so and fails")
 {
     Boat Single;
     REQUIRE(SaveWhole(Single.Path("new.qvn"), "an older recording"));

@@ -46,7 +46,7 @@ TEST_CASE_FIXTURE(FreshState, "a sixth calibrator is left out, and the last row 
     CHECK(gAutoCalCh == 2);
 }
 
-TEST_CASE_FIXTURE(FreshState, "a start without an ini file is told once and goes on with the defaults")
+TEST_CASE_FIXTURE(FreshState, "a start without an ini file is reported once and goes on with the defaults")
 {
     CHECK_FALSE(StartUp(Folder.Path("")));
     REQUIRE(Dialogs.Told.size() == 1);

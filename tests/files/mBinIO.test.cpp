@@ -171,7 +171,7 @@ TEST_CASE_FIXTURE(Recording, "a stretch begins at the next frame and ends with t
     CHECK(Read(Four).empty());
 }
 
-TEST_CASE_FIXTURE(Recording, "a long recording keeps 32,201 samples and tells its progress once a percent")
+TEST_CASE_FIXTURE(Recording, "a long recording keeps 32,201 samples and reports its progress once a percent")
 {
     std::string Bytes;
     for (int i = 0; i < 33000; ++i)
@@ -194,7 +194,7 @@ TEST_CASE_FIXTURE(Recording, "a long recording keeps 32,201 samples and tells it
     CHECK(Status.Shown == Percents);
 }
 
-TEST_CASE_FIXTURE(Recording, "what cannot be read is told and leaves the samples as they were")
+TEST_CASE_FIXTURE(Recording, "what cannot be read is reported and leaves the samples as they were")
 {
     CHECK(Read(Short(40, 2)) == "0 -9 1.5 0 | ");
     CHECK_FALSE(ReadRawFile(Folder.Path("missing.qvn"), Start, Stop));

@@ -138,7 +138,7 @@ TEST_CASE_FIXTURE(Outing, "progress shows the percent and the stamp as if it wer
     CHECK(Status.Shown == Texts{"3: 100%  132m 23s", "100%", "0%"});
 }
 
-TEST_CASE_FIXTURE(Outing, "what cannot be scanned is told and leaves the strokes as they were")
+TEST_CASE_FIXTURE(Outing, "what cannot be scanned is reported and leaves the strokes as they were")
 {
     gKeyMode = 1;
     CHECK(Scan({0, 20}));

@@ -188,7 +188,7 @@ TEST_CASE_FIXTURE(Session, "a file goes back in the encoding it came in, in UTF-
     CHECK(ReadWhole(Path)->starts_with("Sess\r\nŁódź\t"));
 }
 
-TEST_CASE_FIXTURE(Session, "what cannot be read is told and leaves the open file as it was")
+TEST_CASE_FIXTURE(Session, "what cannot be read is reported and leaves the open file as it was")
 {
     REQUIRE(Read(Golden("session-typed.txt")));
     const std::string Missing = Folder.Path("missing.txt");
@@ -203,7 +203,7 @@ TEST_CASE_FIXTURE(Session, "what cannot be read is told and leaves the open file
                 "Warning!: This is no session data file: " + Path, "Warning!: This is no session data file: " + Path});
 }
 
-TEST_CASE_FIXTURE(Session, "a save that fails is told with its reason, and the backup is a copy beside the file")
+TEST_CASE_FIXTURE(Session, "a save that fails is reported with its reason, and the backup is a copy beside the file")
 {
     REQUIRE(Read(Golden("session-written.txt")));
     CHECK(BackupFile(Path));

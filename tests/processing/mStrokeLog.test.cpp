@@ -3,9 +3,7 @@
 
 #include "processing/Recording.h"
 #include "support/Case.h"
-
-#include <csignal>
-#include <sys/resource.h>
+#include "support/FullDisk.h"
 
 namespace {
 const std::string Header = "Str N\tRate\tDriveT\tMaxFT\tRecovT\tLength\tMaxForce\tAverForce\tImpulse\tWPS\tPower\r\n";
@@ -83,10 +81,10 @@ TEST_CASE_FIXTURE(LogState, "rows written before a failure stay, and what cannot
     CHECK(!ExportStrokes(gKeyWin, 10, Stop));
     CHECK(!ReadWhole(Folder.Path("S1_str_01.csv")));
     gKeyMode = 3;
-    std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit Full{100, 100}; // bytes: the header fits
-    setrlimit(RLIMIT_FSIZE, &Full);
-    CHECK(!ExportStrokes(gKeyWin, 10, Stop = 25));
+    {
+        const FullDisk Full(100); // the header fits
+        CHECK(!ExportStrokes(gKeyWin, 10, Stop = 25));
+    }
     gCurDir = Folder.Path("none/");
     CHECK(!ExportStrokes(gKeyWin, 10, Stop));
     gH1Chan = -1;

@@ -76,7 +76,7 @@ TEST_CASE("the same seed gives the same bytes and another one others")
     CHECK(Bytes != Sent(File, Settings));
 }
 
-TEST_CASE("faults hit as often as told and spare the other frames")
+TEST_CASE("faults hit as often as asked for and spare the other frames")
 {
     const FreshState State;
     const DataFile File = SmallSession();

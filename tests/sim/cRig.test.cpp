@@ -57,7 +57,7 @@ TEST_CASE_FIXTURE(FreshState,
     CHECK(gRaw(17, 5) == doctest::Approx(0).epsilon(0.02)); // nobody rows
 }
 
-TEST_CASE_FIXTURE(FreshState, "a rig that the logger or the words do not allow is told")
+TEST_CASE_FIXTURE(FreshState, "a rig that the logger or the words do not allow is reported")
 {
     RigSettings Any;
     for (const char* Wrong : {"H1", "H1=", "=1,2", "H1=1,x", "H1=1,hold=0,ramp=0", "H1=1,hyst=30", "H1=1,what=2"})

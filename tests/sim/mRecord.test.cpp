@@ -1,4 +1,4 @@
-// Recordings of the demonstration sessions through the whole road, against the table of what was simulated.
+// Recordings of the demonstration sessions through the whole processing, against the table of what was simulated.
 #include "sim/mRecord.h"
 
 #include "files/mBinIO.h"
@@ -114,7 +114,7 @@ TEST_CASE("a recording holds the strokes asked for in every key mode")
     }
 }
 
-TEST_CASE("a recording that cannot be made is told and leaves every file as it was")
+TEST_CASE("a recording that cannot be made is reported and leaves every file as it was")
 {
     OpenDemo Demo("single.txt");
     const std::string Session = ReadWhole(Demo.Options.Session).value();
@@ -136,7 +136,7 @@ TEST_CASE("a recording that cannot be made is told and leaves every file as it w
     Refused("No logger is of model 61 with 1 slaves of 7 channels: ", Demo.Options);
 }
 
-TEST_CASE("options are taken in both forms and wrong ones are told")
+TEST_CASE("options are taken in both forms and wrong ones are reported")
 {
     SimOptions Options;
     const std::vector<std::string> Good = {"--seed=7", "s.txt", "--file", "o.qvn", "--kinds=26,38", "--seconds", "2.5"};

@@ -116,7 +116,7 @@ void CheckSocket(iSocket& Socket, const LinkWait& Wait)
         Server.Abort();
         CHECK(Until(Wait, [&] { return Story.starts_with("connected frames "); }));
     }
-    SUBCASE("refused, told behind Connect")
+    SUBCASE("refused, reported after Connect has returned")
     {
         Server.StopListening();
         Story.clear();
@@ -124,7 +124,7 @@ void CheckSocket(iSocket& Socket, const LinkWait& Wait)
         CHECK(Story == "");
         CHECK(Until(Wait, [&] { return Story == " error"; }));
     }
-    SUBCASE("closed by oneself, not told")
+    SUBCASE("closed by the program itself, not reported")
     {
         Socket.Close();
         Wait(50);

@@ -60,7 +60,7 @@ void PseudoTerminal::PutBack()
 {
     Master = posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
     Check(Master >= 0 && grantpt(Master) == 0 && unlockpt(Master) == 0, "no pseudo-terminal");
-    // As an adapter has it: no byte means anything to the line.
+    // As with an adapter: the line gives no byte a special meaning.
     termios Line{};
     tcgetattr(Master, &Line);
     cfmakeraw(&Line);

@@ -2,10 +2,14 @@
 #define DOCTEST_CONFIG_IMPLEMENT
 #include <doctest/doctest.h>
 
+#include "support/Fresh.h"
+
 #include <clocale>
 #include <cstdlib>
 #include <iostream>
 #include <locale>
+
+REGISTER_LISTENER("fresh", 1, FreshListener);
 
 int main(int Count, char** Args)
 {

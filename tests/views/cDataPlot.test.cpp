@@ -135,3 +135,14 @@ TEST_CASE_FIXTURE(Record, "the selection of all strokes has the numbers that fol
     CHECK_FALSE(FindAllStrokes(Start, Stop));
     CHECK(Stop == 924);
 }
+
+TEST_CASE_FIXTURE(Record, "the numbers within the filter are those of the strokes that it leaves")
+{
+    // 1.9, 2.1, 1.9, 2.1, 1.9, 2.1 and 1.5 s: the last one is further from the mean than the deviation.
+    const SelTexts Shown = *SelectionNumbers(24, 805);
+    const SelTexts Known = {"", "", "", "", "7", "31.1", "10.3%", "", "", "6", "85.7%", "30.0", "5.0%"};
+    for (const std::size_t i : {4U, 5U, 6U, 9U, 10U, 11U, 12U}) {
+        CAPTURE(i);
+        CHECK(Shown[i] == Known[i]);
+    }
+}

@@ -127,7 +127,7 @@ TEST_CASE_FIXTURE(ReportState, "a peak beyond the scale is cut off at the edge, 
         CHECK(Piece.find(" -") == std::string::npos);
 }
 
-TEST_CASE_FIXTURE(ReportState, "what a report cannot show is told on the page, and the rest is shown")
+TEST_CASE_FIXTURE(ReportState, "what a report cannot show is reported on the page, and the rest is shown")
 {
     Add("Bad", 0, 0, 50, 0, 50, "A1,H9,H1", "").Oper = OperPower;
     Add("None", 0, 0, 50, 0, 50, "", "MaxY");

@@ -107,7 +107,7 @@ TEST_CASE_FIXTURE(LiveState, "the keys of the indicators hold the link, dump wha
     CHECK(!gDumping);
 }
 
-TEST_CASE_FIXTURE(LiveState, "a recording into which nothing flows is told on red ground until frames come again")
+TEST_CASE_FIXTURE(LiveState, "a recording into which nothing flows is reported on red ground until frames come again")
 {
     Check();
     Send(1, 2);

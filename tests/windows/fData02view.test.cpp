@@ -109,7 +109,8 @@ TEST_CASE_FIXTURE(Recording, "strokes are selected, their numbers shown, and pro
     CHECK(ReadWhole(Folder.Path("s.bak")).has_value());
 }
 
-TEST_CASE_FIXTURE(Recording, "the road to paper: strokes are selected, their typical stroke is shown and saved as PDF")
+TEST_CASE_FIXTURE(Recording,
+                  "from a recording to paper: strokes are selected, their typical stroke is shown and saved as PDF")
 {
     ViewRow& Row = gFile.View3.Grow();
     Row.ID = "Force";

@@ -192,7 +192,7 @@ TEST_CASE_FIXTURE(ShellState, "place, bars and colours are kept over the end of 
     CHECK(Settings.GetSetting("RGBArr", "RGBArr01") == "255");
 }
 
-TEST_CASE_FIXTURE(ShellState, "a first start tells of the missing file once and opens a copy of the demonstration")
+TEST_CASE_FIXTURE(ShellState, "a first start reports the missing file once and opens a copy of the demonstration")
 {
     REQUIRE(SaveWhole(Folder.Path("eight.txt"), "Main\n"));
     CHECK(!Main.Load(Folder.Path("")));

@@ -2,9 +2,12 @@
 #define DOCTEST_CONFIG_IMPLEMENT
 #include <doctest/doctest.h>
 
+#include "support/Fresh.h"
 #include "widgets/qLook.h"
 
 #include <QApplication>
+
+REGISTER_LISTENER("fresh", 1, FreshListener);
 
 int main(int Count, char** Args)
 {

@@ -12,19 +12,19 @@ namespace {
 const LinkWait Wait = [](int Milliseconds) { QTest::qWait(Milliseconds); };
 } // namespace
 
-TEST_CASE("a serial port tells of bytes from its threshold on, and again of those that were left")
+TEST_CASE("a serial port reports bytes from its threshold on, and again of those that were left")
 {
     qSerialPort Port;
     CheckSerialPort(Port, Wait);
 }
 
-TEST_CASE("a serial line that hangs up is told once, closed, and can be taken up again, a hundred times over")
+TEST_CASE("a serial line that hangs up is reported once, closed, and can be taken up again, a hundred times over")
 {
     qSerialPort Port;
     CheckHangUps(Port, Wait);
 }
 
-TEST_CASE("a socket tells of connection, data and each end")
+TEST_CASE("a socket reports connection, data and each end")
 {
     qSocket Socket;
     CheckSocket(Socket, Wait);
