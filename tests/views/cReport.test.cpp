@@ -1,5 +1,6 @@
 // The report: rows of samples and patterns on a page that a surface writes down.
 #include "support/Case.h"
+#include "support/Golden.h"
 #include "support/SurfaceLog.h"
 #include "views/report/cReportPage.h"
 
@@ -102,10 +103,7 @@ TEST_CASE_FIXTURE(ReportState, "a page is drawn as it was: head, plots with scal
     Add("Both", 0, 0, 50, 50, 100, "None,A1,H1", "MinY,Odd1").Oper = 1;
     gFile.Comment = "Into the wind";
     gFile.Crew.Grow().Name = "An Other";
-    std::string Page;
-    for (const std::string& Call : Lines(ReportStored))
-        Page += Call + "\n";
-    CHECK(Page == ReadWhole(SOURCE_FOLDER "/tests/golden/report-page.txt").value_or(""));
+    CheckGolden("report-page.txt", Lines(ReportStored));
 }
 
 TEST_CASE_FIXTURE(ReportState, "a peak beyond the scale is cut off at the edge, and its flanks are not joined there")
