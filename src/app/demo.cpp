@@ -1,14 +1,19 @@
-// skarvelin-demo FOLDER [--file FILE]... [--size WIDTHxHEIGHT] [--picture FILE] COMMAND...: the desktop program with
-// its ini file and settings in FOLDER, for demonstrations and for pictures of its windows. A command is the name of a
-// menu entry or of a button of the window in front, NAME=TEXT to type into a box, key:NAME to press a key,
-// click:NAME@X,Y to click on a control at shares of its size, wait:MILLISECONDS. Each FILE answers a question for a
-// file.
+// skarvelin-demo FOLDER [--file FILE]... [--size WIDTHxHEIGHT] [--picture FILE] [--controls FILE] COMMAND...: the
+// desktop program with its ini file and settings in FOLDER, for demonstrations, pictures of its windows and checks of
+// what they show. A command is the name of a menu entry or of a button of the window in front, NAME=TEXT to type into a
+// box, key:NAME to press a key, click:NAME@X,Y to click on a control at shares of its size, wait:MILLISECONDS,
+// memory:MEGABYTES to let the program have no more than that in addition. Each FILE answers a question for a file. With
+// --picture or --controls the program ends behind the last command, when it has saved what the window looks like, or
+// the list of its controls (see widgets/qControls.h).
 #include "acquisition/mComFast.h"
 #include "acquisition/mSampling.h"
 #include "app/qProgram.h"
+#include "base/mNumText.h"
+#include "base/mSafeSave.h"
 #include "core/mGlobData.h"
 #include "platform/mHost.h"
 #include "platform/qt/qText.h"
+#include "widgets/qControls.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -21,6 +26,9 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <optional>
+#include <sys/resource.h>
+#include <unistd.h>
 #include <utility>
 
 namespace {
@@ -118,6 +126,16 @@ void ClickAt(QWidget& Window, const QString& Text)
     }
 }
 
+// Memory becomes short: the program can have that much in addition to what it has.
+void LimitMemory(double Megabytes)
+{
+    const auto Pages = Val(ReadWhole("/proc/self/statm").value_or(""));
+    const auto Limit =
+        static_cast<rlim_t>(Pages * static_cast<double>(sysconf(_SC_PAGESIZE)) + Megabytes * 1024 * 1024);
+    const rlimit Limits{Limit, Limit};
+    setrlimit(RLIMIT_AS, &Limits);
+}
+
 void Obey(QWidget& Window, const QString& Word)
 {
     // Without a screen nobody gives the keyboard back to the window when a dialog has closed.
@@ -126,23 +144,40 @@ void Obey(QWidget& Window, const QString& Word)
         PressKey(QApplication::focusWidget(), QKeySequence(Word.mid(4))[0].key());
     else if (Word.startsWith("click:"))
         ClickAt(Window, Word.mid(6));
+    else if (Word.startsWith("memory:"))
+        LimitMemory(Val(Plain(Word.mid(7))));
     else if (Word.contains('='))
         Type(Window, Word.section('=', 0, 0), Word.section('=', 1));
     else
         Press(Window, Word);
 }
 
-// Saves a picture of the window and ends the program, as soon as enough frames have come, or, where nothing sends any,
-// when the windows have had time to open.
-void TakePicture(QWidget& Window, const QString& Path)
+// What is kept of the program's end: a picture of the window, a list of the controls, or both.
+struct Wanted
+{
+    QString Picture;
+    QString Controls;
+
+    bool IsAny() const { return !Picture.isEmpty() || !Controls.isEmpty(); }
+};
+
+bool Keep(QWidget& Window, const Wanted& What)
+{
+    if (!What.Picture.isEmpty() && !InFewColours(Seen(Window)).save(What.Picture, "PNG", 0)) return false;
+    return What.Controls.isEmpty() || SaveWhole(Plain(What.Controls), Plain(ListControls(Window)));
+}
+
+// Keeps what is wanted and ends the program, as soon as enough frames have come, or, where nothing sends any, when the
+// windows have had time to open.
+void KeepAtEnd(QWidget& Window, const Wanted& What)
 {
     auto* Look = new QTimer(&Window);
-    QObject::connect(Look, &QTimer::timeout, &Window, [&Window, Path, Look, Waited = 0]() mutable {
+    QObject::connect(Look, &QTimer::timeout, &Window, [&Window, What, Look, Waited = 0]() mutable {
         const bool IsStill = gLinkWatch.State() == cLinkWatch::eState::Closed && !gReplaying;
         Waited = IsStill ? Waited + LookMs : 0;
         if (IsStill ? Waited < StillMs : gFrameCnt < FramesForPicture) return;
         Look->stop();
-        QApplication::exit(InFewColours(Seen(Window)).save(Path, "PNG", 0) ? 0 : 1);
+        QApplication::exit(Keep(Window, What) ? 0 : 1);
     });
     Look->start(LookMs);
     QTimer::singleShot(PatienceForPicture, &Window, [] {
@@ -150,49 +185,77 @@ void TakePicture(QWidget& Window, const QString& Path)
         QApplication::exit(1);
     });
 }
+
+// The command line behind the folder.
+struct Options
+{
+    QStringList Files;
+    QSize Size{1280, 800};
+    Wanted AtEnd;
+    QStringList Commands;
+};
+
+// Nothing when an option is unknown or lacks its value.
+std::optional<Options> Parse(QStringList Words)
+{
+    Options Parsed;
+    while (!Words.isEmpty() && Words[0].startsWith("--")) {
+        if (Words.size() < 2) return {};
+        const QString Option = Words.takeFirst(), Value = Words.takeFirst();
+        if (Option == "--file")
+            Parsed.Files << Value;
+        else if (Option == "--size")
+            Parsed.Size = {Value.section('x', 0, 0).toInt(), Value.section('x', 1).toInt()};
+        else if (Option == "--picture")
+            Parsed.AtEnd.Picture = Value;
+        else if (Option == "--controls")
+            Parsed.AtEnd.Controls = Value;
+        else
+            return {};
+    }
+    Parsed.Commands = Words;
+    return Parsed;
+}
+
+// Starts each command a moment behind the one before. Gives the time of the last one, ms.
+int Schedule(frmMain& Main, const QStringList& Commands)
+{
+    int Delay = 0;
+    for (const QString& Word : Commands)
+        if (Word.startsWith("wait:"))
+            Delay += Word.mid(5).toInt();
+        else
+            QTimer::singleShot(Delay += CommandMs, Qt::PreciseTimer, &Main, [&Main, Word] { Obey(Main, Word); });
+    return Delay;
+}
+
+int Demo(qToolkit&)
+{
+    QStringList Words = QApplication::arguments().mid(1);
+    const std::string Folder = Words.isEmpty() ? "" : Plain(Words.takeFirst()) + "/";
+    const std::optional<Options> Line = Parse(Words);
+    if (Folder.empty() || !Line) {
+        std::fputs("usage: skarvelin-demo FOLDER [--file FILE]... [--size WIDTHxHEIGHT] [--picture FILE] "
+                   "[--controls FILE] COMMAND...\n",
+                   stderr);
+        return 2;
+    }
+    qProgram Program(Folder + "settings.ini");
+    Program.Start(Folder);
+    DemoDialogs Dialogs;
+    Dialogs.Files = Line->Files;
+    iDialogs* const Former = std::exchange(gHost.Dialogs, &Dialogs);
+    frmMain& Main = Program.Main();
+    if (Line->AtEnd.IsAny()) Main.setGeometry(QRect(QPoint(), Line->Size));
+    const int Delay = Schedule(Main, Line->Commands);
+    if (Line->AtEnd.IsAny()) QTimer::singleShot(Delay, Qt::PreciseTimer, &Main, [&] { KeepAtEnd(Main, Line->AtEnd); });
+    const int Exit = QApplication::exec();
+    gHost.Dialogs = Former;
+    return Exit;
+}
 } // namespace
 
 int main(int Count, char** Args)
 {
-    QApplication Toolkit(Count, Args);
-    QStringList Words = QApplication::arguments().mid(1);
-    if (Words.isEmpty()) {
-        std::fputs("usage: skarvelin-demo FOLDER [--file FILE]... [--size WIDTHxHEIGHT] [--picture FILE] COMMAND...\n",
-                   stderr);
-        return 2;
-    }
-    const std::string Folder = Plain(Words.takeFirst()) + "/";
-    qProgram Program(Folder + "settings.ini");
-    Program.Start(Folder);
-    DemoDialogs Dialogs;
-    iDialogs* const Former = std::exchange(gHost.Dialogs, &Dialogs);
-    while (Words.size() > 1 && Words[0] == "--file") {
-        Dialogs.Files << Words[1];
-        Words = Words.mid(2);
-    }
-    QSize Size(1280, 800);
-    if (Words.size() > 1 && Words[0] == "--size") {
-        const QStringList Sides = Words[1].split('x');
-        Size = {Sides.value(0).toInt(), Sides.value(1).toInt()};
-        Words = Words.mid(2);
-    }
-    QString Picture;
-    if (Words.size() > 1 && Words[0] == "--picture") {
-        Picture = Words[1];
-        Words = Words.mid(2);
-        Program.Main().setGeometry(QRect(QPoint(), Size));
-    }
-    int Delay = 0;
-    for (const QString& Word : Words)
-        if (Word.startsWith("wait:"))
-            Delay += Word.mid(5).toInt();
-        else
-            QTimer::singleShot(Delay += CommandMs, Qt::PreciseTimer, &Program.Main(),
-                               [&Program, Word] { Obey(Program.Main(), Word); });
-    if (!Picture.isEmpty())
-        QTimer::singleShot(Delay, Qt::PreciseTimer, &Program.Main(),
-                           [&Program, Picture] { TakePicture(Program.Main(), Picture); });
-    const int Exit = QApplication::exec();
-    gHost.Dialogs = Former;
-    return Exit;
+    return RunProgram(Count, Args, Demo);
 }

@@ -3,15 +3,20 @@
 #include "core/shell/fFolders.h"
 #include "platform/qt/qText.h"
 
-#include <QApplication>
 #include <QStandardPaths>
 
-int main(int Count, char** Args)
+namespace {
+int Main(qToolkit&)
 {
-    QApplication Toolkit(Count, Args);
     QApplication::setApplicationName("skarvelin");
     qProgram Program(qSettings::UserPath());
     Program.Start(ProgramFolder(Plain(QApplication::applicationDirPath()),
                                 Plain(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation))));
     return QApplication::exec();
+}
+} // namespace
+
+int main(int Count, char** Args)
+{
+    return RunProgram(Count, Args, Main);
 }

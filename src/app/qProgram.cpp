@@ -10,19 +10,62 @@
 #include "widgets/qIcons.h"
 #include "widgets/qLook.h"
 
-#include <QApplication>
+#include <QDir>
 #include <QFileInfo>
+#include <QTimer>
+
+#include <cstdio>
+#include <utility>
 
 namespace {
-// Beside an unpacked program, in an installed one, or in the tree that it was built from.
+// Beside an unpacked program, in an installed one, or in the source tree, whose build folders lie within it.
 std::string DemoFolder()
 {
     const QString Program = QApplication::applicationDirPath();
-    for (const QString& Folder : {Program + "/demo", Program + "/../share/skarvelin/demo", QString(SOURCE_DEMO)})
-        if (QFileInfo::exists(Folder + "/eight.txt")) return Plain(Folder);
+    for (const char* Folder : {"demo", "../share/skarvelin/demo", "../demo", "../../demo", "../../../demo"})
+        if (const QString Path = Program + "/" + Folder; QFileInfo::exists(Path + "/eight.txt"))
+            return Plain(QDir::cleanPath(Path));
     return {};
 }
 } // namespace
+
+bool qToolkit::notify(QObject* Receiver, QEvent* Event)
+{
+    try {
+        return QApplication::notify(Receiver, Event);
+    } catch (...) {
+        Report(FailureReason());
+        return false;
+    }
+}
+
+// The message waits for the end of the event, which may be the painting of a window.
+void qToolkit::Report(const std::string& Reason)
+{
+    std::fputs(("skarvelin: " + Reason + ".\n").c_str(), stderr);
+    if (std::exchange(IsReporting, true)) return;
+    QTimer::singleShot(0, this, [this, Reason] {
+        Guard("The message", [&] {
+            MsgBox("What went on has failed: " + Reason +
+                       ". Nothing that was stored has been changed. Save what you "
+                       "have changed, under another name if in doubt.",
+                   TitleError);
+            return true;
+        });
+        IsReporting = false;
+    });
+}
+
+int RunProgram(int Count, char** Args, int (*Main)(qToolkit& Toolkit))
+{
+    try {
+        qToolkit Toolkit(Count, Args);
+        return Main(Toolkit);
+    } catch (...) {
+        std::fputs(("skarvelin: " + FailureReason() + ".\n").c_str(), stderr);
+        return 1;
+    }
+}
 
 qProgram::qProgram(const std::string& SettingsPath) : Settings(SettingsPath)
 {
@@ -36,6 +79,8 @@ qProgram::qProgram(const std::string& SettingsPath) : Settings(SettingsPath)
 void qProgram::Start(const std::string& Folder)
 {
     if (!Window->Load(Folder)) OfferDemo(DemoFolder(), Folder);
-    if (!gCurFile.empty()) Guard("Opening the session", LoadCurrentFile);
+    const bool IsLoaded = gCurFile.empty() || Guard("Opening the session", LoadCurrentFile);
+    // Saving would put an empty session in its place; a file that is not there may be on a stick that will be.
+    if (!IsLoaded && QFileInfo::exists(Shown(gCurFile))) SetCurFile("");
     Window->show();
 }

@@ -9,8 +9,29 @@
 #include "platform/qt/qSocket.h"
 #include "platform/qt/qStatus.h"
 
+#include <QApplication>
+
 #include <optional>
 #include <string>
+
+/// The event loop of the program. A failure outside every command, or memory that cannot be had, ends what went on with
+/// a message, and the program goes on with all that it holds.
+class qToolkit : public QApplication
+{
+public:
+    using QApplication::QApplication;
+
+    bool notify(QObject* Receiver, QEvent* Event) override;
+
+private:
+    void Report(const std::string& Reason);
+
+    bool IsReporting = false; // one message at a time: what fails may do so with each event
+};
+
+/// Runs the program's main function. An exception that leaves it ends the program with a line on stderr and exit
+/// code 1.
+int RunProgram(int Count, char** Args, int (*Main)(qToolkit& Toolkit));
 
 class qProgram
 {

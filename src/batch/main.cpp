@@ -11,6 +11,7 @@
 #endif
 
 #include <algorithm>
+#include <cstdio>
 #include <iostream>
 #include <unistd.h>
 
@@ -127,5 +128,10 @@ int main(int Count, char** Words)
 #ifdef SKARVELIN_DESKTOP
     gWriteReport = WriteReportOffscreen;
 #endif
-    return Run({Words + 1, Words + Count});
+    try {
+        return Run({Words + 1, Words + Count});
+    } catch (...) {
+        std::fputs(("skarvelin-batch: " + FailureReason() + ".\n").c_str(), stderr);
+        return Failed;
+    }
 }

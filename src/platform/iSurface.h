@@ -79,7 +79,8 @@ public:
     /// Writes Text with its top at Y.
     virtual void Text(double X, double Y, const std::string& Text, eAlign Align = eAlign::Left) = 0;
 
-    /// Width of a text in letters of that height. Without letters to measure it is a good guess for those of UTF-8.
+    /// Width of a text in a font of that height. Where there is no font to measure it is an estimate by the number of
+    /// characters.
     virtual double TextWidth(const std::string& Text, int Size, bool Bold = false) const
     {
         const auto Letters = std::count_if(Text.begin(), Text.end(), [](char C) { return (C & 0xC0) != 0x80; });

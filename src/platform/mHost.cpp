@@ -3,6 +3,9 @@
 
 #include "base/mError.h"
 
+#include <new>
+#include <stdexcept>
+
 Host gHost;
 
 namespace {
@@ -79,6 +82,18 @@ bool GoOn(int Percent)
     return !gHost.Status->IsCancelled();
 }
 
+std::string FailureReason()
+{
+    try {
+        throw;
+    } catch (const RunError& Failure) {
+        return Failure.what();
+    } catch (const std::bad_alloc&) {
+    } catch (const std::length_error&) {
+    }
+    return "there is not enough memory";
+}
+
 bool Guard(const std::string& What, const std::function<bool()>& Work)
 {
     std::vector<std::string> Failures;
@@ -92,8 +107,8 @@ bool Guard(const std::string& What, std::vector<std::string>& Failures, const st
 {
     try {
         return Work();
-    } catch (const RunError& Failure) {
-        Failures.push_back(What + " failed: " + Failure.what());
+    } catch (...) {
+        Failures.push_back(What + " failed: " + FailureReason());
         return false;
     }
 }

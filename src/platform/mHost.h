@@ -70,7 +70,11 @@ void UpdateProgress(int Percent);
 /// Shows the progress of a long operation. False when the user has cancelled it: it ends and undoes its changes.
 bool GoOn(int Percent);
 
-/// Runs Work and returns its result. A RunError is shown as one message, which names What failed, and gives false.
+/// In a catch block: why the work failed, a RunError or memory that could not be had. Throws any other exception again.
+std::string FailureReason();
+
+/// Runs Work and returns its result. A RunError, or memory that cannot be had, is shown as one message, which names
+/// What failed, and gives false.
 bool Guard(const std::string& What, const std::function<bool()>& Work);
 
 /// The same, but the message is added to Failures: for work in several parts, some of which may fail.

@@ -1,4 +1,4 @@
-// Commas become points ahead of the text.
+// The validator that replaces commas.
 #include "widgets/qDecimal.h"
 
 #include <QLineEdit>

@@ -3,6 +3,6 @@
 
 class QLineEdit;
 
-/// Makes each comma that is typed or pasted into Box a point: numbers are read with a point in every country, and what
-/// stands behind a comma would be left out of them.
+/// Makes each comma that is typed or pasted into Box a point: numbers are read with a decimal point in every country,
+/// and what follows a comma would be ignored.
 void TakeDecimalComma(QLineEdit& Box);

@@ -20,7 +20,7 @@ public:
     /// Whether a column holds numbers, which stand at the right; without it none does.
     std::function<bool(int Column)> IsNumber;
 
-    /// Called behind each change.
+    /// Called after each change.
     std::function<void()> OnChanged;
 
     const cGrid& Table() const { return Grid; }

@@ -21,7 +21,7 @@ std::string ColumnKey(const std::string& Prefix, std::size_t Column)
     return Prefix + "ColW_" + FormatNum(static_cast<double>(Column), "00");
 }
 
-// An editor takes what was typed when the keyboard leaves it, which it does ahead of the click on a button.
+// An editor takes over what was typed when it loses the focus, which is before the click on a button arrives.
 class qCancelDelegate : public QStyledItemDelegate
 {
 public:

@@ -30,7 +30,7 @@ public:
     /// Goes to a row, in the column that the cursor is in.
     void GoToRow(int Row);
 
-    /// The columns' widths as shares of the grid's, under the keys "ColW_00", "ColW_01" ... behind Prefix. A column
+    /// The columns' widths as shares of the grid's, under Prefix and the keys "ColW_00", "ColW_01" .... A column
     /// without a kept one gets room for its texts, and a part of what is to spare.
     void RestoreColumns(const std::string& Section, const std::string& Prefix);
     void KeepColumns(const std::string& Section, const std::string& Prefix) const;

@@ -1,4 +1,4 @@
-// Dark letters on light grounds: a launch has the sun on its screen.
+// Dark text on light backgrounds, which can be read in sunlight.
 #include "widgets/qLook.h"
 
 #include <QApplication>

@@ -26,7 +26,7 @@ QRect Room(const QWidget& Moved)
 
 int Kept(const std::string& Section, const std::string& Key)
 {
-    constexpr int32_t Far = 1 << 20; // beyond every screen
+    constexpr int32_t Far = 1 << 20; // farther than any screen
     return RoundWithin(Val(gHost.Settings->GetSetting(Section, Key).value_or("0")), -Far, Far);
 }
 } // namespace

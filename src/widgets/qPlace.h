@@ -11,5 +11,5 @@ class QWidget;
 /// either within what can be seen. Call it when the window is in its place, in the work area or on the screen.
 void RestorePlace(QWidget& Window, const std::string& Section, QSize Default, const std::string& Prefix = "");
 
-/// Keeps "Left", "Top", "Width" and "Height" of a window, Prefix ahead of each, in that section.
+/// Keeps "Left", "Top", "Width" and "Height" of a window in that section, each with Prefix before it.
 void KeepPlace(const QWidget& Window, const std::string& Section, const std::string& Prefix = "");

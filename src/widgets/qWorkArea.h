@@ -1,4 +1,4 @@
-// The area of the main window in which all other windows live; empty, it tells how to begin.
+// The area of the main window that holds all other windows; while it is empty it says how to begin.
 #pragma once
 
 #include <QMdiArea>

@@ -136,3 +136,33 @@ TEST_CASE_FIXTURE(LiveState, "the window does not close over a running recording
     CHECK(!Main.isVisible());
     CHECK(!gLogging);
 }
+
+TEST_CASE_FIXTURE(LiveState,
+                  "another session asks before it ends a recording and its link, and begins without its counts")
+{
+    const std::string Other = Folder.Path("other.txt");
+    REQUIRE(SaveWhole(Other, "Main\r\nEnd\r\nEOF\r\n"));
+    Check();
+    Send(1, 5);
+    Choose("mnuCalibrLog");
+    Sent.clear();
+    Send(6, 20);
+    Dialogs.AnswerYes = false;
+    Main.OpenFile(Other);
+    CHECK(Dialogs.Told.back().find("A recording is running") != std::string::npos);
+    CHECK(gCurFile == Folder.Path("crew.txt"));
+    CHECK(gLogging);
+    CHECK(Socket.State() != eSocketState::Closed);
+
+    Dialogs.AnswerYes = true;
+    Main.OpenFile(Other);
+    CHECK(gCurFile == Other);
+    CHECK(!gLogging);
+    CHECK(Socket.State() == eSocketState::Closed);
+    CHECK(ReadWhole(Folder.Path("crew_000.qvn")) == Sent.toStdString());
+    CHECK(gData[8] == 0);
+
+    const auto Asked = Dialogs.Told.size();
+    Main.OpenFile(Folder.Path("crew.txt")); // nothing runs any more
+    CHECK(Dialogs.Told.size() == Asked);
+}

@@ -39,7 +39,7 @@ void AskAndView(frmMain& Main, const char* Title, const char* Ext, int16_t Mode)
     if (!Path.empty()) OpenWindow(Main, "fData02view", {.File = Path, .Mode = Mode});
 }
 
-// A recording that is played wants a window to be seen in.
+// A recording that is played needs a window that shows it.
 void Play(frmMain& Main, const std::string& Path)
 {
     StartReplay(Path);

@@ -35,7 +35,7 @@ namespace {
 constexpr int WatchEvery = 100; // ms
 const QColor AlarmColour(200, 0, 0);
 
-// The session file among the things dragged over the window, empty when there is none.
+// The session file among what is dragged over the window, empty when there is none.
 QString SessionFile(const QMimeData* Things)
 {
     for (const QUrl& Address : Things->urls())
@@ -82,9 +82,23 @@ bool frmMain::Load(const std::string& Folder)
     return Found;
 }
 
+bool frmMain::EndForSession()
+{
+    const char* const Running = gLogging         ? "A recording is running"
+                                : IsReplayOpen() ? "A recording is being played"
+                                                 : "The link to the logger is open";
+    if (IsAcquiring() && !AskYesNo(std::string(Running) + ", with the channels of the open session. End it, and go on to "
+                                                      "the other session?",
+                               TitleWarning))
+        return false;
+    if (!Area->CloseAsking()) return false;
+    EndAcquisition();
+    return true;
+}
+
 void frmMain::OpenFile(const std::string& Path)
 {
-    if (!Area->CloseAsking()) return;
+    if (!EndForSession()) return;
     const std::string Former = gCurFile;
     if (!Guard("Opening the session", [&] { return OpenSession(Path); }))
         SetCurFile(Former);
@@ -159,7 +173,7 @@ void frmMain::Tile(Qt::Orientation Direction)
 // A place kept on a screen that is gone would hide the window, so it is moved onto one that is there.
 void frmMain::PlaceWindow()
 {
-    constexpr int32_t Far = 1 << 20; // beyond every screen
+    constexpr int32_t Far = 1 << 20; // farther than any screen
     const auto Pixels = [](float Side) { return RoundWithin(static_cast<double>(Side), -Far, Far); };
     const QRect Kept(Pixels(gMainPlace.Left), Pixels(gMainPlace.Top), Pixels(gMainPlace.Width),
                      Pixels(gMainPlace.Height));

@@ -1,4 +1,4 @@
-// The main window: menus, toolbar, status bar, and the area in which all other windows live.
+// The main window: menus, toolbar, status bar, and the area that holds all other windows.
 #pragma once
 
 #include "platform/qt/qStatus.h"
@@ -20,12 +20,15 @@ public:
     explicit frmMain(qStatus& InitStatus);
     ~frmMain() override;
 
-    /// Reads settings and the ini file of the program's folder and makes the window look as they say; behind it the
-    /// window can be shown. False when there is no ini file (told).
+    /// Reads settings and the ini file of the program's folder and makes the window look as they say; after it the
+    /// window can be shown. False when there is no ini file (reported to the user).
     bool Load(const std::string& Folder);
 
-    /// Opens a session; one that cannot be read leaves the former one open, and so does a window whose work is not
-    /// saved and that stays.
+    /// Sees to it that another session can take the place of the open one: ends a recording, a replay and the link once
+    /// that is confirmed, and closes windows with unsaved work, which ask. False when something stays as it is.
+    bool EndForSession();
+
+    /// Opens a session behind EndForSession. One that cannot be read leaves the former one open.
     void OpenFile(const std::string& Path);
 
     /// Puts a window into the area and shows it.

@@ -9,6 +9,46 @@
 #include "core/mSettings.h"
 #include "files/mTextIO.h"
 #include "platform/mHost.h"
+#include "processing/mRefTable.h"
+
+namespace {
+// What a session file is read into. A failure in the middle of the reading, which goes on in place, puts it back.
+class cRollback
+{
+public:
+    cRollback() = default;
+    ~cRollback()
+    {
+        if (IsDone) return;
+        gFile = std::move(File);
+        gSessID = std::move(SessID);
+        gKeyMode = KeyMode;
+        gDots = std::move(Dots);
+        gSegs = std::move(Segs);
+        gVideoID = std::move(VideoID);
+        gVidCoords = std::move(Coords);
+        gVidAngles = std::move(Angles);
+        gRefTabs = std::move(RefTabs);
+        gRefCnt = RefCnt;
+    }
+    cRollback(const cRollback&) = delete;
+    cRollback& operator=(const cRollback&) = delete;
+
+    bool IsDone = false;
+
+private:
+    DataFile File = gFile;
+    std::string SessID = gSessID;
+    int16_t KeyMode = gKeyMode;
+    RowArray<DotRow> Dots = gDots;
+    RowArray<SegRow> Segs = gSegs;
+    RowArray<VideoIDRow> VideoID = gVideoID;
+    RowArray<VidCoordsRow> Coords = gVidCoords;
+    decltype(gVidAngles) Angles = gVidAngles;
+    std::vector<RefTable> RefTabs = gRefTabs;
+    int16_t RefCnt = gRefCnt;
+};
+} // namespace
 
 bool StartUp(const std::string& Folder)
 {
@@ -24,10 +64,12 @@ bool StartUp(const std::string& Folder)
 
 bool LoadCurrentFile()
 {
+    cRollback Former;
     std::string Kept;
     if (!ReadDataFile(gCurFile, gFile, SectionFilter::Any, &Kept)) return false;
     if (!Kept.empty()) UpdateStatus("Kept from the session before: " + Kept);
     ResolveChannels();
+    Former.IsDone = true;
     return true;
 }
 

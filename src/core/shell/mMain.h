@@ -4,14 +4,15 @@
 #include <string>
 
 /// Makes Folder the program's folder and fills the globals from the settings store and the ini file. False when there
-/// is no ini file (told): the defaults hold.
+/// is no ini file (reported to the user): the defaults hold.
 bool StartUp(const std::string& Folder);
 
 /// Reads gCurFile into gFile with all sections and resolves the key and force channels. False when it cannot be read
-/// (told).
+/// (reported to the user); the former session stays, also when reading ends in an exception.
 bool LoadCurrentFile();
 
-/// Makes Path the current session data file and loads it. False when it cannot be read (told).
+/// Makes Path the current session data file, loads it and notifies all windows. False when it cannot be read (reported
+/// to the user).
 bool OpenSession(const std::string& Path);
 
 /// Saves what belongs to the program rather than to a session: the ini file and the display settings.

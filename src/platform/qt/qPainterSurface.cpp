@@ -4,7 +4,7 @@
 #include "platform/qt/qColour.h"
 
 namespace {
-// The same letters on every machine, at the places that they have on paper.
+// The same font sizes on every machine, at the places that the text has on paper.
 QFont PageLetters()
 {
     QFont Letters("DejaVu Sans");

@@ -1,4 +1,4 @@
-// Pen, fill and letters of a surface, and the drawing with them on any of the toolkit's painters.
+// Pen, fill and font of a surface, and the drawing with them on any of the toolkit's painters.
 #pragma once
 
 #include "platform/iSurface.h"
@@ -12,7 +12,7 @@ class qPencil
 public:
     explicit qPencil(const QFont& Family);
 
-    /// Gives pen, fill and letters to a painter that begins.
+    /// Sets pen, fill and font of a painter that begins.
     void Take(QPainter& On) const;
 
     // Changes for what is drawn from now on; a painter that is active takes them at once.

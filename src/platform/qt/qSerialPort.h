@@ -25,7 +25,7 @@ private:
     void TellFailure();
 
     QSerialPort Port;
-    QTimer NextTurn; // tells again of bytes that were left
+    QTimer NextTurn; // reports again bytes that were left
     QTimer Failure;
     bool IsTelling = false;
     bool IsBroken = false; // for the rest of the program the port is closed

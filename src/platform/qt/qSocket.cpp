@@ -19,7 +19,7 @@ qSocket::qSocket()
     QObject::connect(&Socket, &QTcpSocket::readyRead, &Socket, [this] {
         if (OnData) OnData(BytesReceived());
     });
-    // Failures are told in a turn of their own: some come while the caller still is inside Connect.
+    // Failures are reported in a later turn of the event loop: some come while the caller still is inside Connect.
     Failure.setSingleShot(true);
     QObject::connect(&Socket, &QTcpSocket::errorOccurred, &Socket, [this] { Failure.start(0); });
     QObject::connect(&Failure, &QTimer::timeout, &Socket, [this] { TellFailure(); });

@@ -9,8 +9,6 @@
 #include <QProgressBar>
 
 namespace {
-constexpr int PaintEvery = 50; // ms
-
 // Lets nothing begin while long work goes on, and sees Esc. A timer that is held back here fires again later.
 class WorkGate : public QObject
 {
@@ -43,17 +41,12 @@ public:
 };
 } // namespace
 
-qStatus::qStatus()
-{
-    Delay.setSingleShot(true);
-    QObject::connect(&Delay, &QTimer::timeout, &Delay, [this] { Show(); });
-}
+qStatus::qStatus() : Refresh([this] { Show(); }) {}
 
 void qStatus::Attach(std::array<QLabel*, 3> NewPanels, QProgressBar* NewProgress)
 {
     Panels = NewPanels;
     Progress = NewProgress;
-    SincePaint.start();
 }
 
 void qStatus::Detach()
@@ -62,26 +55,21 @@ void qStatus::Detach()
     Progress = nullptr;
 }
 
-// A text that comes soon after the one before waits, since laying it out costs more than the frame that it tells of.
-// Long work runs without events in between, so the text is painted here.
+// Laying a text out costs more than the frame that it is about, so it waits for the next picture.
 void qStatus::SetPanel(int Panel, const std::string& Text)
 {
     if (Panel < 1 || Panel > 3) return;
     Waiting[static_cast<std::size_t>(Panel - 1)] = Text;
-    if (Panel == 1 || SincePaint.elapsed() >= PaintEvery)
-        Show();
-    else if (!Delay.isActive())
-        Delay.start(PaintEvery);
+    Refresh.Ask();
+    if (Panel == 1) Show();
     if (Panel == 1 && OnTitle) OnTitle();
 }
 
 void qStatus::Show()
 {
-    SincePaint.restart();
     for (std::size_t i = 0; i < Panels.size(); ++i) {
         if (!Panels[i] || !Waiting[i]) continue;
         Panels[i]->setText(Shown(*Waiting[i]));
-        Panels[i]->repaint();
         Waiting[i].reset();
     }
 }
@@ -91,11 +79,14 @@ void qStatus::SetProgress(int Percent)
     if (!Progress) return;
     Progress->setVisible(Percent > 0 && Percent < 100);
     Progress->setValue(Percent);
-    if (Progress->isVisible()) Progress->repaint();
+    if (!Progress->isVisible()) return;
+    Show();
+    Progress->parentWidget()->repaint();
 }
 
 bool qStatus::IsCancelled()
 {
+    Show(); // its timer waits with the others
     WorkGate Gate;
     QCoreApplication::instance()->installEventFilter(&Gate);
     QCoreApplication::processEvents(QEventLoop::ExcludeSocketNotifiers);

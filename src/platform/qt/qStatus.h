@@ -2,9 +2,7 @@
 #pragma once
 
 #include "platform/iStatus.h"
-
-#include <QElapsedTimer>
-#include <QTimer>
+#include "platform/qt/qPace.h"
 
 #include <array>
 #include <functional>
@@ -22,17 +20,20 @@ public:
     /// Uses the widgets of a window; they must live as long as the status line is used.
     void Attach(std::array<QLabel*, 3> NewPanels, QProgressBar* NewProgress);
 
-    /// Lets go of the widgets: what is told from now on is dropped.
+    /// Detaches the widgets: texts from now on are dropped.
     void Detach();
 
     /// Called when panel 1, the title of the session, changes.
     std::function<void()> OnTitle;
 
+    /// The text is on the screen with the next picture.
     void SetPanel(int Panel, const std::string& Text) override;
+
+    /// Long work runs without pictures in between: texts and progress are on the screen at once.
     void SetProgress(int Percent) override;
 
-    /// Whether Esc was pressed. Windows are painted meanwhile; other keys and the mouse do nothing while long work goes
-    /// on, and timers and links wait for its end.
+    /// Whether Esc was pressed. Windows are painted meanwhile; other keys and the mouse do nothing during long work,
+    /// and timers and links wait for its end.
     bool IsCancelled() override;
 
 private:
@@ -40,7 +41,6 @@ private:
 
     std::array<QLabel*, 3> Panels{};
     std::array<std::optional<std::string>, 3> Waiting;
-    QTimer Delay;
+    qPace Refresh;
     QProgressBar* Progress = nullptr;
-    QElapsedTimer SincePaint;
 };

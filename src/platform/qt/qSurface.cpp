@@ -8,6 +8,7 @@
 
 #include <cmath>
 #include <cstring>
+#include <new>
 
 namespace {
 const QColor Veil(243, 245, 247, 150);
@@ -43,6 +44,7 @@ void qSurface::Renew()
     if (Painter.isActive()) Painter.end();
     const double Ratio = devicePixelRatioF();
     Picture = QImage((QSizeF(size()) * Ratio).toSize().expandedTo({1, 1}), QImage::Format_RGB32);
+    if (Picture.isNull()) throw std::bad_alloc(); // drawing on it would begin by renewing it, for ever
     Picture.setDevicePixelRatio(Ratio);
     Picture.fill(Qt::white);
     Ground = Picture;
