@@ -159,10 +159,11 @@ void InitSampling(iSocket* Second)
     InitDataWindows();
     FromPort.Skip(FromPort.Held());
     FromSocket.Skip(FromSocket.Held());
-    FrameSynced = IsStarving = IsFrameShown = false;
+    FrameSynced = IsFrameShown = false;
     Timer1 = 0;
     Timer1Interval = ReplayInterval;
-    LoggedBytes = LastGrowth = 0;
+    LogWatch = {};
+    LinkClock = {};
     LinkWords.clear();
     gLinkSocket.Use(gHost.Socket, Second);
     gHost.SerialPort->OnData = MSComm1_OnComm;

@@ -18,7 +18,7 @@
 #include "processing/mRefTable.h"
 #include "processing/mStrokeLog.h"
 #include "records/mTargets.h"
-#include "views/data/cDataView.h"
+#include "views/data/cData02view.h"
 #include "views/data/mViewLoad.h"
 #include "views/data/mViewSave.h"
 

@@ -87,9 +87,10 @@ bool frmMain::EndForSession()
     const char* const Running = gLogging         ? "A recording is running"
                                 : IsReplayOpen() ? "A recording is being played"
                                                  : "The link to the logger is open";
-    if (IsAcquiring() && !AskYesNo(std::string(Running) + ", with the channels of the open session. End it, and go on to "
-                                                      "the other session?",
-                               TitleWarning))
+    if (IsAcquiring() &&
+        !AskYesNo(std::string(Running) + ", with the channels of the open session. End it, and go on to "
+                                         "the other session?",
+                  TitleWarning))
         return false;
     if (!Area->CloseAsking()) return false;
     EndAcquisition();
