@@ -6,7 +6,7 @@
 #include "core/mSettings.h"
 #include "files/mBinIO.h"
 #include "platform/qt/qSurface.h"
-#include "views/data/cDataView.h"
+#include "views/data/cDataPlot.h"
 #include "views/data/fData02view.h"
 
 #include <QApplication>
@@ -39,11 +39,11 @@ void Redraw(benchmark::State& State)
     ReadRawFile(BenchRecording(Samples), Start, Stop);
     qSurface Surface;
     Surface.resize(Size);
-    cDataView View(Surface);
+    cDataPlot View(Surface);
     std::vector<double> Times;
     for (auto _ : State)
-        for (gXScale = 1; gXScale <= cDataView::MaxXScale; gXScale = static_cast<int16_t>(gXScale * 2)) {
-            View.ScrollTo(Samples * 0.1 * static_cast<double>(Times.size() % 10));
+        for (gXScale = 1; gXScale <= cDataRange::MaxXScale; gXScale = static_cast<int16_t>(gXScale * 2)) {
+            View.Range.ScrollTo(Samples * 0.1 * static_cast<double>(Times.size() % 10));
             const auto Begin = std::chrono::steady_clock::now();
             View.SetUpPoly();
             View.Draw();
@@ -64,7 +64,7 @@ void RedrawReference(benchmark::State& State)
             QPainter Painter(&Picture);
             for (int Band = 0; Band < BenchChannels; ++Band) {
                 QPolygon Line;
-                for (int i = 0; i <= cDataView::Steps; ++i)
+                for (int i = 0; i <= cDataRange::Steps; ++i)
                     Line << QPoint(40 + i * 3, Band * 7 + i * (Band + Zoom) % 7);
                 Painter.drawPolyline(Line);
             }
@@ -94,7 +94,7 @@ void OpenReference(benchmark::State& State)
     const std::string& Path = BenchRecording(Samples);
     qSurface Surface;
     Surface.resize(Size);
-    cDataView View(Surface);
+    cDataPlot View(Surface);
     for (auto _ : State) {
         for (int Times = 0; Times < 3; ++Times) {
             int32_t Start = 0, Stop = 0;
