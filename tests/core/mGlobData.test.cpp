@@ -21,6 +21,30 @@ TEST_CASE("channels are found exactly, and the empty name finds none")
     CHECK(gH1Q1 == 0);
 }
 
+TEST_CASE("curves are found by sample and parameter together, samples by one of three fields")
+{
+    for (const auto& [Sample, Param] : {std::pair{"S01", "A1"}, {"S01", "H1"}, {"S02", "A1"}, {"S02", "H1"}}) {
+        DataRow& Row = gFile.Data.Grow();
+        Row.SampleID = Sample;
+        Row.ParamID = Param;
+    }
+    CHECK(FindData(gFile.Data, "S02", "A1") == 3);
+    CHECK(FindData(gFile.Data, "S01", "H1") == 2);
+    CHECK(FindData(gFile.Data, "S03", "A1") == -1);
+    CHECK(FindData(gFile.Data, "S01", "A2") == -1);
+    for (const auto& [Test, Raw, Prim] : {std::tuple{"S01", "a.qvn", "1a"}, {"S02", "b.qvn", "a.qvn"}}) {
+        DescRow& Row = gFile.Desc.Grow();
+        Row.SampleID = Test;
+        Row.RawFN = Raw;
+        Row.PrimFN = Prim;
+    }
+    CHECK(FindDesc(gFile, "S02", DescKey::TestID) == 2);
+    CHECK(FindDesc(gFile, "a.qvn", DescKey::RawFN) == 1);
+    CHECK(FindDesc(gFile, "a.qvn", DescKey::PrimFN) == 2);
+    CHECK(FindDesc(gFile, "b.qvn", DescKey::TestID) == -1);
+    CHECK(FindDesc(gFile, "", DescKey::RawFN) == -1);
+}
+
 TEST_CASE("the sample store keeps what it holds when it grows and shrinks")
 {
     SampleStore Store;
