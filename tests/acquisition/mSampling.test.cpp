@@ -1,33 +1,13 @@
 // The three frame sources: what each takes at once, how it decodes, what it records and what it shows.
 #include "acquisition/mSampling.h"
 
-#include "acquisition/mComFast.h"
+#include "acquisition/LinkRecording.h"
 #include "files/mStream.h"
-#include "support/Case.h"
 #include "support/FullDisk.h"
-#include "support/ScriptedLink.h"
 
 #include <random>
 
 namespace {
-// A program with an open link of either kind and a recording.
-struct Recording : LinkState
-{
-    CountingWindow Window;
-    std::string Path = Folder.Path("a.qvn");
-
-    void Open(int16_t Connection, int16_t Model = 61)
-    {
-        gConnection = Connection;
-        gFile.Model = Model;
-        Port.Plugged = {"/dev/ttyUSB0"};
-        REQUIRE(OpenLink());
-        if (Connection == 1) Socket.Answer();
-        REQUIRE(OpenLog(Path, OldBytes::Kept));
-    }
-    std::string Recorded() const { return ReadWhole(Path).value_or("none"); }
-};
-
 // Frames of both kinds with what a line may do to them, and what of it belongs into the recording.
 struct Traffic
 {
@@ -341,63 +321,6 @@ TEST_CASE_FIXTURE(Recording, "a full disk ends the recording with one message, a
     CHECK_FALSE(gLogging);
     CHECK(Window.Drawn == 5);
     CHECK(Recorded() == LongFrame(40) + LongFrame(80));
-}
-
-TEST_CASE_FIXTURE(Recording, "a logger that was started again begins a new run on a live link, in the same recording")
-{
-    std::string Sent;
-    for (const int Time : {600000, 600040, 600400, 0, 40, 80})
-        Sent += LongFrame(Time);
-    for (const int16_t Connection : {int16_t{0}, int16_t{1}}) {
-        CAPTURE(Connection);
-        StopAll();
-        gFrameCnt = gMissed = 0;
-        Path = Folder.Path(Connection == 1 ? "socket.qvn" : "serial.qvn");
-        Open(Connection);
-        Window.Runs.clear();
-        gFirstCycle = false;
-        Connection == 1 ? Socket.Feed(Sent) : Port.Feed(Sent);
-        TakeRest();
-        CHECK(Window.Runs == std::vector{0.0});
-        CHECK(gFirstCycle);
-        CHECK(gFrameCnt == 3);
-        CHECK(Panel(2) == "SampleTime=000.08s, Frequency=025.000Hz, Missed=0pc, ");
-        CHECK(gDeltaT == doctest::Approx(0.04));
-        CHECK(Recorded() == Sent);
-    }
-}
-
-TEST_CASE_FIXTURE(Recording, "only a clock that runs back by more than a second, and stays there, begins a new run")
-{
-    Open(0);
-    const auto RunsOf = [this](const std::vector<int>& Times) {
-        gLinkStream.FrameCnt = 0;
-        Window.Runs.clear();
-        for (const int Time : Times)
-            Port.Feed(LongFrame(Time));
-        return Window.Runs;
-    };
-    CHECK(RunsOf({5000, 4000}).empty());
-    CHECK(RunsOf({5000, 3999}) == std::vector{3.999});
-    CHECK(RunsOf({5000, 5040, 900000, 5080, 5120}).empty()); // one frame with a wrong time
-    CHECK(RunsOf({5000, 5040, 900000, 0, 40}) == std::vector{0.0});
-    // The link was cut and came back in the meantime.
-    Port.Feed(LongFrame(7000) + LongFrame(7040));
-    Port.Pull();
-    Port.Plugged = {"/dev/ttyUSB0"};
-    Clock.Wait(1000);
-    Window.Runs.clear();
-    Port.Feed(LongFrame(40));
-    CHECK(Window.Runs == std::vector{0.04});
-}
-
-TEST_CASE_FIXTURE(Recording, "a clock that runs back in a file that is played begins no new run")
-{
-    REQUIRE(SaveWhole(Folder.Path("old.qvn"), LongFrame(9000) + LongFrame(40) + LongFrame(80)));
-    StartReplay(Folder.Path("old.qvn"));
-    Clock.Wait(3 * ReplayInterval);
-    CHECK(gFrameCnt == 3);
-    CHECK(Window.Runs.empty());
 }
 
 TEST_CASE_FIXTURE(Recording, "ending the acquisition records what waits and closes recording, replay and link")
