@@ -43,6 +43,9 @@ struct ShellState : FreshState
         InitSampling(&SecondSocket);
     }
 
+    // A recording that a case leaves open would be the next one's.
+    ~ShellState() { StopAll(); }
+
     template <class Control>
     Control& Find(const char* Name)
     {

@@ -178,12 +178,19 @@ TEST_CASE_FIXTURE(Panel, "another session goes on in the panel, and a running re
     CHECK(Label("lbData_3") != "000");
     StartLog();
     REQUIRE(SaveWhole(Folder.Path("eight.txt"), *ReadWhole(SOURCE_FOLDER "/demo/eight.txt")));
+    Dialogs.AnswerYes = false;
     Main.OpenFile(Folder.Path("eight.txt"));
     CHECK(gLogging);
+    CHECK(gFileTitle == "single");
+    Dialogs.AnswerYes = true;
+    Main.OpenFile(Folder.Path("eight.txt"));
+    CHECK(!gLogging);
+    CHECK(gFileTitle == "eight");
     CHECK(Label("lbData_3") == "000");
     CHECK(gFile.View1.UBound() == 10);
     Row(100);
     CHECK(Label("lbData_3") == "002");
+    StartLog();
 
     // Frames come while a message of the next session stands, which the panel does not have yet.
     gFile.Calibr.Clear();

@@ -128,7 +128,8 @@ TEST_CASE_FIXTURE(ShellState,
     CHECK_FALSE(Find<QLabel>("sbStatusBar_2").text().startsWith("Kept"));
     REQUIRE(SaveWhole(Folder.Path("bare.txt"), "Main\n61\t24\t\nEnd\nSess\nBARE\t\nEnd\nCalibr\nA1\t\nEnd\n"));
     Main.OpenFile(Folder.Path("bare.txt"));
-    CHECK(Find<QLabel>("sbStatusBar_2").text().startsWith("Kept from the session before: Crew ("));
+    const auto& Line = Find<QLabel>("sbStatusBar_2"); // follows the picture rate
+    CHECK(QTest::qWaitFor([&] { return Line.text().startsWith("Kept from the session before: Crew ("); }));
 }
 
 TEST_CASE_FIXTURE(ShellState, "saving without a session says so, help has none, the about box names the version")

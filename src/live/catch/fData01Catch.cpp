@@ -184,7 +184,7 @@ void fData01Catch::FitLabels(QSize Size)
         const double Height = std::min(Size.height() * Share, Size.width() * Share * ShareByWidth);
         Letters.setPixelSize(std::max(LeastPixels, static_cast<int>(Height)));
         Label->setFont(Letters);
-        if (Share == ValueShare) Label->setFixedHeight(QFontMetrics(Letters).height());
+        if (Share == ValueShare) Label->setFixedHeight(Label->sizeHint().height());
     }
 }
 
