@@ -38,7 +38,7 @@ public:
     void ToggleFullScreen();
 
     void TakeSample() override = 0;
-    virtual void NewRun() = 0;
+    void NewRun() override = 0;
     void DrawData() override;
     void DoAction(int Code) override;
     void SetLive(bool Live) override;

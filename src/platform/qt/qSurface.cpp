@@ -9,6 +9,7 @@
 #include <cmath>
 #include <cstring>
 #include <new>
+#include <utility>
 
 namespace {
 const QColor Veil(243, 245, 247, 150);
@@ -16,6 +17,9 @@ const QColor Veil(243, 245, 247, 150);
 // Changed places nearer than this to each other, in drawing units, are shown as one; and no more than so many.
 constexpr int Reach = 4;
 constexpr std::size_t MostPlaces = 64;
+
+constexpr double MostRing = 24; // radius of a ring that is kept, in drawing units
+constexpr std::size_t MostRings = 64;
 
 QRectF Around(QPointF A, QPointF B)
 {
@@ -47,6 +51,7 @@ void qSurface::Renew()
     if (Picture.isNull()) throw std::bad_alloc(); // drawing on it would begin by renewing it, for ever
     Picture.setDevicePixelRatio(Ratio);
     Picture.fill(Qt::white);
+    Rings.clear();
     Ground = Picture;
     FitBackground();
     update();
@@ -127,11 +132,14 @@ void qSurface::FitBackground()
 void qSurface::SetPen(int32_t Colour, int Width)
 {
     Pencil.SetPen(Painter, Colour, Width);
+    Pen.Colour = Colour;
+    Pen.Width = Width;
 }
 
 void qSurface::SetFill(int32_t Colour)
 {
     Pencil.SetFill(Painter, Colour);
+    IsHollow = Colour == NoFill;
 }
 
 void qSurface::SetFont(int Size, bool Bold)
@@ -161,7 +169,35 @@ void qSurface::Point(double X, double Y)
 
 void qSurface::Circle(double X, double Y, double Radius)
 {
-    Changed(Pencil.Circle(Brush(), X, Y, Radius));
+    QPainter& To = Brush();
+    const double Ratio = Picture.devicePixelRatio();
+    const bool IsOnPixels = X == std::floor(X) && Y == std::floor(Y) && Ratio == std::floor(Ratio);
+    if (!IsHollow || !IsOnPixels || !(Radius >= 0 && Radius <= MostRing))
+        return Changed(Pencil.Circle(To, X, Y, Radius));
+    const QImage& Stamp = RingStamp(Radius);
+    const double Half = Stamp.width() / Ratio / 2;
+    To.drawImage(QPointF(X - Half, Y - Half), Stamp);
+    Changed({X - Radius, Y - Radius, 2 * Radius, 2 * Radius});
+}
+
+// The ring stands in the middle unit of its picture.
+const QImage& qSurface::RingStamp(double Radius)
+{
+    for (const Ring& Each : Rings)
+        if (Each.Colour == Pen.Colour && Each.Width == Pen.Width && Each.Radius == Radius) return Each.Picture;
+    if (Rings.size() == MostRings) Rings.clear();
+    const int Middle = static_cast<int>(std::ceil(Radius)) + Pen.Width + 1;
+    const double Ratio = Picture.devicePixelRatio();
+    const int Size = static_cast<int>((2 * Middle + 1) * Ratio);
+    Ring New{Pen.Colour, Pen.Width, Radius, QImage(Size, Size, QImage::Format_ARGB32_Premultiplied)};
+    New.Picture.setDevicePixelRatio(Ratio);
+    New.Picture.fill(Qt::transparent);
+    QPainter On(&New.Picture);
+    On.translate(0.5, 0.5);
+    Pencil.Take(On);
+    Pencil.Circle(On, Middle, Middle, Radius);
+    On.end();
+    return Rings.emplace_back(std::move(New)).Picture;
 }
 
 void qSurface::Box(double X1, double Y1, double X2, double Y2)

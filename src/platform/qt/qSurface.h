@@ -50,6 +50,7 @@ private:
     void FitBackground();
     QPainter& Brush();
     void Changed(const QRectF& Place);
+    const QImage& RingStamp(double Radius);
     void AddDirty(const QRect& Place);
     void ShowDirty();
 
@@ -59,6 +60,19 @@ private:
     QImage Backdrop;   // in the picture's size
     QPainter Painter;  // open on the picture while drawing calls follow each other
     qPencil Pencil;
+
+    // A small empty circle is drawn once and then copied: the curves of a panel ask for thousands a second.
+    struct Ring
+    {
+        int32_t Colour = 0;
+        int Width = 1;
+        double Radius = 0;
+        QImage Picture;
+    };
+    std::vector<Ring> Rings;
+    Ring Pen;             // its colour and width
+    bool IsHollow = true; // circles and boxes have no fill
+
     std::vector<QRect> Dirty; // of the picture, not yet on the screen
     qPace Refresh;
 };
