@@ -140,6 +140,13 @@ TEST_CASE_FIXTURE(Outing, "strokes of a scanned recording are read with three on
     cDataNav Strip(Surface);
     Strip.Select(2000, 230); // from right to left, and from beyond the end
     CHECK((Strip.FirstRow == 2 && Strip.LastRow == 6));
+    Strip.Cursor = 6;
+    Strip.SetStart(); // behind the stop
+    CHECK((Strip.IsOpen() && !Strip.HasSelection()));
+    CHECK(Strip.Caption().starts_with("The selection starts at stroke 6 and has no stop yet"));
+    Strip.Cursor = 2;
+    Strip.SetStop();
+    CHECK((Strip.FirstRow == 2 && Strip.LastRow == 6));
     CHECK(Strip.Caption() == "Duration=0m 16.0s   Strokes=4   Rate=15.0   Speed=0.00   Distance=0.0");
     Dialogs.Files = {Folder.Path("piece.qvn")};
     CHECK(SaveRows(2, 4));

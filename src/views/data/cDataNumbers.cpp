@@ -37,7 +37,7 @@ void cDataNumbers::ShowOpenStart(int32_t Start)
     HasOpenStart = true;
     Selected[1] = {FormatNum(gRaw(0, Start), "0.0")};
     Selected[2] = {"no stop"};
-    UpdateStatus("The selection has a start and no stop yet: click where it ends and press \"2 Stop\".");
+    UpdateStatus("The selection has no stop yet: set it with 2 Stop.");
 }
 
 void cDataNumbers::ShowDist(const cDataRange& Range)

@@ -123,7 +123,7 @@ void cDataPlot::DrawOpenStart()
     Surface.SetPen(StartColour, 2);
     Surface.Line(Unit(X), 0, Unit(X), Unit(Height));
     Surface.SetFont(NameSize, true);
-    Surface.Text(Unit(IsLeft ? X - KeyRoom : X + KeyRoom), Height - NameSize - 6, "Start, no stop yet",
+    Surface.Text(Unit(IsLeft ? X - KeyRoom : X + KeyRoom), Height + TimesHeight / 2 + 1, "Start, no stop yet",
                  IsLeft ? eAlign::Right : eAlign::Left);
 }
 
