@@ -4,7 +4,7 @@
 #include "acquisition/mSampling.h"
 #include "core/mGlobData.h"
 #include "core/shell/fFolders.h"
-#include "core/shell/mMain.h"
+#include "files/mMain.h"
 #include "platform/mHost.h"
 #include "platform/qt/qText.h"
 #include "widgets/qIcons.h"

@@ -2,8 +2,8 @@
 #include "batch/mCommands.h"
 
 #include "base/mSafeSave.h"
-#include "core/shell/mMain.h"
 #include "files/mBinIO.h"
+#include "files/mMain.h"
 #include "files/mTextIO.h"
 #include "platform/mHost.h"
 #include "processing/mFilter.h"

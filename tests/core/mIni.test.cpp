@@ -1,7 +1,7 @@
 // Skarvelin.ini and the settings store.
 #include "core/mIni.h"
 
-#include "core/shell/mMain.h"
+#include "files/mMain.h"
 #include "support/Case.h"
 
 TEST_CASE_FIXTURE(FreshState, "an ini file is read in any order and written back in its own")

@@ -1,8 +1,8 @@
 // Channels on the calibration rig, as they come out of a recording, against the rig's own curve.
 #include "calibration/mCalFit.h"
 #include "calibration/mRefBuild.h"
-#include "core/shell/mMain.h"
 #include "files/mBinIO.h"
+#include "files/mMain.h"
 #include "sim/mRecord.h"
 #include "sim/mRigOption.h"
 #include "support/Case.h"

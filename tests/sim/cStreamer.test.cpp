@@ -1,7 +1,7 @@
 // The live stream over a real socket and a real pseudo-terminal, and the answers to commands.
 #include "sim/cStreamer.h"
 
-#include "core/shell/mMain.h"
+#include "files/mMain.h"
 #include "platform/plain/sSerialPort.h"
 #include "platform/plain/sSocket.h"
 #include "sim/mRecord.h"

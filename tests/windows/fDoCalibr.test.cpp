@@ -4,7 +4,7 @@
 #include "acquisition/mComFast.h"
 #include "core/mDataWindow.h"
 #include "core/mIni.h"
-#include "core/shell/mMain.h"
+#include "files/mMain.h"
 
 #include <QLabel>
 #include <QLineEdit>

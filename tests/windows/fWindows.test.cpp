@@ -1,7 +1,7 @@
 // Every window of the table opens as its row says.
 #include "core/shell/fWindows.h"
 #include "ShellState.h"
-#include "core/shell/mMain.h"
+#include "files/mMain.h"
 #include "files/mTextIO.h"
 
 #include <QDialog>

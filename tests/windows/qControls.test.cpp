@@ -2,7 +2,7 @@
 #include "widgets/qControls.h"
 #include "ShellState.h"
 #include "core/shell/fWindows.h"
-#include "core/shell/mMain.h"
+#include "files/mMain.h"
 
 #include <QCheckBox>
 #include <QFormLayout>

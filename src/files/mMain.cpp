@@ -1,5 +1,5 @@
 // Start-up and shutdown without a window.
-#include "core/shell/mMain.h"
+#include "files/mMain.h"
 
 #include "base/mNumText.h"
 #include "core/mGlobData.h"
