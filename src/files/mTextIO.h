@@ -31,11 +31,11 @@ bool ParseDataFile(std::string Bytes, const std::string& SessID, DataFile& File,
 /// The whole file as text, with CR LF behind each line.
 std::string DataFileText(const DataFile& File, SectionFilter Filter);
 
-/// Writes the whole file. False when that fails (told): the file at Path is as it was.
+/// Writes the whole file. False when that fails (reported to the user): the file at Path is as it was.
 bool WriteDataFile(const std::string& Path, const DataFile& File, SectionFilter Filter);
 
 /// Copies Path to the file of the same name with the extension ".bak"; a path without folder is in the program's
-/// folder. A file that does not exist needs no copy. False when it cannot be copied (told).
+/// folder. A file that does not exist needs no copy. False when it cannot be copied (reported to the user).
 bool BackupFile(const std::string& Path);
 
 /// Backs the current session data file up and writes gFile in its place. False when either failed (reported to the

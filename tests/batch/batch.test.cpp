@@ -100,12 +100,12 @@ TEST_CASE("a failure is reported with the file that it is about, exits 1 and lea
         {{"--set", "StdFilter=0", "process", "single.txt", "a.qvn"},
          "Warning!: No stroke lies within the filter of 0 SD around the mean: widen it."}};
     const std::string Before = Folder.Bytes("single.txt");
-    for (const auto& [Line, Told] : Cases) {
+    for (const auto& [Line, Reported] : Cases) {
         const Outcome Result = Folder.Batch(Line);
-        CAPTURE(Told);
+        CAPTURE(Reported);
         CAPTURE(Result.Err);
         CHECK(Result.Exit == 1);
-        CHECK(Result.Err.find(Told) != std::string::npos);
+        CHECK(Result.Err.find(Reported) != std::string::npos);
         CHECK(Folder.Bytes("single.txt") == Before);
         CHECK(Folder.Bytes("kept.txt") == "kept");
     }

@@ -13,7 +13,7 @@ constexpr bool HasLimits = true;
 
 struct Machine : TempFolder
 {
-    std::string Told;
+    std::string Reported;
 
     // Runs the program with that many KB of address space; its exit code, 128 and more when a signal ended it.
     int Run(int Kilobytes, const std::string& Line)
@@ -21,7 +21,7 @@ struct Machine : TempFolder
         const std::string Command = "ulimit -v " + FormatNum(Kilobytes, "0") + "; cd '" + Path("") +
                                     "'; '" PROGRAM_FOLDER "/skarvelin-batch' " + Line + " >out.log 2>err.log";
         const int Status = std::system(Command.c_str());
-        Told = ReadWhole(Path("err.log")).value_or("");
+        Reported = ReadWhole(Path("err.log")).value_or("");
         return WIFEXITED(Status) ? WEXITSTATUS(Status) : 128;
     }
 };
@@ -45,11 +45,11 @@ TEST_CASE_FIXTURE(Machine,
     for (int Size = Enough; Exit != 0 && Size < Enough + (1 << 17); Size += 1 << 10) {
         Exit = Run(Size, "process single.txt a.qvn");
         CAPTURE(Size);
-        CAPTURE(Told);
+        CAPTURE(Reported);
         REQUIRE((Exit == 0 || Exit == 1));
         if (Exit == 0) break;
         ++Failures;
-        CHECK(Told.find("there is not enough memory") != std::string::npos);
+        CHECK(Reported.find("there is not enough memory") != std::string::npos);
         CHECK(ReadWhole(Path("single.txt")) == Session);
     }
     CHECK(Exit == 0);
