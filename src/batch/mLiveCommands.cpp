@@ -174,7 +174,7 @@ bool PlayCatch(const std::string& Path, TabText& Table)
     sSurface Screen(1000, 600);
     cCatch Panel(Screen);
     Panel.Load();
-    Panel.InitMode();
+    cCatch::InitMode();
     Panel.Resize();
     return PlayThrough(Path, Panel, [&](int Frame) { WriteCatch(Table, Frame, Panel); });
 }

@@ -82,7 +82,7 @@ fData01Catch::fData01Catch()
     InitLabels();
     PB->SetBackground(gBackground);
     Panel.Load();
-    Panel.InitMode();
+    cCatch::InitMode();
     SetMargins();
     PB->OnResize = [this] { Panel.Resize(); };
     Begin();
@@ -206,7 +206,8 @@ void fData01Catch::ShowFactor(const FactorRow& Row, const std::optional<FactorSh
 
 void fData01Catch::ShowLabels()
 {
-    SetText(*lbData[0], Panel.Elapsed() / Seconds, "0");
+    const int Minutes = Panel.Elapsed() / Seconds;
+    SetText(*lbData[0], Minutes, "0");
     SetText(*lbData[1], Panel.Elapsed() % Seconds, "0");
     const CatchStroke& Stroke = Panel.Stroke();
     SetText(*lbStrokeN, Stroke.StrokeN, "000");

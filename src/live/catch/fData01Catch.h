@@ -28,7 +28,7 @@ protected:
     void ShowLabels() override;
     void LoadSession() override;
     void FitLabels(QSize Size) override;
-    void Closing() override { Panel.Unload(); }
+    void Closing() override { cCatch::Unload(); }
 
 private:
     // A factor's row: last stroke, average, and the bar below them.
