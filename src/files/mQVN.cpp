@@ -63,6 +63,9 @@ bool BeginsStroke(const LastKeys& Key, double Thres)
 class StrokeScan
 {
 public:
+    /// Step: s, the sampling period.
+    explicit StrokeScan(double Step) : TimeStep(Step) {}
+
     /// Takes the frame in gScanData; Pos is the position behind the frame before it.
     void AddFrame(int32_t Pos);
 
@@ -71,6 +74,7 @@ public:
 private:
     void AddStroke(int32_t Pos);
 
+    double TimeStep;
     LinearChan KeyChan = ChanOf(gKeyChan);
     bool SpeedOn = gVChan < gFile.Calibr.UBound();
     LinearChan SpeedChan = SpeedOn ? ChanOf(gVChan) : LinearChan{0, -1, -1};
@@ -97,7 +101,7 @@ void StrokeScan::AddStroke(int32_t Pos)
     if (const double Duration = gScanData[0] - StrokeTime; Duration > 0) {
         ScanRow& Row = Rows.Grow();
         Row.Pos = Pos;
-        Row.Time = Frames * gTimeStep;
+        Row.Time = Frames * TimeStep;
         Row.Rate = 60 / Duration;
         if (SpeedOn) {
             Row.Speed = SpeedSum / StrokeFrames;
@@ -155,21 +159,19 @@ bool ScanRawFile(const std::string& Path, Unread* Left)
     }
     LoadSetting("gDataFreq");
     LoadSetting("gVChan");
-    StrokeScan Scan;
     const double Step = Div(1, gDataFreq);
+    StrokeScan Scan(Step);
     if (!OpenScanFile(Path)) return false;
-    const double FormerStep = std::exchange(gTimeStep, Step);
-    const bool WasFromFile = std::exchange(gFromFile, true);
     const auto Decoded = ScanFrames(Scan);
     UpdateProgress(0);
     Unread Skipped;
     if (!CloseScanFile(Decoded ? Left : &Skipped)) return false;
     if (!Decoded) {
-        gTimeStep = FormerStep;
-        gFromFile = WasFromFile;
         ShowReading("Cancelled");
         return false;
     }
+    gTimeStep = Step;
+    gFromFile = true;
     if (*Decoded == 0) {
         MsgBox("There are no frames of a logger in the file: " + Path, TitleError);
         return false;

@@ -1,11 +1,16 @@
 // Every window of the table opens as its row says.
 #include "core/shell/fWindows.h"
 #include "ShellState.h"
+#include "acquisition/mComFast.h"
+#include "acquisition/mSampling.h"
+#include "core/mIni.h"
+#include "core/mModes.h"
 #include "files/mMain.h"
 #include "files/mTextIO.h"
 
 #include <QDialog>
 #include <QMdiSubWindow>
+#include <QTcpServer>
 
 #include <set>
 
@@ -103,4 +108,20 @@ TEST_CASE_FIXTURE(Windows, "windows with live data hear of another session, and 
     CHECK(FindOpen(Main, "fCheckChans"));
     CHECK(!FindOpen(Main, "fDoCalibr"));
     CHECK(!FrameOf(Bench)->isVisible());
+}
+
+TEST_CASE_FIXTURE(Windows, "a window that is closed at once leaves no link open")
+{
+    gConnection = ConnectionTCP;
+    gLinkAddress = "127.0.0.1";
+    QTcpServer Logger;
+    REQUIRE(Logger.listen(QHostAddress::LocalHost));
+    gLinkPort = Logger.serverPort();
+    QWidget* Bars = OpenWindow(Main, "fCheckChans");
+    REQUIRE(Bars);
+    CHECK(gLinkWatch.State() != cLinkWatch::eState::Closed);
+    FrameOf(Bars)->close();
+    QTest::qWait(1);
+    TickLink();
+    CHECK(gLinkWatch.State() == cLinkWatch::eState::Closed);
 }

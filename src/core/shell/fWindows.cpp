@@ -209,6 +209,7 @@ QWidget* OpenWindow(frmMain& Main, const std::string& Name, const WindowArgs& Ar
     }
     if (!Window) Window = MakeAndShow(Main, *Row, Args);
     if (!Window) return nullptr;
+    CloseUnusedLink(); // which learns now that the link is used: the window may be closed again before the next tick
     if (Row->Place == Tiled) Main.Tile(Qt::Vertical);
     if (Row->Place != Dialog) Main.Activate(*Window);
     return Window;
