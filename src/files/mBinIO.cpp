@@ -171,7 +171,7 @@ void RawFile::Close()
 {
     File.close();
     File.clear();
-    Source = ByteSource([this](std::span<uint8_t> Room) { return Read(Room); });
+    Source.Restart();
 }
 
 std::optional<Frame> RawFile::Take()

@@ -58,8 +58,15 @@ public:
         Passed += static_cast<int64_t>(Count);
     }
 
-    /// Bytes skipped since the source was made.
+    /// Bytes skipped since the source was made or restarted.
     int64_t Taken() const { return Passed; }
+
+    /// Drops what is at hand: the next bytes are the first of another stream.
+    void Restart()
+    {
+        Begin = End = 0;
+        Passed = 0;
+    }
 
 private:
     void Fill(std::size_t Count);
