@@ -105,7 +105,7 @@ TEST_CASE_FIXTURE(CatchWindow,
     CHECK(!Find<QLabel>("lbCatch_0").isEnabled());
     Window().NewRun();
     Row(5);
-    CHECK(Label("lbStrokeN") == "000");
+    CHECK(QTest::qWaitFor([this] { return Label("lbStrokeN") == "000"; }));
     CHECK(Label("lbCatch_0").empty());
     QTest::keyClick(&Window(), Qt::Key_Escape);
     QTest::qWait(5);
