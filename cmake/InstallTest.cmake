@@ -3,7 +3,7 @@ set(Prefix ${BUILD}/install-test)
 file(REMOVE_RECURSE ${Prefix})
 execute_process(COMMAND ${CMAKE_COMMAND} --install ${BUILD} --prefix ${Prefix} --strip
                 OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
-foreach(File bin/skarvelin-sim share/skarvelin/demo/eight.txt share/skarvelin/demo/Targets.ini share/doc/skarvelin/README.md)
+foreach(File bin/skarvelin-sim share/skarvelin/demo/eight.txt share/skarvelin/demo/Targets.ini "share/skarvelin/templates/Double scull.txt" share/doc/skarvelin/README.md)
     if(NOT EXISTS ${Prefix}/${File})
         message(FATAL_ERROR "${File} is not installed")
     endif()

@@ -10,7 +10,6 @@
 #include "widgets/qIcons.h"
 #include "widgets/qLook.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QTimer>
 
@@ -18,14 +17,9 @@
 #include <utility>
 
 namespace {
-// Beside an unpacked program, in an installed one, or in the source tree, whose build folders lie within it.
 std::string DemoFolder()
 {
-    const QString Program = QApplication::applicationDirPath();
-    for (const char* Folder : {"demo", "../share/skarvelin/demo", "../demo", "../../demo", "../../../demo"})
-        if (const QString Path = Program + "/" + Folder; QFileInfo::exists(Path + "/eight.txt"))
-            return Plain(QDir::cleanPath(Path));
-    return {};
+    return FindShipped(Plain(QApplication::applicationDirPath()), "demo", "eight.txt");
 }
 } // namespace
 

@@ -96,6 +96,7 @@ void qWorkArea::paintEvent(QPaintEvent* Event)
     Letters.setPixelSize(15);
     Painter.setFont(Letters);
     const QRect Words(Room.left(), Room.center().y(), Room.width(), 80);
-    Painter.drawText(Words, Qt::AlignHCenter | Qt::AlignTop,
-                     "Open a session with Ctrl+O, or drop its file here.\nThen check the channels with F5.");
+    Painter.drawText(
+        Words, Qt::AlignHCenter | Qt::AlignTop,
+        "Make a session with Ctrl+N, open one with Ctrl+O, or drop its file here.\nThen check the channels with F5.");
 }

@@ -9,11 +9,13 @@
 #include "calibration/fDoReZero.h"
 #include "core/mDataWindow.h"
 #include "core/mGlobData.h"
+#include "core/mSettings.h"
 #include "core/shell/fWindows.h"
 #include "core/shell/frmMain.h"
 #include "files/mDump.h"
 #include "files/mTextIO.h"
 #include "platform/mHost.h"
+#include "records/mSession.h"
 #include "views/data/mViewLoad.h"
 
 #include <algorithm>
@@ -57,6 +59,11 @@ fDoReZero& ShowReZero(frmMain& Main, bool CalibratorMode)
 }
 } // namespace
 
+void FileNew(frmMain& Main)
+{
+    OpenWindow(Main, "fSession", {.Mode = SessionNew});
+}
+
 void FileOpen(frmMain& Main)
 {
     const std::string Path = ExecComDlg("Load Settings from...", "txt", eFileMode::In, gCurDir);
@@ -68,6 +75,24 @@ void FileSave(frmMain&)
     if (gCurFile.empty()) return MsgBox("There is no session to save: open one first.", TitleInformation);
     if (!WriteSession()) return;
     UpdateStatus("Saved: " + gCurFile);
+}
+
+void FileSaveAs(frmMain& Main)
+{
+    if (gErgoMode != 0) {
+        OpenWindow(Main, "fAthleteInp");
+        return;
+    }
+    if (gCurFile.empty())
+        return MsgBox("There is no session to save: open one, or make one with File, New.", TitleInformation);
+    OpenWindow(Main, "fSession", {.Mode = SessionSaveAs});
+}
+
+void SetSession(frmMain& Main)
+{
+    if (gCurFile.empty())
+        return MsgBox("There is no session to describe: open one, or make one with File, New.", TitleInformation);
+    OpenWindow(Main, "fSession", {.Mode = SessionChange});
 }
 
 void FileExit(frmMain& Main)

@@ -6,9 +6,12 @@
 
 class frmMain;
 
+void FileNew(frmMain& Main);
 void FileOpen(frmMain& Main);
 void FileSave(frmMain& Main);
+void FileSaveAs(frmMain& Main);
 void FileExit(frmMain& Main);
+void SetSession(frmMain& Main);
 void CheckChannels(frmMain& Main);
 void DumpChannels(frmMain& Main);
 void SetCalibrator(frmMain& Main);

@@ -20,6 +20,23 @@ std::string ProgramFolder(const std::string& ExecutableFolder, const std::string
     return (Usable ? ExecutableFolder : UserFolder) + "/";
 }
 
+std::string FindShipped(const std::string& ExecutableFolder, const std::string& Name, const std::string& Holds)
+{
+    for (const char* Place : {".", "../share/skarvelin", "..", "../..", "../../.."}) {
+        const fs::path Folder = (fs::path(ExecutableFolder) / Place / Name).lexically_normal();
+        std::error_code Ignored;
+        if (fs::exists(Folder / Holds, Ignored)) return Folder.string();
+    }
+    return {};
+}
+
+std::vector<std::string> TemplateFolders(const std::string& ExecutableFolder)
+{
+    const std::string Shipped = FindShipped(ExecutableFolder, "templates", "Single scull.txt");
+    const std::string Own = (fs::path(gAppDir) / "templates").lexically_normal().string();
+    return Shipped.empty() || Shipped == Own ? std::vector{Own} : std::vector{Shipped, Own};
+}
+
 std::string CopyDemo(const std::string& From, const std::string& Folder)
 {
     const fs::path Target = fs::path(Folder) / "demo";

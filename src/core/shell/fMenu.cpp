@@ -7,7 +7,6 @@
 
 namespace {
 // Why an entry is there and cannot be chosen.
-constexpr const char* WithSession = "Comes with the session and athlete dialogs";
 constexpr const char* WithOptions = "Comes with the options";
 constexpr const char* WithSetUp = "Comes with the logger set-up";
 constexpr const char* WithGrid = "Comes with the record grid";
@@ -22,18 +21,18 @@ constexpr MenuTitle Menus[] = {
 };
 
 constexpr MenuItem Items[] = {
-    {"mnuFile", "mnuFileNew", "&New", "Ctrl+N", nullptr, WithSession},
+    {"mnuFile", "mnuFileNew", "&New", "Ctrl+N", FileNew, nullptr},
     {"mnuFile", "mnuFileOpen", "&Open...", "Ctrl+O", FileOpen, nullptr},
     {"mnuFile", "mnuFileSave", "&Save", "Ctrl+S", FileSave, nullptr},
-    {"mnuFile", "mnuFileSaveAs", "Save A&s...", "Ctrl+Shift+S", nullptr, WithSession},
+    {"mnuFile", "mnuFileSaveAs", "Save A&s...", "Ctrl+Shift+S", FileSaveAs, nullptr},
     {"mnuFile", nullptr, nullptr, nullptr, nullptr, nullptr},
     {"mnuFile", "mnuFileExit", "E&xit", "Ctrl+Q", FileExit, nullptr},
 
     {"mnuSetUp", "mnuSetGlobals", "&Globals...", nullptr, nullptr, WithOptions},
     {"mnuSetUp", "mnuSetSkarvelin", "Skarvelin", nullptr, nullptr, WithSetUp},
     {"mnuSetUp", nullptr, nullptr, nullptr, nullptr, nullptr},
-    {"mnuSetUp", "mnuSetSession", "S&ession...", nullptr, nullptr, WithSession},
-    {"mnuSetUp", "mnuSetAthlete", "Athlete Data", nullptr, nullptr, WithSession},
+    {"mnuSetUp", "mnuSetSession", "S&ession...", nullptr, SetSession, nullptr},
+    {"mnuSetUp", "mnuSetAthlete", "Athlete Data", nullptr, nullptr, nullptr, "fAthleteInp"},
     {"mnuSetUp", "mnuSetCrew", "&Crew...", nullptr, nullptr, WithGrid},
     {"mnuSetUp", "mnuSetCalibr", "C&alibration...", nullptr, nullptr, WithGrid},
     {"mnuSetUp", "mnuSetBoat", "&Boat SetUp...", nullptr, nullptr, WithGrid},

@@ -9,11 +9,14 @@
 #include "calibration/fTrackChans.h"
 #include "core/mGlobData.h"
 #include "core/shell/fCommands.h"
+#include "core/shell/fFolders.h"
 #include "core/shell/frmMain.h"
 #include "live/catch/fData01Catch.h"
 #include "live/rower/fData01real.h"
 #include "platform/mHost.h"
 #include "platform/qt/qText.h"
+#include "records/fAthleteInp.h"
+#include "records/fSession.h"
 #include "records/fTargets.h"
 #include "records/mTargets.h"
 #include "views/data/fData02view.h"
@@ -24,6 +27,7 @@
 #include "widgets/qIcons.h"
 #include "widgets/qPlace.h"
 
+#include <QCoreApplication>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMessageBox>
@@ -86,6 +90,21 @@ QWidget* MakeSamples(frmMain& Main, const WindowArgs&)
     return Chooser;
 }
 
+QWidget* MakeSession(frmMain& Main, const WindowArgs& Args)
+{
+    auto* Session = new fSession(&Main, TemplateFolders(Plain(QCoreApplication::applicationDirPath())));
+    Session->MayReplace = [&Main] { return Main.EndForSession(); };
+    Session->InitMode(static_cast<int16_t>(Args.Mode));
+    return Session;
+}
+
+QWidget* MakeAthlete(frmMain& Main, const WindowArgs&)
+{
+    auto* Athlete = new fAthleteInp(&Main);
+    Athlete->MayReplace = [&Main] { return Main.EndForSession(); };
+    return Athlete;
+}
+
 QWidget* MakeAbout(frmMain& Main, const WindowArgs&)
 {
     auto* Box = new QMessageBox(&Main);
@@ -121,6 +140,8 @@ constexpr WindowKind Windows[] = {
      fTargets::Section,
      fTargets::Prefix,
      {900, 420}},
+    {"fSession", "The session dialog", MakeSession, One, Dialog, NeedsNothing},
+    {"fAthleteInp", "The athlete dialog", MakeAthlete, One, Dialog, NeedsNothing},
     {"dSamples", "The choice of a sample", MakeSamples, One, Dialog, NeedsNothing},
     {"frmAbout", "About Skarvelin", MakeAbout, One, Dialog, NeedsNothing},
 };

@@ -1,0 +1,276 @@
+// Building of the dialog, and the way between its controls and the form.
+#include "records/fSession.h"
+
+#include "core/mGlobData.h"
+#include "platform/mHost.h"
+#include "platform/qt/qText.h"
+#include "records/qForm.h"
+#include "widgets/qPlace.h"
+
+#include <QFormLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+#include <filesystem>
+
+namespace {
+constexpr const char* Section = "fSession";
+
+QLabel* Words(QWidget* Parent, const char* Name)
+{
+    auto* Label = new QLabel(Parent);
+    Label->setObjectName(Name);
+    Label->setWordWrap(true);
+    Label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return Label;
+}
+} // namespace
+
+fSession::fSession(QWidget* Parent, const std::vector<std::string>& Folders)
+    : QDialog(Parent), Known(FindTemplates(Folders)), OwnFolder(Folders.empty() ? "" : Folders.back())
+{
+    setObjectName("fSession");
+    setAttribute(Qt::WA_DeleteOnClose);
+    auto* Scroll = new QScrollArea(this);
+    Scroll->setFrameShape(QFrame::NoFrame);
+    Scroll->setWidgetResizable(true);
+    Scroll->setWidget(BuildForm());
+    auto* Layout = new QVBoxLayout(this);
+    Layout->addWidget(Scroll, 1);
+    Layout->addLayout(BuildName());
+    Layout->addLayout(BuildButtons());
+    InitMode(SessionNew);
+    RestorePlace(*this, Section, {940, 660});
+}
+
+QWidget* fSession::BuildForm()
+{
+    auto* Form = new QWidget(this);
+    auto* Columns = new QHBoxLayout;
+    Columns->setSpacing(ColumnGap);
+    Columns->addWidget(BuildTemplates(), 2);
+    Columns->addWidget(BuildBoxes(), 3);
+    Columns->addWidget(BuildChoices());
+    auto* Rows = new QVBoxLayout(Form);
+    Rows->setContentsMargins(0, 0, 0, 0);
+    Rows->addLayout(Columns, 1);
+    Rows->addLayout(BuildFolder());
+    return Form;
+}
+
+QGroupBox* fSession::BuildTemplates()
+{
+    frTemplates = new QGroupBox("Template", this);
+    frTemplates->setObjectName("frTemplates");
+    lstTemplates = new QListWidget(frTemplates);
+    lstTemplates->setObjectName("lstTemplates");
+    lstTemplates->addItem("None");
+    for (const SessionTemplate& Each : Known.Templates)
+        lstTemplates->addItem(Shown(Each.Name));
+    lbTemplate = Words(frTemplates, "lbTemplate");
+    auto* Own = Words(frTemplates, "lbOwnTemplates");
+    QString Text = "Your own templates are session files in the folder " + Shown(OwnFolder);
+    for (const std::string& Path : Known.Unreadable)
+        Text += "\nThis is no session file: " + Shown(Path);
+    Own->setText(Text);
+    auto* Rows = new QVBoxLayout(frTemplates);
+    Rows->addWidget(lstTemplates, 1);
+    Rows->addWidget(lbTemplate);
+    Rows->addWidget(Own);
+    connect(lstTemplates, &QListWidget::currentRowChanged, this, [this] { ChooseTemplate(); });
+    return frTemplates;
+}
+
+QWidget* fSession::BuildBoxes()
+{
+    auto* Panel = new QWidget(this);
+    auto* Rows = new QFormLayout(Panel);
+    Rows->setContentsMargins(0, 0, 0, 0);
+    Rows->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+    const auto Add = [&](const char* Caption, const QString& Name) {
+        QLineEdit* Box = MakeBox(Panel, Name, [this] { ShowName(); });
+        Rows->addRow(Caption, Box);
+        return Box;
+    };
+    txtDate = Add("Date (d/m/y)", "txtDate");
+    txtSessNum = Add("Session Number", "txtSessNum");
+    txtPlace = Add("Place", "txtPlace");
+    txtCoach = Add("Coach Name", "txtCoach");
+    for (std::size_t i = 0; i < SessionParCnt; ++i)
+        txtPars[i] = Add(SessionPars()[i].Caption, QString("txtPars_%1").arg(i));
+    return Panel;
+}
+
+QWidget* fSession::BuildChoices()
+{
+    auto* Panel = new QWidget(this);
+    auto* Rows = new QVBoxLayout(Panel);
+    Rows->setContentsMargins(0, 0, 0, 0);
+    const auto Add = [&](const char* Name, const char* Caption, std::span<const LetterChoice> Choices, int Columns) {
+        auto* Group = new qChoice(Panel, Name, Caption, Choices, Columns);
+        Group->OnChosen = [this] { ShowName(); };
+        Rows->addWidget(Group);
+        return Group;
+    };
+    optSex = Add("optSex", "Athlet's Gender", SexChoices(), 2);
+    optWeight = Add("optWeight", "Category", CategoryChoices(), 1);
+    optBoatType = Add("optBoatType", "Boat Type", BoatTypeChoices(), 2);
+    optAge = Add("optAge", "Age Group", AgeGroupChoices(), 2);
+    Rows->addStretch();
+    return Panel;
+}
+
+QFormLayout* fSession::BuildFolder()
+{
+    auto* Rows = new QFormLayout;
+    txtComment = MakeBox(this, "txtComment", [this] { ShowName(); });
+    Rows->addRow("Comment", txtComment);
+    DirLtxt = MakeBox(this, "DirLtxt", [this] { ShowName(); });
+    auto* Browsing = new QPushButton("Browse", this);
+    Browsing->setObjectName("cmdBrowse");
+    Browsing->setAutoDefault(false);
+    connect(Browsing, &QPushButton::clicked, this, [this] { Browse(); });
+    cmdBrowse = Browsing;
+    auto* Line = new QHBoxLayout;
+    Line->addWidget(DirLtxt, 1);
+    Line->addWidget(Browsing);
+    Rows->addRow("Base Data Directory:", Line);
+    return Rows;
+}
+
+QFormLayout* fSession::BuildName()
+{
+    auto* Rows = new QFormLayout;
+    lbSessID = Words(this, "lbSessID");
+    lbPath = Words(this, "lbPath");
+    lbPlan = Words(this, "lbPlan");
+    Rows->addRow("Identifier:", lbSessID);
+    Rows->addRow("File:", lbPath);
+    Rows->addRow(lbPlan);
+    return Rows;
+}
+
+QLayout* fSession::BuildButtons()
+{
+    auto* Line = new QHBoxLayout;
+    Line->addStretch();
+    const auto Add = [&](const char* Name, const char* Caption, const std::function<void()>& Action) {
+        auto* Button = new QPushButton(Caption, this);
+        Button->setObjectName(Name);
+        connect(Button, &QPushButton::clicked, this, Action);
+        Line->addWidget(Button);
+        return Button;
+    };
+    Add("cmdOK", "O&K", [this] {
+        if (Apply()) accept();
+    })->setDefault(true);
+    Add("cmdApply", "&Apply", [this] {
+        if (Apply()) InitMode(SessionChange);
+    });
+    Add("cmdCancel", "&Cancel", [this] { reject(); });
+    return Line;
+}
+
+void fSession::InitMode(int16_t InitMode)
+{
+    Mode = static_cast<eSessionMode>(InitMode);
+    setWindowTitle(SessionCaption(Mode));
+    frTemplates->setVisible(Mode == SessionNew);
+    txtDate->setEnabled(Mode != SessionChange);
+    txtSessNum->setEnabled(Mode != SessionChange);
+    DirLtxt->setEnabled(Mode != SessionChange);
+    cmdBrowse->setEnabled(Mode != SessionChange);
+    SessionForm Form = LoadSession(Mode);
+    Form.Folder = ProposedFolder();
+    ShowForm(Form);
+    if (Mode == SessionNew) lstTemplates->setCurrentRow(0);
+    (Mode == SessionNew ? static_cast<QWidget*>(lstTemplates) : txtPlace)->setFocus();
+}
+
+void fSession::ShowForm(const SessionForm& Form)
+{
+    IsFilling = true;
+    txtDate->setText(Shown(Form.Date));
+    txtSessNum->setText(Shown(Form.SessNum));
+    txtPlace->setText(Shown(Form.Place));
+    txtCoach->setText(Shown(Form.Coach));
+    for (std::size_t i = 0; i < SessionParCnt; ++i)
+        txtPars[i]->setText(Shown(Form.Pars[i]));
+    txtComment->setText(Shown(Form.Comment));
+    DirLtxt->setText(Shown(Form.Folder));
+    optSex->SetLetter(Form.Sex);
+    optWeight->SetLetter(Form.Category);
+    optBoatType->SetLetter(Form.BoatType);
+    optAge->SetLetter(Form.AgeGroup);
+    IsFilling = false;
+    ShowName();
+}
+
+SessionForm fSession::TypedForm() const
+{
+    SessionForm Form;
+    Form.Date = Plain(txtDate->text());
+    Form.SessNum = Plain(txtSessNum->text());
+    Form.Place = Plain(txtPlace->text());
+    Form.Coach = Plain(txtCoach->text());
+    for (std::size_t i = 0; i < SessionParCnt; ++i)
+        Form.Pars[i] = Plain(txtPars[i]->text());
+    Form.Comment = Plain(txtComment->text());
+    Form.Folder = Plain(DirLtxt->text());
+    Form.Sex = optSex->Letter();
+    Form.Category = optWeight->Letter();
+    Form.BoatType = optBoatType->Letter();
+    Form.AgeGroup = optAge->Letter();
+    return Form;
+}
+
+const SessionTemplate* fSession::Chosen() const
+{
+    const int Row = lstTemplates->currentRow();
+    return Mode == SessionNew && Row > 0 ? &Known.Templates[static_cast<std::size_t>(Row - 1)] : nullptr;
+}
+
+void fSession::ChooseTemplate()
+{
+    SessionForm Form = TypedForm();
+    ProposeTemplate(Form, Proposed, Chosen());
+    Proposed = Chosen();
+    lbTemplate->setText(
+        Proposed ? Shown(TemplateText(*Proposed))
+                 : "A blank session: no channels and no crew; rig and views stay as they are. A template fills all "
+                   "of these.");
+    ShowForm(Form);
+}
+
+void fSession::ShowName()
+{
+    if (IsFilling) return;
+    const SessionForm Form = TypedForm();
+    const auto Faults = CheckSession(Form, Mode);
+    MarkFaults(*this, Faults);
+    lbSessID->setText("<b>" + Shown(FormTitle(Form, gFile)).toHtmlEscaped() + "</b>");
+    lbPath->setText(Shown(FormPath(Form, Mode)));
+    lbPlan->setText(FaultOrPlan(Faults, SessionPlan(Form, Mode)));
+}
+
+void fSession::Browse()
+{
+    const std::string File =
+        ExecComDlg("Data folder (select any file in it)", "*", eFileMode::In, Plain(DirLtxt->text()));
+    if (!File.empty()) DirLtxt->setText(Shown(std::filesystem::path(File).parent_path().string()));
+}
+
+bool fSession::Apply()
+{
+    return Guard("Storing the session", [this] { return ApplySession(TypedForm(), Mode, Chosen(), MayReplace); });
+}
+
+void fSession::done(int Result)
+{
+    KeepPlace(*this, Section);
+    QDialog::done(Result);
+}

@@ -1,0 +1,74 @@
+// The dialog "Test Session Info": describes a session, makes a new one, or saves the set-up as another.
+#pragma once
+
+#include "records/mSession.h"
+#include "records/mTemplates.h"
+
+#include <QDialog>
+
+#include <array>
+#include <functional>
+#include <string>
+#include <vector>
+
+class QFormLayout;
+class QGroupBox;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class qChoice;
+
+class fSession : public QDialog
+{
+public:
+    /// Folders hold the templates; the last one is the user's own.
+    fSession(QWidget* Parent, const std::vector<std::string>& Folders);
+
+    /// Sets the mode, an eSessionMode, with its caption and contents. Called before the dialog is shown.
+    void InitMode(int16_t InitMode);
+
+    /// Called before another session takes the place of the open one; false keeps that.
+    std::function<bool()> MayReplace;
+
+    void done(int Result) override;
+
+private:
+    QWidget* BuildForm();
+    QGroupBox* BuildTemplates();
+    QWidget* BuildBoxes();
+    QWidget* BuildChoices();
+    QFormLayout* BuildFolder();
+    QFormLayout* BuildName();
+    QLayout* BuildButtons();
+    void ShowForm(const SessionForm& Form);
+    SessionForm TypedForm() const;
+    const SessionTemplate* Chosen() const;
+    void ChooseTemplate();
+    void ShowName();
+    void Browse();
+    bool Apply();
+
+    eSessionMode Mode = SessionNew;
+    TemplateList Known;
+    std::string OwnFolder;
+    const SessionTemplate* Proposed = nullptr; // whose values stand in the boxes
+    bool IsFilling = false;
+    std::array<QLineEdit*, SessionParCnt> txtPars{};
+    QLineEdit* txtDate = nullptr;
+    QLineEdit* txtSessNum = nullptr;
+    QLineEdit* txtPlace = nullptr;
+    QLineEdit* txtCoach = nullptr;
+    QLineEdit* txtComment = nullptr;
+    QLineEdit* DirLtxt = nullptr;
+    qChoice* optSex = nullptr;
+    qChoice* optWeight = nullptr;
+    qChoice* optBoatType = nullptr;
+    qChoice* optAge = nullptr;
+    QGroupBox* frTemplates = nullptr;
+    QListWidget* lstTemplates = nullptr;
+    QLabel* lbTemplate = nullptr;
+    QLabel* lbSessID = nullptr;
+    QLabel* lbPath = nullptr;
+    QLabel* lbPlan = nullptr;
+    QWidget* cmdBrowse = nullptr;
+};

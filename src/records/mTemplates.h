@@ -1,0 +1,31 @@
+// Templates of sessions: session files that a new session takes its logger, channels, seats, rig and views from.
+#pragma once
+
+#include "core/mGlobData.h"
+
+#include <string>
+#include <vector>
+
+struct SessionTemplate
+{
+    std::string Name; // of its file, without folder and extension
+    std::string Path;
+    DataFile Setup;
+};
+
+/// What some folders hold.
+struct TemplateList
+{
+    std::vector<SessionTemplate> Templates;
+    std::vector<std::string> Unreadable; // paths of text files that are no sessions
+};
+
+/// The session files of Folders, by number of seats and name. Of two with the same name the one in the later folder
+/// counts, so that users can put their own in the place of one that came with the program.
+TemplateList FindTemplates(const std::vector<std::string>& Folders);
+
+/// A template in words: what its session says in its comment, then its channels, seats and oars.
+std::string TemplateText(const SessionTemplate& Template);
+
+/// Gives File the template's logger, channels, crew seats, rig and views, sampled at the rate that is set.
+void ApplyTemplate(const SessionTemplate& Template, DataFile& File);
