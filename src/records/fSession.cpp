@@ -71,6 +71,7 @@ QGroupBox* fSession::BuildTemplates()
     lstTemplates->addItem("None");
     for (const SessionTemplate& Each : Known.Templates)
         lstTemplates->addItem(Shown(Each.Name));
+    lstTemplates->setMinimumWidth(lstTemplates->sizeHintForColumn(0) + ColumnGap);
     lbTemplate = Words(frTemplates, "lbTemplate");
     auto* Own = Words(frTemplates, "lbOwnTemplates");
     QString Text = "Your own templates are session files in the folder " + Shown(OwnFolder);

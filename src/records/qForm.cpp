@@ -53,6 +53,7 @@ QLineEdit* MakeBox(QWidget* Parent, const QString& Name, const std::function<voi
 {
     auto* Box = new QLineEdit(Parent);
     Box->setObjectName(Name);
+    Box->setMinimumWidth(110); // a date, on screens that are too small for the dialog
     QObject::connect(Box, &QLineEdit::textChanged, Parent, [OnTyped] { OnTyped(); });
     return Box;
 }
