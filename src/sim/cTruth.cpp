@@ -58,9 +58,9 @@ std::vector<double> UpwardZeros(const Curve& Signal, double Stop)
     }
     return Zeros;
 }
+} // namespace
 
-// The first channel of seat 1 whose name begins with that letter.
-CalibrRow FirstOfSeat1(const DataFile& File, char Kind)
+CalibrRow ChannelOfSeat1(const DataFile& File, char Kind)
 {
     for (const CalibrRow& Row : File.Calibr)
         if (Row.Seat == 1 && Row.ParamID.starts_with(Kind)) return Row;
@@ -68,7 +68,6 @@ CalibrRow FirstOfSeat1(const DataFile& File, char Kind)
     Plain.ParamID = {Kind, '1'};
     return Plain;
 }
-} // namespace
 
 std::vector<TrueStroke> TrueStrokes(const DataFile& File, cRowerModel& Model, double Stop)
 {
@@ -78,8 +77,8 @@ std::vector<TrueStroke> TrueStrokes(const DataFile& File, cRowerModel& Model, do
     const Curve Boundary = Key ? BoundaryCurve(Key, File.KeyMode, static_cast<double>(File.KeyThres)) : Curve();
     if (!Boundary) return {};
 
-    const Oar Angle = Model.OarOf(FirstOfSeat1(File, 'A'));
-    const Oar Force = Model.OarOf(FirstOfSeat1(File, 'H'));
+    const Oar Angle = Model.OarOf(ChannelOfSeat1(File, 'A'));
+    const Oar Force = Model.OarOf(ChannelOfSeat1(File, 'H'));
     const std::vector<double> Starts = UpwardZeros(Boundary, Stop);
     std::vector<TrueStroke> Found;
     for (std::size_t i = 0; i + 1 < Starts.size(); ++i) {

@@ -28,5 +28,8 @@ struct TrueStroke
 /// the catch, finish and length those of the first angle channel of seat 1, the force that of channel H1.
 std::vector<TrueStroke> TrueStrokes(const DataFile& File, cRowerModel& Model, double Stop);
 
+/// The first channel of seat 1 whose name begins with Kind; where there is none, what it would be.
+CalibrRow ChannelOfSeat1(const DataFile& File, char Kind);
+
 /// The strokes as a table: a header line, then a line a stroke, fields separated by tabs, lines ended by LF.
 std::string TruthTable(const std::vector<TrueStroke>& Strokes);

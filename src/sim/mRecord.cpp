@@ -4,10 +4,13 @@
 #include "base/mNumText.h"
 #include "base/mSafeSave.h"
 #include "platform/mHost.h"
+#include "sim/cMonitor.h"
 #include "sim/cTruth.h"
 
+#include <array>
 #include <filesystem>
-#include <memory>
+#include <list>
+#include <utility>
 
 namespace {
 constexpr int DefaultStrokes = 30;
@@ -38,10 +41,13 @@ std::string WhyNot(const SimOptions& Options, const DataFile& File, int Model)
     if (!cFrameEncoder::IsPossible(LayoutOf(File, Model)))
         return "No logger is of model " + FormatNum(Model, "0") + " with " + FormatNum(File.SlaveCnt, "0") +
                " slaves of " + FormatNum(File.SlaveChans, "0") + " channels: " + Options.Session;
-    for (const std::string& Out : {Options.Recording, Options.Truth, Options.Sent})
-        if (!Out.empty() && IsSameFile(Out, Options.Session)) return "This would replace the session data file: " + Out;
-    if (!Options.Truth.empty() && IsSameFile(Options.Truth, Options.Recording))
-        return "The recording and the table cannot be one file: " + Options.Truth;
+    const std::array Outs = {Options.Recording, Options.Truth, Options.Sent, Options.Replies};
+    for (std::size_t i = 0; i < Outs.size(); ++i) {
+        if (Outs[i].empty()) continue;
+        if (IsSameFile(Outs[i], Options.Session)) return "This would replace the session data file: " + Outs[i];
+        for (std::size_t j = 0; j < i; ++j)
+            if (!Outs[j].empty() && IsSameFile(Outs[i], Outs[j])) return "Two files cannot be one: " + Outs[i];
+    }
     for (const RigSettings& Rig : Options.Logger.Rigs)
         if (const std::string Reason = WhyNoRig(Rig, File, Model); !Reason.empty()) return Reason;
     return {};
@@ -58,7 +64,7 @@ std::string Counted(int Count, const char* What)
     return Count == 0 ? "" : ", " + FormatNum(Count, "0") + What;
 }
 
-std::string Summary(const SimOptions& Options, const LoggerSettings& Used, const cLogger& Logger, double Seconds)
+std::string RecordingText(const SimOptions& Options, const LoggerSettings& Used, const cLogger& Logger, double Seconds)
 {
     const FaultCounts& Faults = Logger.FaultsDone();
     return Options.Recording + ": " + FormatNum(static_cast<double>(Logger.FrameCnt()), "0") + " frames of model " +
@@ -71,11 +77,66 @@ std::string Summary(const SimOptions& Options, const LoggerSettings& Used, const
            Counted(Faults.Drop, " lost") + Counted(Faults.Spikes, " with a spike");
 }
 
-bool HasFailed(const WholeFile& File, const std::string& Path)
+// The files that are written, all or none of them as long as the disk allows.
+class Outputs
 {
-    if (File.Failure().empty()) return false;
-    FileFailed(CantWrite, Path, TitleWarning, File.Failure());
-    return true;
+public:
+    // Null when no file is wanted or it cannot be written.
+    WholeFile* Add(const std::string& Path)
+    {
+        if (Path.empty()) return nullptr;
+        Files.emplace_back(Path, Path);
+        return HasFailed(Files.back()) ? nullptr : &Files.back().File;
+    }
+
+    bool Commit()
+    {
+        for (Named& Each : Files)
+            if (!Each.File.Commit() && HasFailed(Each)) return false;
+        return true;
+    }
+
+    bool IsGood() const { return Good; }
+
+private:
+    struct Named
+    {
+        Named(std::string InitPath, const std::string& Target) : Path(std::move(InitPath)), File(Target) {}
+        std::string Path;
+        WholeFile File;
+    };
+
+    bool HasFailed(const Named& Each)
+    {
+        if (Each.File.Failure().empty()) return false;
+        Good = false;
+        FileFailed(CantWrite, Each.Path, TitleWarning, Each.File.Failure());
+        return true;
+    }
+
+    std::list<Named> Files;
+    bool Good = true;
+};
+
+void Record(cLogger& Logger, double Stop, WholeFile& Recording)
+{
+    std::vector<uint8_t> Bytes;
+    while (Logger.Time() < Stop && Recording.IsOpen()) {
+        Bytes.clear();
+        Logger.NextFrame(Bytes);
+        Recording.Append({reinterpret_cast<const char*>(Bytes.data()), Bytes.size()});
+    }
+}
+
+// Gives a line on the replies.
+std::string WriteReplies(const SimOptions& Options, const DataFile& File, cLogger& Logger, double Stop, WholeFile& Out)
+{
+    cMonitor Monitor(File, Logger.Model());
+    int64_t Count = 0;
+    for (; static_cast<double>(Count) * cMonitor::Step < Stop && Out.IsOpen(); ++Count)
+        Out.Append(Monitor.NextReply() + "\n");
+    return Options.Replies + ": " + FormatNum(static_cast<double>(Count), "0") + " replies of a performance monitor, " +
+           FormatNum(Stop, "0.00") + " s";
 }
 } // namespace
 
@@ -95,23 +156,22 @@ std::string RecordFile(const SimOptions& Options, const DataFile& File)
         return {};
     }
 
-    WholeFile Recording(Options.Recording);
-    if (HasFailed(Recording, Options.Recording)) return {};
-    const auto Table = Options.Truth.empty() ? nullptr : std::make_unique<WholeFile>(Options.Truth);
-    if (Table && HasFailed(*Table, Options.Truth)) return {};
+    Outputs Out;
+    WholeFile* const Recording = Out.Add(Options.Recording);
+    WholeFile* const Table = Out.IsGood() ? Out.Add(Options.Truth) : nullptr;
+    WholeFile* const Replies = Out.IsGood() ? Out.Add(Options.Replies) : nullptr;
+    if (!Out.IsGood()) return {};
 
     cLogger Logger(File, Used);
     const int Strokes = Options.Strokes == 0 && Options.Seconds == 0 ? DefaultStrokes : Options.Strokes;
     const double Stop = Strokes > 0 ? Logger.Model().Strokes().EndOf(Strokes) : Options.Seconds;
-    std::vector<uint8_t> Bytes;
-    while (Logger.Time() < Stop && Recording.IsOpen()) {
-        Bytes.clear();
-        Logger.NextFrame(Bytes);
-        Recording.Append({reinterpret_cast<const char*>(Bytes.data()), Bytes.size()});
+    std::string Text;
+    if (Recording) {
+        Record(Logger, Stop, *Recording);
+        Text = RecordingText(Options, Used, Logger, Stop);
     }
     if (Table)
         Table->Append(Used.Rigs.empty() ? TruthTable(TrueStrokes(File, Logger.Model(), Stop)) : Logger.RigTruth());
-    if (!Recording.Commit() && HasFailed(Recording, Options.Recording)) return {};
-    if (Table && !Table->Commit() && HasFailed(*Table, Options.Truth)) return {};
-    return Summary(Options, Used, Logger, Stop);
+    if (Replies) Text += (Text.empty() ? "" : "\n") + WriteReplies(Options, File, Logger, Stop, *Replies);
+    return Out.Commit() ? Text : "";
 }

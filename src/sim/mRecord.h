@@ -6,6 +6,7 @@
 /// The logger that the options ask for on the channels of File. Gives an empty text, or why there is none.
 std::string SettleLogger(const SimOptions& Options, const DataFile& File, LoggerSettings& Used);
 
-/// Writes the recording and the truth table that the options ask for, by the session in File. Nothing is written when
-/// it fails (reported to the user). Gives a line that sums up what was done, empty after a failure.
+/// Writes the recording, the truth table and the performance monitor's replies, those of them that the options ask for,
+/// by the session in File. Nothing is written when it fails (reported to the user). Gives lines that sum up what was
+/// done, empty after a failure.
 std::string RecordFile(const SimOptions& Options, const DataFile& File);

@@ -86,9 +86,12 @@ bool TakeSeconds(SimOptions& Options, const std::string& Text)
 
 constexpr double HighestSeed = 9007199254740991;
 
-constexpr std::array<Option, 20> Table = {{
+constexpr std::array<Option, 21> Table = {{
     {"--file", "OUT.qvn", "the recording to write, as a whole new file",
      [](SimOptions& To, const std::string& Text) { return TakeText(To.Recording, Text); }},
+    {"--monitor", "FILE",
+     "the replies of a performance monitor on which seat 1 rows, 50 polls a second; beside a recording, or alone",
+     [](SimOptions& To, const std::string& Text) { return TakeText(To.Replies, Text); }},
     {"--tcp", "PORT", "stream live to whoever connects to this TCP port on this machine",
      [](SimOptions& To, const std::string& Text) { return TakeWhole(To.Port, Text, 1, 65535); }},
     {"--pty", "LINK", "stream live on a serial line: a pseudo-terminal behind this symbolic link",
@@ -162,12 +165,17 @@ std::string ParseSimOptions(std::span<const std::string> Words, SimOptions& Opti
     if (Options.Session.empty()) return "no session data file given";
     const int Ways =
         (Options.Recording.empty() ? 0 : 1) + (Options.Port == 0 ? 0 : 1) + (Options.Terminal.empty() ? 0 : 1);
-    return Ways == 1 ? "" : "give one of --file, --tcp and --pty";
+    const bool IsMonitorAlone = Ways == 0 && !Options.Replies.empty();
+    if (Ways != 1 && !IsMonitorAlone) return "give one of --file, --tcp and --pty, or --monitor";
+    if (!Options.Replies.empty() && !Options.Logger.Rigs.empty())
+        return "nobody rows on a rig: --monitor has no strokes";
+    const bool Streams = Options.Port != 0 || !Options.Terminal.empty();
+    return Streams && !Options.Replies.empty() ? "--monitor goes with --file, or alone" : "";
 }
 
 std::string SimUsage()
 {
-    return "skarvelin-sim --file OUT.qvn | --tcp PORT | --pty LINK SESSION [OPTION VALUE]...";
+    return "skarvelin-sim --file OUT.qvn | --tcp PORT | --pty LINK | --monitor FILE SESSION [OPTION VALUE]...";
 }
 
 std::string SimHelp()

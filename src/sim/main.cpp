@@ -75,7 +75,8 @@ int Run(const std::vector<std::string>& Words)
         std::cout << (Options.WantsHelp ? SimHelp() : "skarvelin-sim " + std::string(Version()) + "\n") << std::flush;
         return Done;
     }
-    const auto Work = Options.Recording.empty() ? Stream : Record;
+    const bool Streams = Options.Port != 0 || !Options.Terminal.empty();
+    const auto Work = Streams ? Stream : Record;
     return Guard("The simulation", [&] { return Work(Options); }) ? Done : Failed;
 }
 } // namespace
