@@ -142,6 +142,15 @@ std::span<const Command> AllCommands()
           {"--seconds", ArgKind::Real, "N"}},
          DoRecord,
          RecordObjection},
+        {"monitor",
+         "REPLIES OUT | --usb [--seconds N]",
+         "decodes a file of a performance monitor's replies, or polls the monitor on USB until Ctrl-C, and writes a "
+         "line for each change",
+         0,
+         2,
+         {{"--usb", ArgKind::Flag, ""}, {"--seconds", ArgKind::Real, "N"}},
+         DoMonitor,
+         MonitorObjection},
         {"info", "SESSION", "prints a summary of a session data file in JSON", 1, 1, {}, DoInfo},
     };
     return Table;

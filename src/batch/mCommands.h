@@ -7,6 +7,7 @@
 #include <span>
 
 class cReport;
+class iMonitor;
 
 /// A command. Run gives false when a failure was reported.
 struct Command
@@ -27,6 +28,9 @@ extern sDialogs gBatchDialogs;
 /// Writes a report to a file whose name tells its form. False when it fails (reported to the user). Null in a program
 /// that was built without the toolkit, whose fonts it needs.
 extern bool (*gWriteReport)(const cReport& Report, const std::string& Path);
+
+/// The way to performance monitors. Null in a program that was built without one.
+extern iMonitor* gBatchMonitor;
 
 /// All commands in the order of the help.
 std::span<const Command> AllCommands();
@@ -82,3 +86,7 @@ std::string ReZeroObjection(const Args& Line);
 // Recording.
 bool DoRecord(const Args& Line);
 std::string RecordObjection(const Args& Line);
+
+// Performance monitor.
+bool DoMonitor(const Args& Line);
+std::string MonitorObjection(const Args& Line);

@@ -3,6 +3,7 @@
 #include "batch/mCommands.h"
 #include "core/mSettings.h"
 #include "files/mUnread.h"
+#include "platform/hid/mUsbMonitor.h"
 #include "platform/mHost.h"
 #include "platform/plain/sSettings.h"
 #include "platform/plain/sStatus.h"
@@ -128,6 +129,8 @@ int main(int Count, char** Words)
 #ifdef SKARVELIN_DESKTOP
     gWriteReport = WriteReportOffscreen;
 #endif
+    const std::unique_ptr<iMonitor> Monitor = MakeUsbMonitor();
+    gBatchMonitor = Monitor.get();
     try {
         return Run({Words + 1, Words + Count});
     } catch (...) {
