@@ -1,10 +1,12 @@
-// skarvelin-demo FOLDER [--file FILE]... [--size WIDTHxHEIGHT] [--picture FILE] [--controls FILE] COMMAND...: the
-// desktop program with its ini file and settings in FOLDER, for demonstrations, pictures of its windows and checks of
-// what they show. A command is the name of a menu entry or of a button of the window in front, NAME=TEXT to type into a
-// box, key:NAME to press a key, click:NAME@X,Y to click on a control at shares of its size, wait:MILLISECONDS,
-// memory:MEGABYTES to let the program have no more than that in addition. Each FILE answers a question for a file. With
+// skarvelin-demo FOLDER [--file FILE]... [--size WIDTHxHEIGHT] [--picture FILE] [--controls FILE]
+// [--monitor FILE] COMMAND...: the desktop program with its ini file and settings in FOLDER, for demonstrations,
+// pictures of its windows and checks of what they show. A command is the name of a menu entry or of a button of the
+// window in front, NAME=TEXT to type into a box, key:NAME to press a key, click:NAME@X,Y to click on a control at
+// shares of its size, wait:MILLISECONDS, memory:MEGABYTES to let the program have no more than that in addition. Each
+// FILE answers a question for a file. With
 // --picture or --controls the program ends behind the last command, when it has saved what the window looks like, or
-// the list of its controls (see widgets/qControls.h).
+// the list of its controls (see widgets/qControls.h). With --monitor a performance monitor is attached that gives the
+// replies in FILE.
 #include "acquisition/mComFast.h"
 #include "acquisition/mSampling.h"
 #include "app/qProgram.h"
@@ -12,6 +14,7 @@
 #include "base/mSafeSave.h"
 #include "core/mGlobData.h"
 #include "platform/mHost.h"
+#include "platform/plain/sMonitor.h"
 #include "platform/qt/qText.h"
 #include "widgets/qControls.h"
 
@@ -192,6 +195,7 @@ struct Options
     QStringList Files;
     QSize Size{1280, 800};
     Wanted AtEnd;
+    QString Replies; // file of a performance monitor's replies
     QStringList Commands;
 };
 
@@ -210,6 +214,8 @@ std::optional<Options> Parse(QStringList Words)
             Parsed.AtEnd.Picture = Value;
         else if (Option == "--controls")
             Parsed.AtEnd.Controls = Value;
+        else if (Option == "--monitor")
+            Parsed.Replies = Value;
         else
             return {};
     }
@@ -236,11 +242,19 @@ int Demo(qToolkit&)
     const std::optional<Options> Line = Parse(Words);
     if (Folder.empty() || !Line) {
         std::fputs("usage: skarvelin-demo FOLDER [--file FILE]... [--size WIDTHxHEIGHT] [--picture FILE] "
-                   "[--controls FILE] COMMAND...\n",
+                   "[--controls FILE] [--monitor FILE] COMMAND...\n",
                    stderr);
         return 2;
     }
     qProgram Program(Folder + "settings.ini");
+    if (!Line->Replies.isEmpty()) {
+        std::vector<PlayedReply> Replies = ParseReplies(ReadWhole(Plain(Line->Replies)).value_or(""));
+        if (Replies.empty()) {
+            std::fputs(("There are no replies in " + Plain(Line->Replies) + ".\n").c_str(), stderr);
+            return 2;
+        }
+        Program.UseMonitor(std::make_unique<sMonitor>(std::move(Replies)));
+    }
     Program.Start(Folder);
     DemoDialogs Dialogs;
     Dialogs.Files = Line->Files;

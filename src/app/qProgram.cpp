@@ -4,6 +4,7 @@
 #include "acquisition/mSampling.h"
 #include "core/mGlobData.h"
 #include "core/shell/fFolders.h"
+#include "ergometer/cMonitorLink.h"
 #include "files/mMain.h"
 #include "platform/mHost.h"
 #include "platform/qt/qText.h"
@@ -67,7 +68,21 @@ qProgram::qProgram(const std::string& SettingsPath) : Settings(SettingsPath)
     SetLook();
     gHost = {&Dialogs, &Status, &Settings, &Clock, &SerialPort, &Socket};
     InitSampling(&SecondSocket);
+    gMonitorLink.Use(Monitor.get());
     Window.emplace(Status);
+}
+
+// The window goes ahead of the link that it may use, and the link ahead of its way to the monitors.
+qProgram::~qProgram()
+{
+    Window.reset();
+    gMonitorLink.Use(nullptr);
+}
+
+void qProgram::UseMonitor(std::unique_ptr<iMonitor> Other)
+{
+    gMonitorLink.Use(Other.get());
+    Monitor = std::move(Other);
 }
 
 void qProgram::Start(const std::string& Folder)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/shell/frmMain.h"
+#include "platform/hid/mUsbMonitor.h"
 #include "platform/qt/qClock.h"
 #include "platform/qt/qDialogs.h"
 #include "platform/qt/qSerialPort.h"
@@ -11,6 +12,7 @@
 
 #include <QApplication>
 
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -38,6 +40,12 @@ class qProgram
 public:
     /// SettingsPath is the file of the settings store.
     explicit qProgram(const std::string& SettingsPath);
+    ~qProgram();
+    qProgram(const qProgram&) = delete;
+    qProgram& operator=(const qProgram&) = delete;
+
+    /// Takes another way to performance monitors in place of USB.
+    void UseMonitor(std::unique_ptr<iMonitor> Other);
 
     /// Starts with Folder as the program's folder and shows the main window.
     void Start(const std::string& Folder);
@@ -52,5 +60,6 @@ private:
     qSerialPort SerialPort;
     qSocket Socket;
     qSocket SecondSocket; // beside a silent connection
+    std::unique_ptr<iMonitor> Monitor = MakeUsbMonitor();
     std::optional<frmMain> Window;
 };
