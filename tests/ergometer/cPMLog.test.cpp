@@ -51,7 +51,7 @@ struct Logged : FreshState
 } // namespace
 
 TEST_CASE_FIXTURE(Logged,
-                  "the comparison takes a sample's number; its file has the header alone, the rows stand beside")
+                  "the comparison takes a sample's number, its file has the header alone, and the rows stand beside")
 {
     REQUIRE(Log.PMStartLog());
     CHECK(gFile.SampleCnt == 8);
