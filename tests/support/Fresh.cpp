@@ -1,4 +1,4 @@
-// The globals of each module, and their first values.
+// The globals of each module. Their first values are those that they have when a test program starts.
 #include "support/Fresh.h"
 
 #include "acquisition/mComFast.h"
@@ -22,95 +22,52 @@
 #include "views/data/mViewLoad.h"
 #include "views/data/mViewSave.h"
 
+#include <functional>
+#include <vector>
+
 namespace {
-void FreshData()
+using Work = std::vector<std::function<void()>>;
+
+// Makes the values that the globals have now those that they get back.
+template <class... Kinds>
+void Keep(Work& PutBack, Kinds&... Globals)
 {
-    gFile = {};
-    gDots = {};
-    gSegs = {};
-    gVideoID = {};
-    gVidCoords = {};
-    gVidAngles = {};
-    gData.fill(0);
-    gRaw = {};
-    gRawStart = gRawStop = gTimeStep = gDeltaT = gSampleTime = gFrequency = 0;
-    gFrameMin = 0;
-    gFrameCnt = gMissed = gPlayIdx = 0;
-    gKeyChan = gKeyMode = gH1Chan = gStrokeCnt = 0;
-    gKeyQ0 = gKeyQ1 = gH1Q0 = gH1Q1 = 0;
-    for (std::string* Text : {&gCurFile, &gFileTitle, &gCurDir, &gSessID, &gRawFN})
-        Text->clear();
-    gFromFile = false;
-    gFirstCycle = true;
-    gRate = gCycleTime = gCycleSum = gRateAver = gPlayTime = 0;
+    (PutBack.push_back([&Globals, First = Globals] { Globals = First; }), ...);
 }
 
-void FreshIni()
+Work KeepAll()
 {
-    for (std::string* Text : {&gAppDir, &gSysID, &gBaseFolder, &gCOMdevice, &gBackground, &gModelsFN})
-        Text->clear();
-    gMainPlace = {};
-    gCOMport = 1;
-    gLinkAddress = "127.0.0.1";
-    gLinkPort = 6000;
-    gAutoCalCh = 0;
-    gAutoCalQ0 = gAutoCalQ1 = 0;
-    gCalibrSens = {};
-    gIsCurves = gIsValue = gIsInd = gIsGrid = true;
-    gIsScore = gIsSound = false;
-}
-
-void FreshSettings()
-{
-    sSettings None;
-    gHost = {};
-    gHost.Settings = &None;
-    LoadSettings();
-    gHost = {};
-}
-
-void FreshFiles()
-{
-    gOldInboard = gOldOarLen = gOldBladeLen = 0;
-    gLinkStream = gReplayStream = gScanStream = {};
-    gScanData = {};
-    gSignedADC = false;
-    gLastGPS = {};
-    gScanRows.Clear();
-    gSampleName.clear();
-}
-
-void FreshProcessing()
-{
-    for (NormTable* Table : {&gNormAver1, &gNormCnt1, &gNormStd1, &gNormAver2, &gNormCnt2, &gNormStd2})
-        *Table = {};
-    gKeyWin = {};
-    gMeanCycleT = gCycleSD = gRateSD = gTestTime = 0;
-    gBadStrokes = 0;
-    gRefTabs.assign(1, {});
-    gRefCnt = 0;
-    gDriveT = gMaxFT = gRecovT = gLength = gMaxForce = gAverForce = gImpulse = gWork = gPower = 0;
-    StrokeLogFN.clear();
-}
-
-void FreshWindows()
-{
-    gTarget = {};
-    gTargets = {};
-    gCurves.clear();
-    gDist.clear();
-    gDistStart = gDistStop = 0;
-    gScanStart = gScanStop = gDistInp = gTimeInp = 0;
+    Work All;
+    // The session and its data.
+    Keep(All, gFile, gDots, gSegs, gVideoID, gVidCoords, gVidAngles, gData, gRawStart, gRawStop, gTimeStep, gDeltaT,
+         gSampleTime, gFrequency, gFrameMin, gFrameCnt, gMissed, gPlayIdx, gKeyChan, gKeyMode, gH1Chan, gStrokeCnt,
+         gKeyQ0, gKeyQ1, gH1Q0, gH1Q1, gCurFile, gFileTitle, gCurDir, gSessID, gRawFN, gFromFile, gFirstCycle, gRate,
+         gCycleTime, gCycleSum, gRateAver, gPlayTime);
+    // The ini file.
+    Keep(All, gAppDir, gSysID, gBaseFolder, gCOMdevice, gBackground, gModelsFN, gMainPlace, gCOMport, gLinkAddress,
+         gLinkPort, gAutoCalCh, gAutoCalQ0, gAutoCalQ1, gCalibrSens, gIsCurves, gIsValue, gIsInd, gIsGrid, gIsScore,
+         gIsSound);
+    // Readers and processing.
+    Keep(All, gOldInboard, gOldOarLen, gOldBladeLen, gLinkStream, gReplayStream, gScanStream, gScanData, gSignedADC,
+         gLastGPS, gScanRows, gSampleName, gNormAver1, gNormCnt1, gNormStd1, gNormAver2, gNormCnt2, gNormStd2, gKeyWin,
+         gMeanCycleT, gCycleSD, gRateSD, gTestTime, gBadStrokes, gRefTabs, gRefCnt, gDriveT, gMaxFT, gRecovT, gLength,
+         gMaxForce, gAverForce, gImpulse, gWork, gPower, StrokeLogFN);
+    // Windows.
+    Keep(All, gTarget, gTargets, gCurves, gDist, gDistStart, gDistStop, gScanStart, gScanStop, gDistInp, gTimeInp);
+    return All;
 }
 } // namespace
 
 void StartFresh()
 {
-    FreshData();
-    FreshIni();
-    FreshSettings();
-    FreshFiles();
-    FreshProcessing();
-    FreshWindows();
+    static const Work PutBack = KeepAll();
+    for (const auto& Each : PutBack)
+        Each();
+    gRaw = {};
+    sSettings None;
+    gHost = {};
+    gHost.Settings = &None;
+    LoadSettings();
+    gHost = {};
     InitLink();
 }
