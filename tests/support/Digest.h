@@ -29,6 +29,12 @@ inline Texts LinesOf(const std::string& Text)
     return Lines;
 }
 
+/// X with so many digits; what rounding leaves of 0 is 0.
+inline std::string Rounded(double X, int Digits)
+{
+    return FormatGeneral(std::fabs(X) < 1e-9 ? 0 : X, Digits);
+}
+
 /// What is left of many cells: the sum of their numbers, plain and weighted by their places, and of their letters.
 class CellSums
 {
@@ -48,7 +54,7 @@ public:
     }
     std::string Text() const
     {
-        return FormatNum(Count, "0") + " " + FormatGeneral(Sum, 9) + " " + FormatGeneral(Weighted, 9) + " " +
+        return FormatNum(Count, "0") + " " + Rounded(Sum, 9) + " " + Rounded(Weighted, 9) + " " +
                FormatNum(static_cast<double>(Letters), "0");
     }
 

@@ -6,9 +6,11 @@
 #include <cstdlib>
 
 /// Whether two lines are the same but for the last digits of numbers with decimals, in which compilers may differ.
+/// Numbers of few digits have as many of them.
 inline bool IsSameLine(const std::string& A, const std::string& B)
 {
-    constexpr double Relative = 1e-6, Absolute = 1e-6;
+    constexpr double Relative = 1e-6, Absolute = 1e-7;
+    constexpr std::ptrdiff_t ManyDigits = 7;
     const char *X = A.data(), *Y = B.data();
     const char *const EndX = X + A.size(), *const EndY = Y + B.size();
     while (X < EndX && Y < EndY) {
@@ -17,7 +19,8 @@ inline bool IsSameLine(const std::string& A, const std::string& B)
         const char* const PastY = std::from_chars(Y, EndY, Q).ptr;
         const bool HasDecimals = std::string_view(X, PastX).find_first_of(".e") != std::string::npos ||
                                  std::string_view(Y, PastY).find_first_of(".e") != std::string::npos;
-        if (HasDecimals && std::fabs(P - Q) <= Absolute + Relative * std::max(std::fabs(P), std::fabs(Q))) {
+        const bool IsAsLong = PastX - X == PastY - Y || std::min(PastX - X, PastY - Y) > ManyDigits;
+        if (HasDecimals && IsAsLong && std::fabs(P - Q) <= Absolute + Relative * std::max(std::fabs(P), std::fabs(Q))) {
             X = PastX;
             Y = PastY;
         } else if (*X++ != *Y++) {

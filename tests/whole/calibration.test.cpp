@@ -94,7 +94,7 @@ TEST_CASE("the calibration workbench shows, draws and writes what the golden lis
         {"threshold", [&] { return Work.SetBox(BoxThreshold, "7.25"), Work.SetBox(BoxQ1, "0.1"), Work.SaveData(); }},
         {"link closed", [&] { return gLinkWatch.Closed(), Work.PutDataPoint(); }},
         {"link open", [&] { return gLinkWatch.Opened("link", 0), Work.StartData(); }},
-        {"load", [&] { return Work.LoadRawCalData(Test.Folder.Path("single_19_FRC-210.xcl")); }},
+        {"load", [&] { return Work.LoadRawCalData("single_19_FRC-210.xcl"); }},
         {"automatic", [&] { return Work.SetFlag(FlagAutomatic, true), Work.SetFlag(FlagTorque, true), true; }},
         {"torque", [&] { return Work.SetBox(BoxPhys, "0.35"), Work.StartData(); }},
         {"space", [&] { return Work.Space(); }},

@@ -74,7 +74,7 @@ void Prepare(Walk& Walking, const PanelCase& Each)
     gIsInd = On.find('i') != std::string::npos;
     gIsScore = On.find('s') != std::string::npos;
     gIsGrid = On.find('g') != std::string::npos;
-    gAppDir = Walking.Folder.Path("");
+    gAppDir = "./";
     InitTargets();
     Walking.Lines.push_back("> " + std::string(Each.Session) + " " + Each.Settings + " " + Each.Switches);
     if (std::string(Each.Session) == "single.txt") AddRows();
