@@ -41,6 +41,7 @@ inline void CheckGolden(const std::string& Name, const Texts& Lines)
     if (std::getenv("SKARVELIN_WRITE_GOLDEN")) REQUIRE(SaveWhole(Path, Text));
     const auto Golden = ReadWhole(Path);
     REQUIRE(Golden);
+    INFO("Where the change is meant, SKARVELIN_WRITE_GOLDEN=1 in the environment writes the file anew.");
     const Texts Now = LinesOf(Text), Known = LinesOf(*Golden);
     for (std::size_t i = 0; i < std::min(Now.size(), Known.size()); ++i) {
         CAPTURE(i);
