@@ -29,6 +29,9 @@ public:
     /// What was taken down.
     Texts Lines;
 
+    /// So many lines of a text are taken down as they are.
+    std::size_t FewLines = 30;
+
     /// Runs a line: "sim" and its arguments; "edit FILE OLD NEW", where | stands for a tab; "flip FILE BYTE"; settings
     /// as KEY=VALUE and a command of the batch program.
     void Run(const std::string& Line)
@@ -52,13 +55,20 @@ public:
         NoteFiles();
     }
 
-    /// Takes down what was drawn, few calls as they are.
-    void NoteDrawing(const std::string& What, SurfaceLog& Surface, std::size_t Few = 14)
+    /// Takes down what was drawn, few calls as they are, of many the sums of Wide columns.
+    void NoteDrawing(const std::string& What, SurfaceLog& Surface, std::size_t Few = 14, std::size_t Wide = 7)
     {
-        const Texts Calls = Surface.Take();
+        Texts Calls = Surface.Take();
+        if (Calls.empty()) return;
         Lines.push_back(What + ": " + FormatNum(static_cast<double>(Calls.size()), "0") + " calls");
-        for (const std::string& Line : Digest(Calls, ' ', Few, 7))
+        Texts& Former = Drawn[&Surface];
+        if (Calls == Former && Calls.size() > Few) {
+            Lines.back() += " as before";
+            return;
+        }
+        for (const std::string& Line : Digest(Calls, ' ', Few, Wide))
             Lines.push_back("  " + Line);
+        Former = std::move(Calls);
     }
 
     /// Starts a program anew and opens a session in it.
@@ -71,9 +81,14 @@ public:
     /// Takes down what the user was told since.
     void NoteTold()
     {
+        std::string Progress;
         for (Texts* Told : {&Dialogs.Told, &Status.Shown})
             for (const std::string& Each : std::exchange(*Told, {}))
-                if (!Each.ends_with('%')) Lines.push_back(Each);
+                if (Each.ends_with('%'))
+                    Progress = Each;
+                else
+                    Lines.push_back(Each);
+        if (!Progress.empty()) Lines.push_back("progress ends at " + Progress);
     }
 
     /// Takes down which files have changed, and of texts the lines that no file had before.
@@ -95,6 +110,8 @@ private:
         gHost = {&Dialogs, &Status, &Settings};
         Settings = {};
         LoadSettings();
+        Dialogs.AnswerYes = true;
+        Status.CancelAt = 101;
         Dialogs.Told.clear();
         Status.Shown.clear();
     }
@@ -153,7 +170,7 @@ private:
     {
         if (Text.empty()) return;
         const Texts All = LinesOf(Text);
-        for (const std::string& Line : Digest(All, Text.find('\t') == std::string::npos ? ',' : '\t'))
+        for (const std::string& Line : Digest(All, Text.find('\t') == std::string::npos ? ',' : '\t', FewLines))
             Lines.push_back("    " + Line);
     }
 
@@ -176,5 +193,6 @@ private:
 
     std::filesystem::path Before = std::filesystem::current_path();
     std::map<std::string, std::string> Files;
+    std::map<const SurfaceLog*, Texts> Drawn;
     std::set<std::string> Known; // lines of all of them so far
 };
