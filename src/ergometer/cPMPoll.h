@@ -51,6 +51,9 @@ struct PMSnapshot
 
     /// The state as a sentence for the user.
     std::string Text(int64_t Now) const;
+
+    /// Pace, rate, power and stroke state in one line, or why there are none.
+    std::string FiguresText(int64_t Now) const;
 };
 
 class cPMPoll

@@ -25,17 +25,18 @@ struct Figure
 {
     const char* Name;
     const char* Caption;
+    const char* Longest; // it has room for this
     std::string (*Text)(const PMFigures& From);
 };
 
 constexpr Figure Shapes[] = {
-    {"lbPace", "Pace / 500 m", [](const PMFigures& From) { return From.Pace500Text(); }},
-    {"lbCadence", "Rate", [](const PMFigures& From) { return FormatNum(From.Cadence, "0"); }},
-    {"lbPower", "Power (W)", [](const PMFigures& From) { return FormatNum(From.Power, "0"); }},
-    {"lbWorkTime", "Time", [](const PMFigures& From) { return From.WorkTimeText(); }},
-    {"lbWorkDist", "Distance (m)", [](const PMFigures& From) { return From.WorkDistText(); }},
-    {"lbDriveCount", "Strokes", [](const PMFigures& From) { return FormatNum(From.DriveCount, "0"); }},
-    {"lbStrokeState", "State", [](const PMFigures& From) { return StrokeStateName(From.StrokeState); }},
+    {"lbPace", "Pace / 500 m", "00:00.0", [](const PMFigures& From) { return From.Pace500Text(); }},
+    {"lbCadence", "Rate", "000", [](const PMFigures& From) { return FormatNum(From.Cadence, "0"); }},
+    {"lbPower", "Power (W)", "0000", [](const PMFigures& From) { return FormatNum(From.Power, "0"); }},
+    {"lbWorkTime", "Time", "0:00:00.00", [](const PMFigures& From) { return From.WorkTimeText(); }},
+    {"lbWorkDist", "Distance (m)", "00000.0", [](const PMFigures& From) { return From.WorkDistText(); }},
+    {"lbDriveCount", "Strokes", "0000", [](const PMFigures& From) { return FormatNum(From.DriveCount, "0"); }},
+    {"lbStrokeState", "State", "dwelling", [](const PMFigures& From) { return StrokeStateName(From.StrokeState); }},
 };
 
 constexpr const char* Columns = "Pace, Rate, Power, State, Time, Distance, Stroke distance, Drive, Recovery, Length, "
@@ -133,7 +134,8 @@ QLayout* fPMI::BuildFigures()
         Letters.setPointSizeF(Letters.pointSizeF() * 1.8);
         Letters.setBold(true);
         Value->setFont(Letters);
-        Value->setMinimumHeight(QFontMetrics(Letters).height());
+        const QFontMetrics Metrics(Letters);
+        Value->setMinimumSize(Metrics.horizontalAdvance(Shape.Longest), Metrics.height());
         auto* Caption = new QLabel(Shape.Caption, this);
         Caption->setBuddy(Value);
         Grid->addWidget(Caption, 0, i, Qt::AlignLeft);

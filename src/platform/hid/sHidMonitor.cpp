@@ -17,7 +17,7 @@ std::string Utf8(const wchar_t* Text)
 {
     std::string Bytes;
     for (; Text && *Text; ++Text) {
-        const auto Letter = static_cast<uint32_t>(*Text);
+        const uint32_t Letter = std::char_traits<wchar_t>::to_int_type(*Text);
         const auto Add = [&](uint32_t Lead, uint32_t Shift) {
             Bytes += static_cast<char>(Lead | (Letter >> Shift & 0x3F));
         };
