@@ -36,7 +36,7 @@ constexpr Figure Shapes[] = {
     {"lbWorkTime", "Time", "0:00:00.00", [](const PMFigures& From) { return From.WorkTimeText(); }},
     {"lbWorkDist", "Distance (m)", "00000.0", [](const PMFigures& From) { return From.WorkDistText(); }},
     {"lbDriveCount", "Strokes", "0000", [](const PMFigures& From) { return FormatNum(From.DriveCount, "0"); }},
-    {"lbStrokeState", "State", "dwelling", [](const PMFigures& From) { return StrokeStateName(From.StrokeState); }},
+    {"lbStrokeState", "State", "recovery", [](const PMFigures& From) { return StrokeStateName(From.StrokeState); }},
 };
 
 constexpr const char* Columns = "Pace, Rate, Power, State, Time, Distance, Stroke distance, Drive, Recovery, Length, "
@@ -75,7 +75,6 @@ fPMI::fPMI()
     Layout->addLayout(BuildCommands());
     Layout->addWidget(lbState);
     Layout->addWidget(lbReport);
-    Layout->addWidget(lbUnit);
     Layout->addLayout(BuildFigures());
     Layout->addLayout(BuildBox(0, "At each change of the stroke's state"), 1);
     Layout->addLayout(BuildBox(1, "At each change of the stroke's figures"), 1);
@@ -119,23 +118,24 @@ QLayout* fPMI::BuildCommands()
     auto* Layout = new QHBoxLayout;
     for (QPushButton* Button : {Command1, Command2, Command3})
         Layout->addWidget(Button);
-    Layout->addStretch();
+    Layout->addSpacing(12);
+    Layout->addWidget(lbUnit, 1);
     return Layout;
 }
 
 QLayout* fPMI::BuildFigures()
 {
     auto* Grid = new QGridLayout;
-    Grid->setHorizontalSpacing(18);
+    Grid->setHorizontalSpacing(16);
     for (int i = 0; i < Figures; ++i) {
         const Figure& Shape = Shapes[i];
         auto* Value = AddLabel(Shape.Name);
         QFont Letters = Value->font();
-        Letters.setPointSizeF(Letters.pointSizeF() * 1.8);
+        Letters.setPointSizeF(Letters.pointSizeF() * 1.7);
         Letters.setBold(true);
         Value->setFont(Letters);
         const QFontMetrics Metrics(Letters);
-        Value->setMinimumSize(Metrics.horizontalAdvance(Shape.Longest), Metrics.height());
+        Value->setMinimumSize(Metrics.horizontalAdvance(Shape.Longest) + 2, Metrics.height());
         auto* Caption = new QLabel(Shape.Caption, this);
         Caption->setBuddy(Value);
         Grid->addWidget(Caption, 0, i, Qt::AlignLeft);
