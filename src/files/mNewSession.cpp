@@ -51,35 +51,35 @@ void DropSamples(DataFile& File)
     File.Models.Clear();
 }
 
-// A table that is not there was reported when its session was opened.
-bool CarryRefTables(const DataFile& File, const fs::path& Folder)
+bool WriteNew(const std::string& Path, const DataFile& New, const std::string& RefFolder)
+{
+    const fs::path Folder = fs::path(Path).parent_path();
+    cMadeFolders Folders(Folder);
+    if (Folders.Error)
+        return FileFailed("Can't make the folder: ", Folder.string(), TitleWarning, Folders.Error.message());
+    Folders.Stays = CarryRefTables(New, RefFolder, Folder.string()) && BackupFile(Path) &&
+                    WriteDataFile(Path, New, SectionFilter::Non);
+    return Folders.Stays;
+}
+} // namespace
+
+bool CarryRefTables(const DataFile& File, const std::string& From, const std::string& To)
 {
     for (const CalibrRow& Row : File.Calibr) {
         if (Row.ProcMode != ApproxRefTable) continue;
-        const auto Bytes = ReadWhole(gCurDir + Row.SensorID + ".ref");
-        const std::string Path = (Folder / (Row.SensorID + ".ref")).string();
+        const auto Bytes = ReadWhole(From + Row.SensorID + ".ref");
+        const std::string Path = (fs::path(To) / (Row.SensorID + ".ref")).string();
         if (Bytes && ReadWhole(Path) != Bytes && !SaveWhole(Path, *Bytes))
             return FileFailed(CantWrite, Path, TitleWarning);
     }
     return true;
 }
 
-bool WriteNew(const std::string& Path, const DataFile& New)
-{
-    const fs::path Folder = fs::path(Path).parent_path();
-    cMadeFolders Folders(Folder);
-    if (Folders.Error)
-        return FileFailed("Can't make the folder: ", Folder.string(), TitleWarning, Folders.Error.message());
-    Folders.Stays = CarryRefTables(New, Folder) && BackupFile(Path) && WriteDataFile(Path, New, SectionFilter::Non);
-    return Folders.Stays;
-}
-} // namespace
-
-bool StartSession(const std::string& Path, DataFile New)
+bool StartSession(const std::string& Path, DataFile New, const std::string& RefFolder)
 {
     DropSamples(New);
     SetSessID(Path, New);
-    if (!WriteNew(Path, New)) return false;
+    if (!WriteNew(Path, New, RefFolder)) return false;
     gFile = std::move(New);
     SetCurFile(Path);
     gSessID = gFileTitle;

@@ -201,7 +201,9 @@ void fAthleteInp::ShowName()
 
 void fAthleteInp::Store()
 {
-    if (Guard("Making the athlete's session", [this] { return CreateDataFile(TypedForm(), MayReplace); })) accept();
+    const AthleteForm Form = TypedForm();
+    if (Guard("Making the athlete's session", [&] { return CreateDataFile(Form, MayReplace); })) return accept();
+    GoToFault(*this, CheckAthlete(Form));
 }
 
 // A click into a box selects all of it.

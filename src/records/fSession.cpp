@@ -13,6 +13,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 #include <filesystem>
@@ -30,8 +31,7 @@ QLabel* Words(QWidget* Parent, const char* Name)
 }
 } // namespace
 
-fSession::fSession(QWidget* Parent, const std::vector<std::string>& Folders)
-    : QDialog(Parent), Known(FindTemplates(Folders)), OwnFolder(Folders.empty() ? "" : Folders.back())
+fSession::fSession(QWidget* Parent, const std::vector<std::string>& InitFolders) : QDialog(Parent), Folders(InitFolders)
 {
     setObjectName("fSession");
     setAttribute(Qt::WA_DeleteOnClose);
@@ -68,20 +68,19 @@ QGroupBox* fSession::BuildTemplates()
     frTemplates->setObjectName("frTemplates");
     lstTemplates = new QListWidget(frTemplates);
     lstTemplates->setObjectName("lstTemplates");
-    lstTemplates->addItem("None");
-    for (const SessionTemplate& Each : Known.Templates)
-        lstTemplates->addItem(Shown(Each.Name));
-    lstTemplates->setMinimumWidth(lstTemplates->sizeHintForColumn(0) + ColumnGap);
     lbTemplate = Words(frTemplates, "lbTemplate");
-    auto* Own = Words(frTemplates, "lbOwnTemplates");
-    QString Text = "Your own templates are session files in the folder " + Shown(OwnFolder);
-    for (const std::string& Path : Known.Unreadable)
-        Text += "\nThis is no session file: " + Shown(Path);
-    Own->setText(Text);
+    lbOwnTemplates = Words(frTemplates, "lbOwnTemplates");
+    auto* Keep = new QPushButton("Add the open session...", frTemplates);
+    Keep->setObjectName("cmdKeepTemplate");
+    Keep->setToolTip("Keeps the set-up of the open session, without samples and rowers, as a template of your own");
+    Keep->setAutoDefault(false);
+    Keep->setEnabled(gFile.Calibr.UBound() > 0);
+    connect(Keep, &QPushButton::clicked, this, [this] { KeepOpenSession(); });
     auto* Rows = new QVBoxLayout(frTemplates);
     Rows->addWidget(lstTemplates, 1);
     Rows->addWidget(lbTemplate);
-    Rows->addWidget(Own);
+    Rows->addWidget(Keep);
+    Rows->addWidget(lbOwnTemplates);
     connect(lstTemplates, &QListWidget::currentRowChanged, this, [this] { ChooseTemplate(); });
     return frTemplates;
 }
@@ -187,8 +186,9 @@ void fSession::InitMode(int16_t InitMode)
     cmdBrowse->setEnabled(Mode != SessionChange);
     SessionForm Form = LoadSession(Mode);
     Form.Folder = ProposedFolder();
+    Proposed.reset();
     ShowForm(Form);
-    if (Mode == SessionNew) lstTemplates->setCurrentRow(0);
+    if (Mode == SessionNew) ListTemplates("");
     (Mode == SessionNew ? static_cast<QWidget*>(lstTemplates) : txtPlace)->setFocus();
 }
 
@@ -235,15 +235,42 @@ const SessionTemplate* fSession::Chosen() const
     return Mode == SessionNew && Row > 0 ? &Known.Templates[static_cast<std::size_t>(Row - 1)] : nullptr;
 }
 
+// With the template of that name chosen, else None.
+void fSession::ListTemplates(const std::string& Name)
+{
+    const QSignalBlocker Quiet(lstTemplates); // the rows do not fit the templates until both are there
+    Known = FindTemplates(Folders);
+    lstTemplates->clear();
+    lstTemplates->addItem("None");
+    int Row = 0;
+    for (const SessionTemplate& Each : Known.Templates) {
+        lstTemplates->addItem(Shown(Each.Name));
+        if (Each.Name == Name) Row = lstTemplates->count() - 1;
+    }
+    lstTemplates->setCurrentRow(Row);
+    lstTemplates->setMinimumWidth(lstTemplates->sizeHintForColumn(0) + ColumnGap);
+    QString Text = "Your own templates are session files in the folder " + Shown(Folders.back());
+    for (const std::string& Path : Known.Unreadable)
+        Text += "\nThis is no session file: " + Shown(Path);
+    lbOwnTemplates->setText(Text);
+    ChooseTemplate();
+}
+
+void fSession::KeepOpenSession()
+{
+    const std::string Name = InputBox("Name of the template", "Add the open session", gFileTitle);
+    if (!Name.empty() && KeepTemplate(Folders.back(), Name)) ListTemplates(Name);
+}
+
 void fSession::ChooseTemplate()
 {
     SessionForm Form = TypedForm();
-    ProposeTemplate(Form, Proposed, Chosen());
-    Proposed = Chosen();
-    lbTemplate->setText(
-        Proposed ? Shown(TemplateText(*Proposed))
-                 : "A blank session: no channels and no crew; rig and views stay as they are. A template fills all "
-                   "of these.");
+    const SessionTemplate* Now = Chosen();
+    ProposeTemplate(Form, Proposed ? &*Proposed : nullptr, Now);
+    Proposed = Now ? std::optional(*Now) : std::nullopt;
+    lbTemplate->setText(Now ? Shown(TemplateText(*Now))
+                            : "A blank session: no channels and no crew; rig and views stay as they are. A template "
+                              "fills all of these.");
     ShowForm(Form);
 }
 
@@ -267,7 +294,10 @@ void fSession::Browse()
 
 bool fSession::Apply()
 {
-    return Guard("Storing the session", [this] { return ApplySession(TypedForm(), Mode, Chosen(), MayReplace); });
+    const SessionForm Form = TypedForm();
+    if (Guard("Storing the session", [&] { return ApplySession(Form, Mode, Chosen(), MayReplace); })) return true;
+    GoToFault(*this, CheckSession(Form, Mode));
+    return false;
 }
 
 void fSession::done(int Result)

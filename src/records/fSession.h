@@ -8,6 +8,7 @@
 
 #include <array>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,8 +22,8 @@ class qChoice;
 class fSession : public QDialog
 {
 public:
-    /// Folders hold the templates; the last one is the user's own.
-    fSession(QWidget* Parent, const std::vector<std::string>& Folders);
+    /// InitFolders hold the templates; the last one is the user's own.
+    fSession(QWidget* Parent, const std::vector<std::string>& InitFolders);
 
     /// Sets the mode, an eSessionMode, with its caption and contents. Called before the dialog is shown.
     void InitMode(int16_t InitMode);
@@ -43,15 +44,17 @@ private:
     void ShowForm(const SessionForm& Form);
     SessionForm TypedForm() const;
     const SessionTemplate* Chosen() const;
+    void ListTemplates(const std::string& Name);
     void ChooseTemplate();
+    void KeepOpenSession();
     void ShowName();
     void Browse();
     bool Apply();
 
     eSessionMode Mode = SessionNew;
+    std::vector<std::string> Folders;
     TemplateList Known;
-    std::string OwnFolder;
-    const SessionTemplate* Proposed = nullptr; // whose values stand in the boxes
+    std::optional<SessionTemplate> Proposed; // whose values stand in the boxes
     bool IsFilling = false;
     std::array<QLineEdit*, SessionParCnt> txtPars{};
     QLineEdit* txtDate = nullptr;
@@ -67,6 +70,7 @@ private:
     QGroupBox* frTemplates = nullptr;
     QListWidget* lstTemplates = nullptr;
     QLabel* lbTemplate = nullptr;
+    QLabel* lbOwnTemplates = nullptr;
     QLabel* lbSessID = nullptr;
     QLabel* lbPath = nullptr;
     QLabel* lbPlan = nullptr;

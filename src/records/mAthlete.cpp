@@ -229,9 +229,10 @@ bool CreateDataFile(const AthleteForm& Form, const std::function<bool()>& MayRep
     if (!MayRewriteSession(Path) || (MayReplace && !MayReplace())) return false;
     DataFile New = gFile;
     StoreAthlete(Form, New);
-    if (!StartSession(Path, std::move(New))) return false;
+    if (!StartSession(Path, std::move(New), gCurDir)) return false;
     gBaseFolder = TrimTyped(Form.Folder);
     gSessCnt = Counter(Form) + 1;
     SaveSetting("gSessCnt");
+    UpdateStatus("Made: " + gCurFile);
     return true;
 }

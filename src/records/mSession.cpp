@@ -88,10 +88,10 @@ std::string Proposal(const SessionPar& Par, const SessionTemplate* Template)
     return TypedNumber(Text) == 0.0 ? "" : Text;
 }
 
-bool StartBlank(const std::string& Path, DataFile New)
+bool StartBlank(const std::string& Path, DataFile New, const std::string& RefFolder)
 {
     auto Videos = std::exchange(gVideoID, {}); // they belong to the former session's samples
-    if (!StartSession(Path, std::move(New))) {
+    if (!StartSession(Path, std::move(New), RefFolder)) {
         gVideoID = std::move(Videos);
         return false;
     }
@@ -121,7 +121,10 @@ bool ChangeSession(const SessionForm& Form)
 {
     DataFile Former = gFile;
     SaveSession(Form, gFile);
-    if (WriteSession()) return true;
+    if (WriteSession()) {
+        UpdateStatus("Saved: " + gCurFile);
+        return true;
+    }
     gFile = std::move(Former);
     return false;
 }
@@ -242,17 +245,25 @@ bool ApplySession(const SessionForm& Form, eSessionMode Mode, const SessionTempl
     DataFile New = gFile;
     if (Mode == SessionNew) TakeSetup(Template, New);
     SaveSession(Form, New);
-    if (Mode == SessionNew ? !StartBlank(Path, std::move(New)) : !StartSession(Path, std::move(New))) return false;
+    const std::string RefFolder =
+        Template ? std::filesystem::path(Template->Path).parent_path().string() + "/" : gCurDir;
+    if (Mode == SessionNew ? !StartBlank(Path, std::move(New), RefFolder)
+                           : !StartSession(Path, std::move(New), gCurDir))
+        return false;
     gBaseFolder = TrimTyped(Form.Folder);
+    UpdateStatus("Made: " + gCurFile);
     return true;
 }
 
 std::string NewFilePlan(const std::string& Path)
 {
     std::error_code Error;
-    return std::filesystem::exists(Path, Error)
-               ? "This session exists already: you are asked before it is replaced."
-               : "A new file is made; the open session stays on the disk as it was saved last.";
+    if (!std::filesystem::exists(Path, Error))
+        return "A new file is made; the open session stays on the disk as it was saved last.";
+    return Path == gCurFile
+               ? "This is the file of the open session: you are asked before it is replaced, which discards "
+                 "its samples."
+               : "This session exists already: you are asked before it is replaced.";
 }
 
 bool MayRewriteSession(const std::string& Path)

@@ -5,7 +5,10 @@
 #include "base/mNumText.h"
 #include "base/mSafeSave.h"
 #include "core/mSettings.h"
+#include "files/mNewSession.h"
 #include "files/mTextIO.h"
+#include "platform/mHost.h"
+#include "records/mSessName.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -25,6 +28,35 @@ void AddTemplate(TemplateList& List, const fs::path& Path)
     if (!IsRead) return List.Unreadable.push_back(New.Path);
     std::erase_if(List.Templates, [&](const SessionTemplate& Each) { return Each.Name == New.Name; });
     List.Templates.push_back(std::move(New));
+}
+
+// Seats stay, rowers do not.
+void DropRowers(DataFile& File)
+{
+    for (CrewRow& Row : File.Crew) {
+        CrewRow Seat;
+        Seat.Seat = Row.Seat;
+        Seat.Side = Row.Side;
+        Row = Seat;
+    }
+}
+
+// What a template holds of a session.
+DataFile SetupOf(const DataFile& File)
+{
+    DataFile Setup;
+    ApplyTemplate({"", "", File}, Setup);
+    DropRowers(Setup);
+    Setup.TimeStep = File.TimeStep;
+    Setup.SampleCnt = 1;
+    Setup.BoatType = File.BoatType;
+    Setup.BoatMake = File.BoatMake;
+    Setup.BoatLength = File.BoatLength;
+    Setup.BoatMass = File.BoatMass;
+    Setup.BoatHeight = File.BoatHeight;
+    Setup.Comment = File.Comment;
+    Setup.Encoding = File.Encoding;
+    return Setup;
 }
 
 std::string Counted(int Count, const std::string& Noun)
@@ -56,6 +88,25 @@ std::string TemplateText(const SessionTemplate& Template)
             FormatNum(Setup.View3.UBound(), "0") + " in the report, " + FormatNum(Setup.View4.UBound(), "0") +
             " in the play view";
     return Text;
+}
+
+std::string TemplatePath(const std::string& Folder, const std::string& Name)
+{
+    return (fs::path(Folder) / (Name + ".txt")).string();
+}
+
+bool KeepTemplate(const std::string& Folder, const std::string& Name)
+{
+    if (const std::string Why = Name.empty() ? "it has no name" : WhyNoTitle(Name); !Why.empty()) {
+        MsgBox("The template cannot be kept: " + Why + ".", TitleWarning);
+        return false;
+    }
+    const std::string Path = TemplatePath(Folder, Name);
+    std::error_code Error;
+    if (fs::exists(Path, Error) && !AskYesNo("There is a template " + Name + " already. Replace it?", TitleWarning))
+        return false;
+    fs::create_directories(Folder, Error);
+    return CarryRefTables(gFile, gCurDir, Folder) && WriteDataFile(Path, SetupOf(gFile), SectionFilter::Non);
 }
 
 void ApplyTemplate(const SessionTemplate& Template, DataFile& File)

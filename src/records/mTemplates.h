@@ -27,5 +27,13 @@ TemplateList FindTemplates(const std::vector<std::string>& Folders);
 /// A template in words: what its session says in its comment, then its channels, seats and oars.
 std::string TemplateText(const SessionTemplate& Template);
 
+/// Where the open session is kept as a template with that name: in Folder.
+std::string TemplatePath(const std::string& Folder, const std::string& Name);
+
+/// Keeps the set-up of the open session, without its samples, crew and what it says of itself, as a template with that
+/// name in Folder, which is made when it is not there. Asks before it replaces one. False when it was not kept, a name
+/// that is none or a failure being reported to the user.
+bool KeepTemplate(const std::string& Folder, const std::string& Name);
+
 /// Gives File the template's logger, channels, crew seats, rig and views, sampled at the rate that is set.
 void ApplyTemplate(const SessionTemplate& Template, DataFile& File);

@@ -73,6 +73,12 @@ void MarkFaults(QWidget& Window, const std::vector<FormFault>& Faults)
         Mark(Box);
 }
 
+void GoToFault(QWidget& Window, const std::vector<FormFault>& Faults)
+{
+    if (Faults.empty()) return;
+    if (auto* Control = Window.findChild<QWidget*>(Shown(Faults[0].Control))) Control->setFocus();
+}
+
 QString FaultOrPlan(const std::vector<FormFault>& Faults, const std::string& Plan)
 {
     if (Faults.empty()) return Shown(Plan).toHtmlEscaped();

@@ -42,6 +42,9 @@ QLineEdit* MakeBox(QWidget* Parent, const QString& Name, const std::function<voi
 /// Shows the controls of faults in red with the reason as tool tip, and all other boxes of Window plain.
 void MarkFaults(QWidget& Window, const std::vector<FormFault>& Faults);
 
+/// Moves the keyboard to the control of the first fault, if there is one.
+void GoToFault(QWidget& Window, const std::vector<FormFault>& Faults);
+
 /// The first fault as red words, or else Plan.
 QString FaultOrPlan(const std::vector<FormFault>& Faults, const std::string& Plan);
 

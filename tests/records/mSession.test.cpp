@@ -290,6 +290,27 @@ TEST_CASE_FIXTURE(FreshState, "a user's own templates join the others or take th
     CHECK(Dialogs.Told.empty());
 }
 
+TEST_CASE_FIXTURE(SessionState, "the open session is kept as a template, without rowers and samples, with its tables")
+{
+    gFile.Calibr[3].ProcMode = ApproxRefTable;
+    gFile.Calibr[3].SensorID = "T-1";
+    REQUIRE(
+        SaveWhole(Folder.Path("T-1.ref"), "Reference Table\r\n01\tT-1\t\r\n\r\n0\t0\t0\t0\r\n1\t1\t16384\t100\r\n"));
+    CHECK(!KeepTemplate(Folder.Path("own"), "a/b"));
+    REQUIRE(KeepTemplate(Folder.Path("own"), "Ours"));
+    const TemplateList List = FindTemplates({Folder.Path("own")});
+    REQUIRE(List.Templates.size() == 1);
+    const DataFile& Setup = List.Templates[0].Setup;
+    CHECK((Setup.Crew[1].Seat == 1 && Setup.Crew[1].Name.empty() && Setup.Place.empty()));
+    REQUIRE(ApplySession(Typed(SessionNew), SessionNew, &List.Templates[0], nullptr));
+    CHECK(RefLookup(1, 8192) == doctest::Approx(50));
+    CHECK(gFile.Boat.UBound() == 2);
+    Dialogs.AnswerYes = false;
+    CHECK(!KeepTemplate(Folder.Path("own"), "Ours"));
+    CHECK(Dialogs.Told == Texts{"Warning!: The template cannot be kept: a file name cannot hold /.",
+                                "Warning!: There is a template Ours already. Replace it?"});
+}
+
 TEST_CASE_FIXTURE(SessionState, "an athlete's session is named by date, counter and rower, and counted when it is made")
 {
     Settings.SaveSetting("FileNames", "gSessCnt", "41");

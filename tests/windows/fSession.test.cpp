@@ -63,6 +63,11 @@ TEST_CASE_FIXTURE(SessionWindow, "a newcomer makes a session from a template, an
     CHECK(Box("txtPars_5") == "27");
     CHECK(Label("lbTemplate").find("32 channels, 2 rowers, 4 oars") != std::string::npos);
     CHECK(Label("lbOwnTemplates").find(Folder.Path("templates")) != std::string::npos);
+    Dialogs.Answers = {"Our single"};
+    Click("cmdKeepTemplate");
+    CHECK(Find<QListWidget>("lstTemplates").currentItem()->text() == "Our single");
+    CHECK(Box("txtPars_5") == "14");
+    ChooseTemplate("Double scull");
     Click("optSex_1");
     Click("optWeight_1");
     Type("txtSessNum", "3/4");
@@ -119,7 +124,7 @@ TEST_CASE_FIXTURE(SessionWindow, "Save As asks before it replaces a session, and
 
     Choose("mnuFileSaveAs");
     Type("txtDate", "01/02/2024");
-    CHECK(Label("lbPlan").find("exists already") != std::string::npos);
+    CHECK(Label("lbPlan").find("the file of the open session") != std::string::npos);
     Dialogs.AnswerYes = false;
     Click("cmdOK");
     CHECK(Dialogs.Told.back() == "Warning!: The current session already exists! Do you want to rewrite data?");
