@@ -1,8 +1,10 @@
 // The session's fields between file and form, and Apply.
 #include "records/mSession.h"
 
+#include "base/mError.h"
 #include "base/mNumText.h"
 #include "core/mIni.h"
+#include "core/mSettings.h"
 #include "files/mNewSession.h"
 #include "files/mTextIO.h"
 #include "platform/mHost.h"
@@ -110,6 +112,7 @@ void ClearNumbers(DataFile& File)
 void TakeSetup(const SessionTemplate* Template, DataFile& File)
 {
     ClearNumbers(File);
+    File.TimeStep = SafeDiv(1, gDataFreq);
     if (Template) return ApplyTemplate(*Template, File);
     File.Calibr.Clear();
     File.ChanCnt = 0;

@@ -88,9 +88,10 @@ std::string SessionPlan(const SessionForm& Form, eSessionMode Mode);
 /// the unchanged text of a number, which may show less than the field holds.
 void SaveSession(const SessionForm& Form, DataFile& File);
 
-/// Stores the fields by the mode: in the open session, or in a new file that becomes the open session, without samples,
-/// with the set-up of Template or, for null in the mode SessionNew, without channels and crew. MayReplace is called
-/// ahead of that and can refuse. False when it was not done (reported to the user): the open session stays as it was.
+/// Stores the fields by the mode: in the open session, or in a new file that becomes the open session, without samples.
+/// In the mode SessionNew that is sampled at the rate that is set, and has the set-up of Template, for null no channels
+/// and no crew. MayReplace is called ahead of it and can refuse. False when it was not done (reported to the user): the
+/// open session stays as it was.
 bool ApplySession(const SessionForm& Form, eSessionMode Mode, const SessionTemplate* Template,
                   const std::function<bool()>& MayReplace);
 

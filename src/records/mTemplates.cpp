@@ -1,10 +1,8 @@
 // Finding, describing and applying templates.
 #include "records/mTemplates.h"
 
-#include "base/mError.h"
 #include "base/mNumText.h"
 #include "base/mSafeSave.h"
-#include "core/mSettings.h"
 #include "files/mNewSession.h"
 #include "files/mTextIO.h"
 #include "platform/mHost.h"
@@ -119,7 +117,6 @@ void ApplyTemplate(const SessionTemplate& Template, DataFile& File)
     File.KeyMode = Setup.KeyMode;
     File.KeyChanID = Setup.KeyChanID;
     File.KeyThres = Setup.KeyThres;
-    File.TimeStep = SafeDiv(1, gDataFreq);
     File.Calibr = Setup.Calibr;
     File.ChanCnt = Setup.ChanCnt;
     File.Crew = Setup.Crew;

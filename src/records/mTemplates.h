@@ -35,5 +35,5 @@ std::string TemplatePath(const std::string& Folder, const std::string& Name);
 /// that is none or a failure being reported to the user.
 bool KeepTemplate(const std::string& Folder, const std::string& Name);
 
-/// Gives File the template's logger, channels, crew seats, rig and views, sampled at the rate that is set.
+/// Gives File the template's logger, channels, crew seats, rig and views.
 void ApplyTemplate(const SessionTemplate& Template, DataFile& File);
