@@ -68,7 +68,6 @@ QGroupBox* fSession::BuildTemplates()
     frTemplates->setObjectName("frTemplates");
     lstTemplates = new QListWidget(frTemplates);
     lstTemplates->setObjectName("lstTemplates");
-    lbTemplate = Words(frTemplates, "lbTemplate");
     lbOwnTemplates = Words(frTemplates, "lbOwnTemplates");
     auto* Keep = new QPushButton("Add the open session...", frTemplates);
     Keep->setObjectName("cmdKeepTemplate");
@@ -78,7 +77,6 @@ QGroupBox* fSession::BuildTemplates()
     connect(Keep, &QPushButton::clicked, this, [this] { KeepOpenSession(); });
     auto* Rows = new QVBoxLayout(frTemplates);
     Rows->addWidget(lstTemplates, 1);
-    Rows->addWidget(lbTemplate);
     Rows->addWidget(Keep);
     Rows->addWidget(lbOwnTemplates);
     connect(lstTemplates, &QListWidget::currentRowChanged, this, [this] { ChooseTemplate(); });
@@ -102,6 +100,9 @@ QWidget* fSession::BuildBoxes()
     txtCoach = Add("Coach Name", "txtCoach");
     for (std::size_t i = 0; i < SessionParCnt; ++i)
         txtPars[i] = Add(SessionPars()[i].Caption, QString("txtPars_%1").arg(i));
+    lbTemplate = Words(Panel, "lbTemplate"); // beside the list of templates
+    Rows->addItem(new QSpacerItem(0, ColumnGap));
+    Rows->addRow(lbTemplate);
     return Panel;
 }
 
@@ -180,6 +181,7 @@ void fSession::InitMode(int16_t InitMode)
     Mode = static_cast<eSessionMode>(InitMode);
     setWindowTitle(SessionCaption(Mode));
     frTemplates->setVisible(Mode == SessionNew);
+    lbTemplate->setVisible(Mode == SessionNew);
     txtDate->setEnabled(Mode != SessionChange);
     txtSessNum->setEnabled(Mode != SessionChange);
     DirLtxt->setEnabled(Mode != SessionChange);

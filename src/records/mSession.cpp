@@ -262,7 +262,8 @@ std::string NewFilePlan(const std::string& Path)
 {
     std::error_code Error;
     if (!std::filesystem::exists(Path, Error))
-        return "A new file is made; the open session stays on the disk as it was saved last.";
+        return gCurFile.empty() ? "A new file is made."
+                                : "A new file is made; the open session stays on the disk as it was saved last.";
     return Path == gCurFile
                ? "This is the file of the open session: you are asked before it is replaced, which discards "
                  "its samples."
