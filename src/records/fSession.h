@@ -22,6 +22,9 @@ class qChoice;
 class fSession : public QDialog
 {
 public:
+    /// Where its place is kept: a section of the settings.
+    static constexpr const char* Section = "fSession";
+
     /// InitFolders hold the templates; the last one is the user's own.
     fSession(QWidget* Parent, const std::vector<std::string>& InitFolders);
 
