@@ -1,6 +1,7 @@
 // Opening by model and port number, and opening a lost link again.
 #include "acquisition/mComFast.h"
 
+#include "acquisition/cOwnLink.h"
 #include "acquisition/mSampling.h"
 #include "base/mError.h"
 #include "base/mNumText.h"
@@ -54,23 +55,18 @@ std::string PortName()
     return "COM port " + (gCOMdevice.empty() ? FormatNum(gCOMport, "0") : gCOMdevice);
 }
 
-std::string LinkName()
+std::optional<std::string> NthDevice(const iSerialPort& Comm, int Number)
 {
-    return gConnection == ConnectionTCP ? gLinkAddress + ":" + FormatNum(gLinkPort, "0") : PortName();
-}
-
-std::optional<std::string> NthDevice(int Number)
-{
-    const auto Devices = gHost.SerialPort->Devices();
+    const auto Devices = Comm.Devices();
     if (Number < 1 || static_cast<std::size_t>(Number) > Devices.size()) return {};
     return Devices[static_cast<std::size_t>(Number) - 1];
 }
 
-bool CanOpen(int Number, const std::string& Settings)
+bool CanOpen(iSerialPort& Comm, int Number, const std::string& Settings)
 {
-    const auto Device = NthDevice(Number);
-    if (!Device || !gHost.SerialPort->Open(*Device, Settings, eWaiting::Dropped)) return false;
-    gHost.SerialPort->Close();
+    const auto Device = NthDevice(Comm, Number);
+    if (!Device || !Comm.Open(*Device, Settings, eWaiting::Dropped)) return false;
+    Comm.Close();
     return true;
 }
 
@@ -112,13 +108,14 @@ std::string LinkKey(const LinkSizes& Sizes)
 // Opens the port that the settings select. Returns its device, empty when there is none (reported in panel 3).
 std::string OpenPort(const LinkSizes& Sizes)
 {
-    if (!FindPort(Sizes.Settings)) {
+    iSerialPort& Comm = *gHost.SerialPort;
+    if (!FindPort(Comm, Sizes.Settings)) {
         ShowReading("No COM ports found");
         return {};
     }
     ShowReading(PortName());
-    const std::string Device = gCOMdevice.empty() ? NthDevice(gCOMport).value_or("") : gCOMdevice;
-    if (gHost.SerialPort->Open(Device, Sizes.Settings, eWaiting::Dropped)) return Device;
+    const std::string Device = SelectedDevice(Comm);
+    if (Comm.Open(Device, Sizes.Settings, eWaiting::Dropped)) return Device;
     ShowReading("Can't open " + Device);
     return {};
 }
@@ -202,11 +199,21 @@ const LoggerModel* FindModel(int16_t Model)
     return Found == Models.end() ? nullptr : &*Found;
 }
 
-bool FindPort(const std::string& Settings)
+std::string LinkName()
 {
-    if (!gCOMdevice.empty() || CanOpen(gCOMport, Settings)) return true;
+    return gConnection == ConnectionTCP ? gLinkAddress + ":" + FormatNum(gLinkPort, "0") : PortName();
+}
+
+std::string SelectedDevice(const iSerialPort& Comm)
+{
+    return gCOMdevice.empty() ? NthDevice(Comm, gCOMport).value_or("") : gCOMdevice;
+}
+
+bool FindPort(iSerialPort& Comm, const std::string& Settings)
+{
+    if (!gCOMdevice.empty() || CanOpen(Comm, gCOMport, Settings)) return true;
     for (int16_t Number = 1; Number <= LastPort; ++Number) {
-        if (!CanOpen(Number, Settings)) continue;
+        if (!CanOpen(Comm, Number, Settings)) continue;
         gCOMport = Number;
         WriteIni();
         return true;
@@ -214,8 +221,32 @@ bool FindPort(const std::string& Settings)
     return false;
 }
 
+std::string LineOfModel()
+{
+    return SizesOfModel().Settings;
+}
+
+void TakeModelSizes()
+{
+    SetSizes(SizesOfModel());
+}
+
+void BeginLive()
+{
+    CreateData();
+    gLinkStream = NewStream();
+    gLinkStream.IsOpen = true;
+    SetPeriod();
+    gFrameCnt = 0;
+    gFirstCycle = true;
+}
+
 bool OpenLink()
 {
+    if (gOwnLink) {
+        ShowReading(gOwnLink->Owner() + " has the link; its frames are shown");
+        return false;
+    }
     const bool IsSocket = gConnection == ConnectionTCP;
     const LinkSizes Sizes = IsSocket ? LinkSizes{} : SizesOfModel();
     if (gLinkWatch.State() != cLinkWatch::eState::Closed && Used.Key == LinkKey(Sizes)) {
@@ -230,12 +261,7 @@ bool OpenLink()
         Connect();
     }
     Used.Key = LinkKey(Sizes); // the port may be another one now
-    CreateData();
-    gLinkStream = NewStream();
-    gLinkStream.IsOpen = true;
-    SetPeriod();
-    gFrameCnt = 0;
-    gFirstCycle = true;
+    BeginLive();
     return true;
 }
 
@@ -301,6 +327,7 @@ void LinkReplaced()
 
 void DropLink()
 {
+    if (gOwnLink) gOwnLink->Suspend();
     if (gLogging) TakeRest();
     gHost.SerialPort->Close();
     Leave();

@@ -3,6 +3,7 @@
 
 #include "acquisition/cLinkWatch.h"
 #include "acquisition/cSocketPair.h"
+#include "platform/iSerialPort.h"
 
 #include <cstdint>
 #include <span>
@@ -34,16 +35,31 @@ extern cSocketPair gLinkSocket;
 /// No link was asked for yet.
 void InitLink();
 
-/// Looks for a serial port that can be opened with Settings ("57600,n,8,1"), first number gCOMport, then 1 to 16.
+/// The link that the settings select, as the user knows it: "COM port 1", or address and port.
+std::string LinkName();
+
+/// The serial device that the settings select, empty when the machine has no port of that number.
+std::string SelectedDevice(const iSerialPort& Comm);
+
+/// Looks for a serial port that Comm can open with Settings ("57600,n,8,1"), first number gCOMport, then 1 to 16.
 /// Another number than before is stored in gCOMport and the ini file. False when there is none. A device named by path
 /// needs no search.
-bool FindPort(const std::string& Settings);
+bool FindPort(iSerialPort& Comm, const std::string& Settings);
 
 /// Opens the link that gConnection selects. A link that is already open stays open, since frames would be lost; only
 /// the sampling period is updated from gDataFreq. A connection to a wireless logger is made in the background, and
 /// retried as long as it takes. False when there is no serial port (reported in panel 3): then the session, a
-/// running replay and the link in use are as before.
+/// running replay and the link in use are as before; and when a window has a link of its own (reported in panel 3).
 bool OpenLink();
+
+/// The settings of a serial line to the session's logger model.
+std::string LineOfModel();
+
+/// Gives the session the number of channels that its logger model sends, and gFrameMin the model's least frame.
+void TakeModelSizes();
+
+/// A new stream of frames of a live link begins: gData, counts and the cycle clock start anew.
+void BeginLive();
 
 /// Closes the link and stores in the session whether its samples are signed.
 void CloseLink();

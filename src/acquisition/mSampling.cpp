@@ -2,6 +2,7 @@
 #include "acquisition/mSampling.h"
 
 #include "acquisition/cLogWatch.h"
+#include "acquisition/cOwnLink.h"
 #include "acquisition/cRunClock.h"
 #include "acquisition/mComFast.h"
 #include "base/mError.h"
@@ -20,11 +21,12 @@ bool gReplaying = false;
 RawFile gReplayFile;
 
 namespace {
-constexpr std::size_t InBufferSize = 2000; // bytes; a longer frame is never waited for
-constexpr int TickInterval = 200;          // ms
+constexpr int TickInterval = 200; // ms
 
-ByteSource FromPort([](std::span<uint8_t> Room) { return gHost.SerialPort->Input(Room); }, Reading::AsAsked);
-ByteSource FromSocket([](std::span<uint8_t> Room) { return gLinkSocket.InUse().GetData(Room); }, Reading::AsAsked);
+cFrameFeed FromPort([](std::span<uint8_t> Room) { return gHost.SerialPort->Input(Room); },
+                    [] { return gHost.SerialPort->InBufferCount(); });
+cFrameFeed FromSocket([](std::span<uint8_t> Room) { return gLinkSocket.InUse().GetData(Room); },
+                      [] { return gLinkSocket.InUse().BytesReceived(); });
 
 int Timer1 = 0; // 0: not enabled
 int Timer1Interval = ReplayInterval;
@@ -35,42 +37,10 @@ cLogWatch LogWatch;
 bool IsFrameShown = false; // panel 2 shows a frame as live
 std::string LinkWords;
 
-// Bytes of the next frame that have arrived, from its sync byte on, and how many it takes to read it.
-struct NextFrame
+// The watch over the link that frames come over.
+cLinkWatch& WatchInUse()
 {
-    std::size_t Waiting;
-    std::size_t Needed;
-
-    bool IsReady() const { return Waiting >= Needed; }
-};
-
-// InPort gives the bytes that wait in the port once those before the sync byte are dropped.
-template <class Count>
-NextFrame FindNext(ByteSource& Source, const Count& InPort, std::size_t Least)
-{
-    FindSync(Source);
-    NextFrame Next{Source.Held() + InPort(), std::max(Least, FrameHeadSize)};
-    if (Next.Waiting < FrameHeadSize) return Next;
-    const std::size_t Size = Frame{Source.Peek(FrameHeadSize)}.Size();
-    if (Size <= InBufferSize) Next.Needed = std::max(Least, Size);
-    return Next;
-}
-
-NextFrame NextInPort(std::size_t Least)
-{
-    return FindNext(
-        FromPort, [] { return gHost.SerialPort->InBufferCount(); }, Least);
-}
-
-NextFrame NextInSocket(std::size_t Least)
-{
-    return FindNext(
-        FromSocket, [] { return gLinkSocket.InUse().BytesReceived(); }, Least);
-}
-
-std::size_t FrameMin()
-{
-    return static_cast<std::size_t>(std::max<int16_t>(gFrameMin, 0));
+    return gOwnLink ? gOwnLink->Watch() : gLinkWatch;
 }
 
 // A logger that was restarted begins a new run of rates, scores and losses; the recording goes on.
@@ -84,28 +54,22 @@ void WatchRun()
     PublishLive(gLinkStream);
     gFrameCnt = 1; // counted as after the opening of a link
     gFirstCycle = true;
-    gLinkWatch.Restarted();
+    WatchInUse().Restarted();
     BeginRun();
 }
 
-// Takes, decodes and records the next frame, and offers it to the windows that compute. The log is a true copy of the
-// stream, whatever the decoder says.
+// Decodes and records a frame, and offers it to the windows that compute. The log is a true copy of the stream,
+// whatever the decoder says.
 bool PassFrame(FrameSource From, const Frame& Taken)
 {
     FrameSynced = DecodeLive(From, Taken, From == FrameSource::Replay ? gReplayStream : gLinkStream);
     LogFrame(Taken.Bytes);
     if (!FrameSynced) return false;
-    gLinkWatch.FrameCame(gHost.Clock->Milliseconds());
+    WatchInUse().FrameCame(gHost.Clock->Milliseconds());
     DumpFrame();
     if (From != FrameSource::Replay) WatchRun();
     SampleDataWindows();
     return true;
-}
-
-bool PassFrame(FrameSource From, ByteSource& Source)
-{
-    const auto Taken = TakeFrame(Source);
-    return Taken && PassFrame(From, *Taken);
 }
 
 void ShowFrame(const std::string& Text)
@@ -133,7 +97,8 @@ std::string ReplayText()
 
 void TakeBackFrameText()
 {
-    const bool IsGone = gLinkWatch.State() == cLinkWatch::eState::Lost || gLinkWatch.IsSilent();
+    const cLinkWatch& Watch = WatchInUse();
+    const bool IsGone = Watch.State() == cLinkWatch::eState::Lost || Watch.IsSilent();
     if (!IsGone || !IsFrameShown) return;
     IsFrameShown = false;
     UpdateStatus("No frames");
@@ -157,8 +122,8 @@ void InitSampling(iSocket* Second)
 {
     InitLink();
     InitDataWindows();
-    FromPort.Skip(FromPort.Held());
-    FromSocket.Skip(FromSocket.Held());
+    FromPort.Begin();
+    FromSocket.Begin();
     FrameSynced = IsFrameShown = false;
     Timer1 = 0;
     Timer1Interval = ReplayInterval;
@@ -178,24 +143,39 @@ void InitSampling(iSocket* Second)
     gHost.Clock->StartRepeating(TickInterval, TickLink);
 }
 
+std::size_t FrameMin()
+{
+    return static_cast<std::size_t>(std::max<int16_t>(gFrameMin, 0));
+}
+
+bool TakeOne(iSerialPort& Port, cFrameFeed& Feed)
+{
+    const auto Taken = Feed.Take(FrameMin());
+    Port.RThreshold = Taken ? FrameMin() : Feed.Missing();
+    return Taken && PassFrame(FrameSource::Serial, *Taken);
+}
+
+bool TakeAll(FrameSource From, cFrameFeed& Feed, std::size_t Least)
+{
+    bool IsLastGood = false;
+    while (const auto Taken = Feed.Take(Least))
+        IsLastGood = PassFrame(From, *Taken);
+    return IsLastGood;
+}
+
+void ShowLive()
+{
+    ShowFrame(LiveText());
+}
+
 void MSComm1_OnComm()
 {
-    iSerialPort& Port = *gHost.SerialPort;
-    const NextFrame Next = NextInPort(FrameMin());
-    if (!Next.IsReady()) {
-        Port.RThreshold = Next.Needed - FromPort.Held();
-        return;
-    }
-    Port.RThreshold = FrameMin();
-    if (PassFrame(FrameSource::Serial, FromPort)) ShowFrame(LiveText());
+    if (TakeOne(*gHost.SerialPort, FromPort)) ShowLive();
 }
 
 void tcpServer_DataArrival(std::size_t)
 {
-    bool IsLastGood = false;
-    while (NextInSocket(FrameMin() + 1).IsReady())
-        IsLastGood = PassFrame(FrameSource::Socket, FromSocket);
-    if (IsLastGood) ShowFrame(LiveText());
+    if (TakeAll(FrameSource::Socket, FromSocket, FrameMin() + 1)) ShowLive();
 }
 
 void tcpServer_Close()
@@ -276,7 +256,7 @@ void StopAll()
 
 bool IsAcquiring()
 {
-    return gLogging || IsReplayOpen() || gLinkWatch.State() != cLinkWatch::eState::Closed;
+    return gLogging || IsReplayOpen() || gOwnLink || gLinkWatch.State() != cLinkWatch::eState::Closed;
 }
 
 void EndAcquisition()
@@ -288,8 +268,8 @@ void EndAcquisition()
 
 void BeginStream()
 {
-    FromPort.Skip(FromPort.Held());
-    FromSocket.Skip(FromSocket.Held());
+    FromPort.Begin();
+    FromSocket.Begin();
     gHost.SerialPort->RThreshold = FrameMin();
     FrameSynced = false;
     RetryDataWindows();
@@ -297,12 +277,10 @@ void BeginStream()
 
 void TakeRest()
 {
-    bool IsLastGood = false;
-    while (NextInPort(0).IsReady())
-        IsLastGood = PassFrame(FrameSource::Serial, FromPort);
-    while (NextInSocket(0).IsReady())
-        IsLastGood = PassFrame(FrameSource::Socket, FromSocket);
-    if (IsLastGood) ShowFrame(LiveText());
+    if (gOwnLink) return gOwnLink->TakeRest();
+    const bool IsPortGood = TakeAll(FrameSource::Serial, FromPort, 0);
+    const bool IsSocketGood = TakeAll(FrameSource::Socket, FromSocket, 0);
+    if (IsPortGood || IsSocketGood) ShowLive();
 }
 
 void TickLink()
@@ -313,7 +291,7 @@ void TickLink()
     CheckLive();
     TakeBackFrameText();
     WatchLog(Now);
-    if (const std::string Words = gLinkWatch.Words(Now); Words != LinkWords) {
+    if (const std::string Words = WatchInUse().Words(Now); Words != LinkWords) {
         LinkWords = Words;
         ShowReading(Words);
     }

@@ -1,8 +1,10 @@
 // The three frame sources, serial port, socket and replay: read, decoded, recorded, handed to the data windows.
 #pragma once
 
+#include "acquisition/cFrameFeed.h"
 #include "files/mBinIO.h"
 #include "files/mRawLog.h"
+#include "platform/iSerialPort.h"
 #include "platform/iSocket.h"
 
 #include <cstddef>
@@ -28,6 +30,22 @@ void tcpServer_DataArrival(std::size_t BytesTotal);
 
 /// The other side closed the connection.
 void tcpServer_Close();
+
+// What the two live sources share with a link that a window owns.
+
+/// Bytes that must wait before a frame is taken: gFrameMin.
+std::size_t FrameMin();
+
+/// Takes the next frame that has wholly come over a serial port: decodes and records it and offers it to the data
+/// windows. Sets when the port reports its next bytes. False when there is none, or the decoder has refused it.
+bool TakeOne(iSerialPort& Port, cFrameFeed& Feed);
+
+/// The same with all frames that have come, while at least so many bytes wait. False when none came or the last one was
+/// refused.
+bool TakeAll(FrameSource From, cFrameFeed& Feed, std::size_t Least);
+
+/// Has the data windows and status panel 2 show the frame that was taken last.
+void ShowLive();
 
 /// Replay tick: takes one frame of the file. At its end everything is closed, the data windows too.
 void Timer1_Timer();

@@ -4,8 +4,12 @@
 #include "base/mNumText.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
+#include <unistd.h>
 
 namespace fs = std::filesystem;
 
@@ -40,4 +44,25 @@ std::vector<std::string> SerialDevices(const std::string& Classes)
     for (std::string& Name : Names)
         Name.insert(0, "/dev/");
     return Names;
+}
+
+// One that can be opened here is locked by the program that has it.
+std::string WhyShut(const std::string& Path)
+{
+    const int Descriptor = open(Path.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
+    const int Error = Descriptor < 0 ? errno : EBUSY;
+    if (Descriptor >= 0) close(Descriptor);
+    switch (Error) {
+    case EBUSY:
+        return Path + " is in use by another program: close that one";
+    case ENOENT:
+    case ENODEV:
+    case ENXIO:
+        return Path + " is not there: plug the logger in";
+    case EACCES:
+    case EPERM:
+        return Path + " may not be used by this user";
+    default:
+        return Path + ": " + std::strerror(Error);
+    }
 }
