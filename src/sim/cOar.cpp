@@ -1,6 +1,8 @@
 // Smooth curves of the drive and the recovery, joined at the catch and the finish.
 #include "sim/cOar.h"
 
+#include "sim/mCurves.h"
+
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -19,24 +21,6 @@ constexpr double BladeLift = 5;
 constexpr double SeatTravel = 0.6; // m
 constexpr double TrunkForward = -25;
 constexpr double TrunkSwing = 45;
-
-// A way from 0 to 1 with its speed made of three sine waves: Skew above 0 hurries its beginning, Flat evens the speed
-// and sharpens both turns. The turns are never flat, so every stroke has one minimum and one maximum.
-double Glide(double Part, double Skew, double Flat)
-{
-    const double C = std::cos(Pi * std::clamp(Part, 0.0, 1.0));
-    const double Twice = 2 * C * C - 1; // cosines of the double and the triple angle
-    const double Thrice = (4 * C * C - 3) * C;
-    const double Way = (1 - C) + Skew * (1 - Twice) / 2 + Flat * (1 - Thrice) / 3;
-    return Way / (2 + 2 * Flat / 3);
-}
-
-// A push that rises quicker than it falls: 1 at two fifths of the drive.
-double Pulse(double Part)
-{
-    const double Root = std::sqrt(Part);
-    return std::sin(Pi * Root * std::sqrt(Root));
-}
 
 double Inertia(const StrokePhase& Now)
 {

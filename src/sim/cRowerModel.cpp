@@ -2,6 +2,7 @@
 #include "sim/cRowerModel.h"
 
 #include "base/mNumText.h"
+#include "sim/cErgRower.h"
 
 namespace {
 constexpr int RightScull = 3;
@@ -15,8 +16,8 @@ int NumberIn(const std::string& ParamID)
 } // namespace
 
 cRowerModel::cRowerModel(const std::string& BoatType, double Rate_, double Spread, int KeyMode, uint64_t Seed_)
-    : IsScullBoat(BoatType.ends_with('x')), Rate(Rate_), Seed(Seed_), Crew(Rate, Spread, KeyMode, Seed),
-      Hull(BoatType, Rate, Crew)
+    : IsScullBoat(BoatType.ends_with('x')), OnErg(BoatType == ErgBoatType), Rate(Rate_), Seed(Seed_),
+      Crew(Rate, Spread, KeyMode, Seed), Hull(BoatType, Rate, Crew)
 {
 }
 
@@ -43,7 +44,7 @@ Sensor cRowerModel::SensorOf(const CalibrRow& Row)
         if (Row.ParamID == Each.ParamID)
             return {[this, Signal = Each.Signal](double T) { return (Hull.*Signal)(T); }, Each.Noise};
     if (NumberIn(Row.ParamID) < 1) return {};
-    return SeatSensor(Row.ParamID[0], OarOf(Row));
+    return OnErg ? ErgSensor(Row.ParamID[0], OarOf(Row)) : SeatSensor(Row.ParamID[0], OarOf(Row));
 }
 
 Sensor cRowerModel::SeatSensor(char Kind, const Oar& Each)
@@ -62,6 +63,23 @@ Sensor cRowerModel::SeatSensor(char Kind, const Oar& Each)
         return {[=](double T) { return SeatPosition(Each, PhaseAt(T + SeatLead)); }, 0.5};
     case 'T':
         return {[=](double T) { return TrunkAngle(Each, PhaseAt(T + TrunkLead)); }, 0.6};
+    default:
+        return {};
+    }
+}
+
+Sensor cRowerModel::ErgSensor(char Kind, const Oar& Each)
+{
+    const auto PhaseAt = [this, Lag = Each.Lag](double T) { return Crew.PhaseAt(T - Lag); };
+    switch (Kind) {
+    case 'L': // the least noise, as of an oar's angle
+        return {[=](double T) { return ErgHandle(Each, PhaseAt(T)); }, 0.2};
+    case 'H':
+        return {[=](double T) { return ErgForce(Each, PhaseAt(T)); }, 1.2};
+    case 'S':
+        return {[=](double T) { return ErgSeat(Each, PhaseAt(T + SeatLead)); }, 0.2};
+    case 'T':
+        return {[=](double T) { return ErgTrunk(Each, PhaseAt(T + TrunkLead)); }, 0.2};
     default:
         return {};
     }

@@ -26,14 +26,17 @@ public:
     cRowerModel& operator=(const cRowerModel&) = delete;
 
     /// The sensor that the channel's ParamID, Seat and Side stand for. Known are A, V, H, G, S and T with the seat's
-    /// number, or any number when the row names a seat; Acc, AccY, AccZ, Roll, Pitch, Yaw, Vs, Dist, Lat and Lon.
-    /// It must not outlive the model.
+    /// number, or any number when the row names a seat, on an ergometer L, H, S and T; Acc, AccY, AccZ, Roll, Pitch,
+    /// Yaw, Vs, Dist, Lat and Lon. It must not outlive the model.
     Sensor SensorOf(const CalibrRow& Row);
 
     /// The oar that the channel belongs to.
     Oar OarOf(const CalibrRow& Row) const;
 
     cStrokes& Strokes() { return Crew; }
+
+    /// Whether the crew is one rower on an ergometer.
+    bool IsErg() const { return OnErg; }
 
 private:
     using HullSignal = double (cHull::*)(double);
@@ -45,8 +48,10 @@ private:
     };
     static const std::vector<HullSensor>& HullSensors();
     Sensor SeatSensor(char Kind, const Oar& Each);
+    Sensor ErgSensor(char Kind, const Oar& Each);
 
     bool IsScullBoat;
+    bool OnErg;
     double Rate;
     uint64_t Seed;
     cStrokes Crew;

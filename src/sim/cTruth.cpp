@@ -3,6 +3,7 @@
 
 #include "base/mNumText.h"
 #include "core/mModes.h"
+#include "sim/cErgRower.h"
 
 #include <array>
 #include <functional>
@@ -69,6 +70,32 @@ CalibrRow ChannelOfSeat1(const DataFile& File, char Kind)
     return Plain;
 }
 
+namespace {
+void SetErg(TrueStroke& New, const Oar& Rower, const Stroke& Around)
+{
+    New.CatchAngle = ErgCatch(Rower, Around);
+    New.FinishAngle = ErgFinish(Rower, Around);
+    New.SeatTurnT = New.CatchT - SeatLead;
+    New.TrunkTurnT = New.FinishT - TrunkLead;
+    New.Work = ErgWork(Rower, Around);
+}
+
+using Figures = std::vector<double>;
+
+std::string AsTable(const char* Heads, const std::vector<TrueStroke>& Strokes, Figures (*Of)(const TrueStroke&))
+{
+    std::string Text = Heads;
+    int Number = 0;
+    for (const TrueStroke& Each : Strokes) {
+        Text += FormatNum(++Number, "0");
+        for (const double Value : Of(Each))
+            Text += '\t' + FormatNum(Value, "0.0000");
+        Text += '\n';
+    }
+    return Text;
+}
+} // namespace
+
 std::vector<TrueStroke> TrueStrokes(const DataFile& File, cRowerModel& Model, double Stop)
 {
     const int16_t KeyChan = FindChan(File.Calibr, File.KeyChanID);
@@ -77,7 +104,7 @@ std::vector<TrueStroke> TrueStrokes(const DataFile& File, cRowerModel& Model, do
     const Curve Boundary = Key ? BoundaryCurve(Key, File.KeyMode, static_cast<double>(File.KeyThres)) : Curve();
     if (!Boundary) return {};
 
-    const Oar Angle = Model.OarOf(ChannelOfSeat1(File, 'A'));
+    const Oar Angle = Model.OarOf(ChannelOfSeat1(File, Model.IsErg() ? 'L' : 'A'));
     const Oar Force = Model.OarOf(ChannelOfSeat1(File, 'H'));
     const std::vector<double> Starts = UpwardZeros(Boundary, Stop);
     std::vector<TrueStroke> Found;
@@ -93,6 +120,7 @@ std::vector<TrueStroke> TrueStrokes(const DataFile& File, cRowerModel& Model, do
         New.CatchAngle = CatchAngle(Angle, Around);
         New.FinishAngle = FinishAngle(Angle, Around);
         New.PeakForce = PeakForce(Force, Around);
+        if (Model.IsErg()) SetErg(New, Angle, Around);
         Found.push_back(New);
     }
     return Found;
@@ -100,14 +128,20 @@ std::vector<TrueStroke> TrueStrokes(const DataFile& File, cRowerModel& Model, do
 
 std::string TruthTable(const std::vector<TrueStroke>& Strokes)
 {
-    std::string Text = "N\tStart\tPeriod\tRate\tCatchT\tFinishT\tDriveT\tCatchAngle\tFinishAngle\tLength\tPeakForce\n";
-    int Number = 0;
-    for (const TrueStroke& Each : Strokes) {
-        Text += FormatNum(++Number, "0");
-        for (const double Value : {Each.Start, Each.Period, Each.Rate(), Each.CatchT, Each.FinishT, Each.DriveT(),
-                                   Each.CatchAngle, Each.FinishAngle, Each.Length(), Each.PeakForce})
-            Text += '\t' + FormatNum(Value, "0.0000");
-        Text += '\n';
-    }
-    return Text;
+    return AsTable("N\tStart\tPeriod\tRate\tCatchT\tFinishT\tDriveT\tCatchAngle\tFinishAngle\tLength\tPeakForce\n",
+                   Strokes, [](const TrueStroke& Of) {
+                       return Figures{Of.Start,    Of.Period,     Of.Rate(),      Of.CatchT,   Of.FinishT,
+                                      Of.DriveT(), Of.CatchAngle, Of.FinishAngle, Of.Length(), Of.PeakForce};
+                   });
+}
+
+std::string ErgTruthTable(const std::vector<TrueStroke>& Strokes)
+{
+    return AsTable("N\tStart\tPeriod\tRate\tCatchT\tFinishT\tDriveT\tCatch\tFinish\tLength\tPeakForce\tSeatTurnT\t"
+                   "TrunkTurnT\tWork\n",
+                   Strokes, [](const TrueStroke& Of) {
+                       return Figures{Of.Start,     Of.Period,     Of.Rate(),      Of.CatchT,   Of.FinishT,
+                                      Of.DriveT(),  Of.CatchAngle, Of.FinishAngle, Of.Length(), Of.PeakForce,
+                                      Of.SeatTurnT, Of.TrunkTurnT, Of.Work};
+                   });
 }

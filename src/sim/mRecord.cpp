@@ -77,6 +77,12 @@ std::string RecordingText(const SimOptions& Options, const LoggerSettings& Used,
            Counted(Faults.Drop, " lost") + Counted(Faults.Spikes, " with a spike");
 }
 
+std::string RowersTruth(const DataFile& File, cRowerModel& Model, double Stop)
+{
+    const auto Strokes = TrueStrokes(File, Model, Stop);
+    return Model.IsErg() ? ErgTruthTable(Strokes) : TruthTable(Strokes);
+}
+
 // The files that are written, all or none of them as long as the disk allows.
 class Outputs
 {
@@ -170,8 +176,7 @@ std::string RecordFile(const SimOptions& Options, const DataFile& File)
         Record(Logger, Stop, *Recording);
         Text = RecordingText(Options, Used, Logger, Stop);
     }
-    if (Table)
-        Table->Append(Used.Rigs.empty() ? TruthTable(TrueStrokes(File, Logger.Model(), Stop)) : Logger.RigTruth());
+    if (Table) Table->Append(Used.Rigs.empty() ? RowersTruth(File, Logger.Model(), Stop) : Logger.RigTruth());
     if (Replies) Text += (Text.empty() ? "" : "\n") + WriteReplies(Options, File, Logger, Stop, *Replies);
     return Out.Commit() ? Text : "";
 }

@@ -105,7 +105,9 @@ constexpr std::array<Option, 21> Table = {{
     {"--rig", "RIG", "instead of a rowing crew a channel on a calibration rig, described below; may be given again",
      [](SimOptions& To, const std::string& Text) { return TakeRig(To.Logger.Rigs.emplace_back(), Text); }},
     {"--truth", "FILE",
-     "also write the true strokes as a table: boundaries, rate, angles, length, peak force; of a rig its own curve",
+     "also write the true strokes as a table: boundaries, rate, angles, length, peak force, on an ergometer turns; of "
+     "a "
+     "rig its own curve",
      [](SimOptions& To, const std::string& Text) { return TakeText(To.Truth, Text); }},
     {"--strokes", "N", "whole strokes, 1 to 100000 (default 30 of a recording; a stream is endless)", TakeStrokes},
     {"--seconds", "S", "length in seconds, instead of --strokes", TakeSeconds},
@@ -195,6 +197,7 @@ std::string SimHelp()
            "A value may also follow its option behind \"=\". Channels are known by their ParamID: A, V, H, G, S "
            "and T with the\nseat's number (oar angle, vertical angle, handle force, gate force, seat, trunk; "
            "sides 3 and 4 are the right and\nleft scull), Acc, AccY, AccZ, Roll, Pitch, Yaw, Vs, Dist, Lat and "
-           "Lon. All others rest at zero.\n\n" +
+           "Lon. All others rest at zero. With the boat type\nErg one rower is on an ergometer: L is the handle's "
+           "chain in metres, H its force, S the seat and T the trunk.\n\n" +
            RigHelp() + "\nExit code: 0 done, 1 a failure was reported, 2 wrong usage.\n";
 }
