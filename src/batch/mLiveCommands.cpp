@@ -6,6 +6,7 @@
 #include "core/mIni.h"
 #include "files/mBinIO.h"
 #include "live/catch/cCatch.h"
+#include "live/ergo/cErg.h"
 #include "live/rower/cRower.h"
 #include "platform/mHost.h"
 #include "platform/plain/sSurface.h"
@@ -138,6 +139,32 @@ void WriteCatch(TabText& Table, int Frame, const cCatch& Panel)
     if (Panel.Newest().RSF) WriteFactor(Table, Frame, "RSF", *Panel.StyleFactor());
 }
 
+// What a sample brought to the ergometer panel. Without a force channel the cells of forces are empty.
+void WriteErg(TabText& Table, int Frame, const cErg& Panel)
+{
+    const auto Line = [&](const char* Kind, const char* Key, double Value, bool HasValue = true) {
+        Table.Cell(Frame).Cell(gSampleTime).Cell(Kind).Cell(Key);
+        (HasValue ? Table.Cell(Value) : Table.Cell("")).EndLine();
+    };
+    const ErgStroke& Stroke = Panel.Stroke();
+    const std::pair<const char*, double> Motion[] = {{"Strokes", Stroke.StrokeCnt}, {"Cycle", Stroke.CycleTime},
+                                                     {"Rate", Stroke.Rate},         {"RateAver", Stroke.RateAver},
+                                                     {"Drive", Stroke.DriveTime},   {"Recovery", Stroke.RecovTime},
+                                                     {"Length", Stroke.Length}};
+    const std::pair<const char*, double> Forces[] = {{"MaxForce", Stroke.MaxForce},
+                                                     {"MaxForceTime", Stroke.MaxForceT},
+                                                     {"Work", Stroke.Work},
+                                                     {"Power", Stroke.Power},
+                                                     {"AverForce", Stroke.AverForce}};
+    if (Panel.Newest().Stroke) {
+        for (const auto& [Key, Value] : Motion)
+            Line("N", Key, Value);
+        for (const auto& [Key, Value] : Forces)
+            Line("N", Key, Value, Panel.HasForce());
+    }
+    if (Panel.Newest().CF) Line("CF", "CF", Panel.CF());
+}
+
 // Frames as a replay takes them: one that the decoder refuses is passed over. Write adds what a frame brought.
 template <class Kind, class Writer>
 bool PlayThrough(const std::string& Path, Kind& Panel, const Writer& Write)
@@ -179,6 +206,16 @@ bool PlayCatch(const std::string& Path, TabText& Table)
     return PlayThrough(Path, Panel, [&](int Frame) { WriteCatch(Table, Frame, Panel); });
 }
 
+bool PlayErg(const std::string& Path, TabText& Table)
+{
+    sSurface Screen(1000, 600);
+    cErg Panel(Screen);
+    Panel.Load();
+    cErg::InitMode();
+    Panel.Resize();
+    return PlayThrough(Path, Panel, [&](int Frame) { WriteErg(Table, Frame, Panel); });
+}
+
 // A panel that can be played through, with the heads of its table.
 struct PanelKind
 {
@@ -187,7 +224,8 @@ struct PanelKind
     bool (*Play)(const std::string& Path, TabText& Table);
 };
 constexpr PanelKind Panels[] = {{"rower", "Frame\tTime\tStroke\tCycle\tRate\tRateAver\tRow\tID\tKey\tValue", PlayRower},
-                                {"catch", "Frame\tTime\tKind\tKey\tValue\tColour\tLeft", PlayCatch}};
+                                {"catch", "Frame\tTime\tKind\tKey\tValue\tColour\tLeft", PlayCatch},
+                                {"ergo", "Frame\tTime\tKind\tKey\tValue", PlayErg}};
 } // namespace
 
 bool DoDerive(const Args& Line)
