@@ -90,15 +90,16 @@ void cOwnLink::TakeRest()
 
 std::string cOwnLink::Words() const
 {
-    return IsReplayOpen() ? "A recording is played" : State.Words(Now());
+    if (IsReplayOpen()) return "A recording is played";
+    if (gLinkWatch.State() != cLinkWatch::eState::Closed)
+        return LinkName() + " is taken by the main window's link, whose frames are shown";
+    return State.Words(Now());
 }
 
-// What is open elsewhere goes first: it was asked for by the user, too, and its frames would be lost.
+// What is open elsewhere stays open: the user asked for it, too, and its frames would be lost.
 void cOwnLink::TryOpen()
 {
-    if (IsReplayOpen()) return State.Closed();
-    if (gLinkWatch.State() != cLinkWatch::eState::Closed)
-        return Refuse("the main window's link is open: close its panels and channel indicators");
+    if (IsReplayOpen() || gLinkWatch.State() != cLinkWatch::eState::Closed) return State.Closed();
     if (gOwnLink && gOwnLink != this) return Refuse(gOwnLink->Owner() + " has the link");
     if (gConnection == ConnectionTCP)
         Connect();

@@ -7,6 +7,7 @@
 // --picture or --controls the program ends behind the last command, when it has saved what the window looks like, or
 // the list of its controls (see widgets/qControls.h). With --monitor a performance monitor is attached that gives the
 // replies in FILE.
+#include "acquisition/cOwnLink.h"
 #include "acquisition/mComFast.h"
 #include "acquisition/mSampling.h"
 #include "app/qProgram.h"
@@ -176,7 +177,7 @@ void KeepAtEnd(QWidget& Window, const Wanted& What)
 {
     auto* Look = new QTimer(&Window);
     QObject::connect(Look, &QTimer::timeout, &Window, [&Window, What, Look, Waited = 0]() mutable {
-        const bool IsStill = gLinkWatch.State() == cLinkWatch::eState::Closed && !gReplaying;
+        const bool IsStill = gLinkWatch.State() == cLinkWatch::eState::Closed && !gOwnLink && !gReplaying;
         Waited = IsStill ? Waited + LookMs : 0;
         if (IsStill ? Waited < StillMs : gFrameCnt < FramesForPicture) return;
         Look->stop();

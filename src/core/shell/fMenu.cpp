@@ -55,6 +55,7 @@ constexpr MenuItem Items[] = {
     {"mnuSample", "mnuSampleRower", "&Rower's Panel", nullptr, SampleRower, nullptr},
     {"mnuSample", "mnuSampleCatch", "&Catch Training", nullptr, SampleCatch, nullptr},
     {"mnuSample", "mnuSampleCoach", "C&oach's Panel", nullptr, nullptr, WithPanels},
+    {"mnuSample", "mnuSampleErgo", "&Ergometer", nullptr, nullptr, nullptr, "fData01RP3"},
     {"mnuSample", "mnuSampleMonitor", "Performance &Monitor", nullptr, nullptr, nullptr, "fPMI"},
     {"mnuSample", "mnuSampleTwoPanels", "&All Panels", nullptr, nullptr, WithPanels},
 

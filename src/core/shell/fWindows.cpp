@@ -13,6 +13,7 @@
 #include "core/shell/frmMain.h"
 #include "ergometer/fPMI.h"
 #include "live/catch/fData01Catch.h"
+#include "live/ergo/fData01RP3.h"
 #include "live/rower/fData01real.h"
 #include "platform/mHost.h"
 #include "platform/qt/qText.h"
@@ -129,6 +130,7 @@ constexpr WindowKind Windows[] = {
     {"fData01real", "The rower's panel", MakePanel<fData01real>, One, Kept, NeedsLink | NeedsTargets, "fData01real"},
     {"fData01Catch", "The catch training panel", MakePanel<fData01Catch>, One, Kept, NeedsLink | NeedsTargets,
      "fData01Catch"},
+    {"fData01RP3", "The ergometer panel", MakePanel<fData01RP3>, One, Kept, NeedsTargets, "fData01RP3"},
     {"fPMI", "The performance monitor", Make<fPMI>, One, Kept, NeedsNothing, "fPMI", "", {860, 560}},
     {"fData02view", "The data view", MakeDataView, OneAnew, Kept, NeedsNothing, "fData02view"},
     {"fData03report", "The report", MakeReport, Many, Kept, NeedsNothing, fData03report::Section, "", {1400, 900}},

@@ -17,7 +17,7 @@ void SetPixels(QLabel& Label, double Height)
     QFont Letters = Label.font();
     Letters.setPixelSize(std::max(LeastPixels, static_cast<int>(Height)));
     Label.setFont(Letters);
-    Label.setFixedHeight(QFontMetrics(Letters).height());
+    Label.setFixedHeight(QFontMetrics(Letters).size(Qt::TextSingleLine, "0").height());
 }
 
 // How much of its text's width a label has, at most 1.
