@@ -3,6 +3,7 @@
 
 #include "ergometer/mPMI.h"
 #include "platform/mMonitorFrame.h"
+#include "sim/cErgRower.h"
 #include "sim/cTruth.h"
 
 #include <algorithm>
@@ -107,13 +108,30 @@ std::string HexText(std::span<const uint8_t> Bytes)
 } // namespace
 
 cMonitor::cMonitor(const DataFile& File, cRowerModel& Model)
-    : Strokes(Model.Strokes()), Rower(Model.OarOf(ChannelOfSeat1(File, 'A'))),
+    : Strokes(Model.Strokes()), OnErg(Model.IsErg()), Rower(Model.OarOf(ChannelOfSeat1(File, OnErg ? 'L' : 'A'))),
       Force(Model.OarOf(ChannelOfSeat1(File, 'H')))
 {
 }
 
-// The work is the sum over the handle's way of the force on it.
 cMonitor::Measured cMonitor::Measure(const Stroke& In) const
+{
+    Measured Sum = OnErg ? MeasureErg(In) : MeasureOar(In);
+    Sum.Speed = std::cbrt(Sum.Work / In.Period / DragPower);
+    return Sum;
+}
+
+cMonitor::Measured cMonitor::MeasureErg(const Stroke& In) const
+{
+    Measured Sum;
+    Sum.Length = ErgFinish(Rower, In) - ErgCatch(Rower, In);
+    Sum.Work = ErgWork(Force, In);
+    for (int i = 0; i < DriveSteps; ++i)
+        Sum.MeanForce += ErgForce(Force, {&In, true, (i + 0.5) / DriveSteps}) / DriveSteps;
+    return Sum;
+}
+
+// The work is the sum over the handle's way of the force on it.
+cMonitor::Measured cMonitor::MeasureOar(const Stroke& In) const
 {
     Measured Sum;
     Sum.Length = HandleTravel * Rower.Length * (In.Finish - In.Catch) / (MeanFinish - MeanCatch);
@@ -126,7 +144,6 @@ cMonitor::Measured cMonitor::Measure(const Stroke& In) const
         Sum.MeanForce += Pull / DriveSteps;
         Before = Angle;
     }
-    Sum.Speed = std::cbrt(Sum.Work / In.Period / DragPower);
     return Sum;
 }
 

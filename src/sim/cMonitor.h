@@ -53,11 +53,14 @@ private:
     };
 
     Measured Measure(const Stroke& In) const;
+    Measured MeasureOar(const Stroke& In) const;
+    Measured MeasureErg(const Stroke& In) const;
     void EndDrive(const Stroke& In);
     void EndStroke(const Stroke& In);
     void Begin(int Number);
 
     cStrokes& Strokes;
+    bool OnErg; // the session is one of an ergometer, not of a boat
     Oar Rower;
     Oar Force;
     MonitorFigures Now;

@@ -4,7 +4,9 @@
 #include "acquisition/mComFast.h"
 #include "core/mIni.h"
 #include "core/mModes.h"
+#include "ergometer/cMonitorLink.h"
 #include "support/LinkPeers.h"
+#include "support/ScriptedMonitor.h"
 #include "support/SurfaceLog.h"
 
 #include <QLabel>
@@ -33,8 +35,12 @@ struct Beside : cDataWindow
 
 struct ErgWindow : ShellState
 {
+    ScriptedMonitor Monitor;
+
     ErgWindow()
     {
+        Monitor.IsAttached = false;
+        gMonitorLink.Use(&Monitor);
         Start("IsCurves=-1\nIsValue=-1\n");
         std::filesystem::copy_file(SOURCE_FOLDER "/demo/ergo.txt", Session);
         Main.OpenFile(Session);
@@ -44,6 +50,8 @@ struct ErgWindow : ShellState
         gCOMdevice = Folder.Path("port");
     }
 
+    ~ErgWindow() { gMonitorLink.Use(nullptr); }
+
     fData01RP3& Open()
     {
         Choose("mnuSampleErgo");
@@ -52,6 +60,10 @@ struct ErgWindow : ShellState
         return dynamic_cast<fData01RP3&>(Window);
     }
     std::string Label(const char* Name) { return Plain(Find<QLabel>(Name).text()); }
+    bool MonitorSays(const char* Words)
+    {
+        return QTest::qWaitFor([&] { return Find<QLineEdit>("txtPMI").text() == Words; }, 3000);
+    }
     bool Says(const std::string& Words)
     {
         return QTest::qWaitFor([&] { return Label("lbLink").find(Words) != std::string::npos; }, 3000);
@@ -114,7 +126,6 @@ TEST_CASE_FIXTURE(ErgWindow,
     const Beside Panel;
     CHECK(Says("port is in use by another program"));
     CHECK(Label("lbStrokeLength").empty());
-    CHECK(Find<QLineEdit>("txtPMI").text() == "No performance monitor is connected");
     Other.Close();
     CHECK(QTest::qWaitFor([&] { return Line.Take().find("#RUN") != std::string::npos; }, 3000));
     CHECK(Label("lbLink") == "COM port " + gCOMdevice);
@@ -166,6 +177,44 @@ TEST_CASE_FIXTURE(ErgWindow,
     CHECK(ReadWhole(gCurDir + gSampleName + ".log") == "");
     Click("cmdDamp");
     CHECK(Damp.text() == "Start Damp");
+}
+
+TEST_CASE_FIXTURE(ErgWindow, "the monitor's figures stand beside the panel's, and both in the rows of the comparison")
+{
+    const PseudoTerminal Line(gCOMdevice);
+    Open();
+    Beside Panel;
+    CHECK(MonitorSays("No performance monitor is connected"));
+    Monitor.State = StateDriving;
+    Monitor.IsAttached = true;
+    CHECK(MonitorSays("02:01.0 /500 m    28 /min    175 W    drive"));
+    Click("cmdLog");
+    CHECK(Find<QPushButton>("cmdLog").text() == "Stop Log");
+    std::vector<double> Rates; // of the whole strokes
+    Panel.OnSample = [&] {
+        const ErgStroke& Stroke = Panel.Panel.Stroke();
+        if (!Panel.Panel.Newest().Stroke || !Stroke.IsWhole) return;
+        Rates.push_back(Stroke.Rate);
+        ++Monitor.Drives;
+    };
+    const std::string Frames = ReadWhole(Raw).value();
+    Send(Line, Frames, static_cast<int32_t>(Frames.size() / 33));
+    Monitor.IsAttached = false;
+    CHECK(MonitorSays("No performance monitor is connected"));
+    Click("cmdLog");
+    CHECK(Find<QPushButton>("cmdLog").text() == "Start Log");
+    CHECK(gFile.SampleCnt == 2);
+    const std::string Head = ReadWhole(gCurDir + "PMlog001.csv").value();
+    const QStringList Rows = Shown(ReadWhole(gCurDir + "PMlog001_strokes.csv").value()).split("\r\n");
+    REQUIRE(Rates.size() >= 7);
+    REQUIRE(Rows.size() == static_cast<qsizetype>(Rates.size()) + 2);
+    CHECK(Plain(Rows[0]) + "\r\n" == Head);
+    for (std::size_t i = 0; i < Rates.size(); ++i) {
+        const QStringList Cells = Rows[static_cast<qsizetype>(i) + 1].split('\t');
+        REQUIRE(Cells.size() == 22);
+        CHECK(Plain(Cells[2]) == FormatGeneral(Rates[i], 6));
+        if (i + 1 < Rates.size()) CHECK(Cells[3] == "28"); // the last one may have ended behind the cable
+    }
 }
 
 TEST_CASE_FIXTURE(ErgWindow, "a recording replayed through the window gives what the batch program prints of it")

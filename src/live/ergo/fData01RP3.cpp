@@ -3,6 +3,7 @@
 
 #include "base/mNumText.h"
 #include "core/mIni.h"
+#include "ergometer/cMonitorLink.h"
 #include "files/mRawLog.h"
 #include "platform/qt/qText.h"
 
@@ -53,6 +54,34 @@ constexpr FigureShape FigureShapes[] = {
     {"lbMaxHandleVel", "Max. handle (m/s)", "Highest speed of the handle"},
     {"lbMaxSeatVel", "Max. seat (m/s)", "Highest speed of the seat"},
 };
+
+// A whole stroke as the comparison with the monitor has it.
+PMStroke Compared(const ErgStroke& Stroke)
+{
+    return {.StrokeN = Stroke.StrokeCnt,
+            .Rate = Stroke.Rate,
+            .Drive = Stroke.DriveTime,
+            .Recov = Stroke.RecovTime,
+            .Length = Stroke.Length,
+            .Power = Stroke.Power,
+            .PeakForce = Stroke.MaxForce,
+            .Impulse = Stroke.Impulse,
+            .AverForce = Stroke.MeanForce(),
+            .Work = Stroke.Work,
+            .MaxForceT = Stroke.MaxForceT};
+}
+
+std::string MonitorText(const PMSnapshot& Monitor, int64_t Now)
+{
+    if (!Monitor.IsConnected(Now)) {
+        const bool IsThere = Monitor.State == ePMState::Open || Monitor.State == ePMState::Refused;
+        return IsThere ? Monitor.Text(Now) : "No performance monitor is connected";
+    }
+    const PMFigures& Figures = *Monitor.Figures;
+    const auto Count = [](uint32_t Number) { return FormatNum(static_cast<double>(Number), "0"); };
+    return Figures.Pace500Text() + " /500 m    " + Count(Figures.Cadence) + " /min    " + Count(Figures.Power) +
+           " W    " + StrokeStateName(Figures.StrokeState);
+}
 } // namespace
 
 fData01RP3::fData01RP3()
@@ -81,12 +110,26 @@ fData01RP3::fData01RP3()
     Picture1->OnResize = [this] { Panel.Resize(); };
     Begin();
     Link.Open();
+    gMonitorLink.Attach();
+    if (!gMonitorLink.Snapshot().IsPolling) gMonitorLink.SetPolling(true); // looks for one that is not there
     connect(&Timer1, &QTimer::timeout, this, [this] {
         Link.Tick();
         ShowState();
     });
     Timer1.start(TimerInterval);
     ShowState();
+}
+
+fData01RP3::~fData01RP3()
+{
+    gMonitorLink.Detach();
+}
+
+void fData01RP3::TakeSample()
+{
+    Panel.TakeSample();
+    if (Panel.Newest().Stroke && Panel.Stroke().IsWhole)
+        PMLog.AddStroke(Compared(Panel.Stroke()), gMonitorLink.Snapshot(), cMonitorLink::Now());
 }
 
 QLabel* fData01RP3::AddLabel(const char* Name)
@@ -128,9 +171,8 @@ QLayout* fData01RP3::BuildBottom()
     lbLink->setWordWrap(true);
     lbLink->setAlignment(Qt::AlignCenter);
     cmdDamp = AddButton("cmdDamp", "Opens or closes the dump file of this panel; nothing is written to it");
-    cmdLog = AddButton("cmdLog", "Comes with the performance monitor");
-    cmdLog->setText("Start Log");
-    cmdLog->setEnabled(false);
+    cmdLog = AddButton("cmdLog", "Opens or closes the files that compare this panel's strokes with the monitor's");
+    connect(cmdLog, &QPushButton::clicked, this, [this] { ToggleLog(); });
     connect(cmdDamp, &QPushButton::clicked, this, [this] {
         Damp.Toggle();
         ShowState();
@@ -141,6 +183,15 @@ QLayout* fData01RP3::BuildBottom()
     Row->addWidget(cmdDamp);
     Row->addWidget(cmdLog);
     return Row;
+}
+
+void fData01RP3::ToggleLog()
+{
+    if (PMLog.IsOpen())
+        PMLog.Stop(gMonitorLink.Snapshot(), cMonitorLink::Now());
+    else
+        PMLog.PMStartLog();
+    ShowState();
 }
 
 void fData01RP3::FitLabels(QSize Size)
@@ -211,7 +262,17 @@ void fData01RP3::ShowState()
     lbPrompt->setText(gLogging ? "Press ESC to finish sampling" : "Press ENTER to start data sampling");
     lbLink->setText(Shown(Link.Words()));
     cmdDamp->setText(Damp.IsOpen() ? "Stop Damp" : "Start Damp");
-    txtPMI->setText("No performance monitor is connected");
+    cmdLog->setText(PMLog.IsOpen() ? "Stop Log" : "Start Log");
+    ShowMonitor();
+}
+
+void fData01RP3::ShowMonitor()
+{
+    const PMSnapshot Monitor = gMonitorLink.Snapshot();
+    const int64_t Now = cMonitorLink::Now();
+    PMLog.Look(Monitor, Now);
+    const QString Text = Shown(MonitorText(Monitor, Now));
+    if (txtPMI->text() != Text) txtPMI->setText(Text);
 }
 
 void fData01RP3::LoadSession()
@@ -223,6 +284,7 @@ void fData01RP3::LoadSession()
 void fData01RP3::Closing()
 {
     Timer1.stop();
+    if (PMLog.IsOpen()) PMLog.Stop(gMonitorLink.Snapshot(), cMonitorLink::Now());
     Link.Close();
     cErg::Unload();
 }

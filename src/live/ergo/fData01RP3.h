@@ -2,6 +2,7 @@
 #pragma once
 
 #include "acquisition/cOwnLink.h"
+#include "ergometer/cPMLog.h"
 #include "live/ergo/cDamp.h"
 #include "live/ergo/cErg.h"
 #include "live/ergo/fFigures.h"
@@ -20,10 +21,13 @@ class QPushButton;
 class fData01RP3 : public fPanel
 {
 public:
-    /// Opens its link, too. The targets are those that InitTargets has chosen.
+    /// Opens its link, and looks for a performance monitor. The targets are those that InitTargets has chosen.
     fData01RP3();
+    ~fData01RP3() override;
+    fData01RP3(const fData01RP3&) = delete;
+    fData01RP3& operator=(const fData01RP3&) = delete;
 
-    void TakeSample() override { Panel.TakeSample(); }
+    void TakeSample() override;
     void NewRun() override { Panel.NewRun(); }
 
     /// The main window's link stays closed for it.
@@ -42,9 +46,11 @@ private:
     QLayout* BuildBottom();
     QLabel* AddLabel(const char* Name);
     QPushButton* AddButton(const char* Name, const char* Tip);
+    void ToggleLog();
     void ShowStroke();
     void ShowTiming();
     void ShowState();
+    void ShowMonitor();
 
     fReadouts* Readouts;
     qSurface* Picture1;
@@ -57,6 +63,7 @@ private:
     QPushButton* cmdLog = nullptr;
     cErg Panel;
     cDamp Damp;
+    cPMLog PMLog;
     qSerialPort MSComm1;
     qSocket Wireless;
     cOwnLink Link;
