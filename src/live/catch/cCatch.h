@@ -8,6 +8,8 @@
 class cCatch
 {
 public:
+    using News = cTiming::News;
+
     explicit cCatch(iSurface& Surface) : Traces(Surface) {}
 
     /// Opens the panel: reads its settings, makes a plot for each row of View1, and begins all figures. Nothing is
@@ -32,7 +34,7 @@ public:
     /// Closes the panel.
     static void Unload();
 
-    const cTiming::News& Newest() const { return Timing.Newest(); }
+    const News& Newest() const { return Timing.Newest(); }
     const CatchStroke& Stroke() const { return Timing.Stroke(); }
     const std::optional<FactorShown>& CatchFactor() const { return Timing.CatchFactor(); }
     const std::optional<FactorShown>& FinishFactor() const { return Timing.FinishFactor(); }
