@@ -7,6 +7,7 @@
 #include "platform/mHost.h"
 #include "platform/qt/qText.h"
 #include "widgets/qIcons.h"
+#include "widgets/qSteady.h"
 
 #include <QAction>
 #include <QButtonGroup>
@@ -130,7 +131,7 @@ void frmMain::BuildStatusBar()
         Panels[i]->setObjectName("sbStatusBar_" + QString::number(i + 1));
         // A long text is cut off rather than making the window wider.
         Panels[i]->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-        statusBar()->addWidget(Panels[i], Widths[i]);
+        statusBar()->addWidget(new qSteady(*Panels[i]), Widths[i]);
     }
     auto* Progress = new QProgressBar;
     Progress->setObjectName("ProgressBar1");

@@ -2,6 +2,7 @@
 #include "live/panel/fReadouts.h"
 
 #include "platform/qt/qText.h"
+#include "widgets/qSteady.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -18,6 +19,7 @@ void SetPixels(QLabel& Label, double Height)
     Letters.setPixelSize(std::max(LeastPixels, static_cast<int>(Height)));
     Label.setFont(Letters);
     Label.setFixedHeight(QFontMetrics(Letters).size(Qt::TextSingleLine, "0").height());
+    Label.parentWidget()->updateGeometry(); // the place of a value, which learns of no change in its label
 }
 
 // How much of its text's width a label has, at most 1.
@@ -45,8 +47,9 @@ fReadouts::fReadouts(QWidget* Parent, std::span<const ReadoutShape> Shapes, doub
         for (QLabel* Label : {Captions.back(), Values.back()}) {
             Label->setAlignment(Qt::AlignCenter);
             Label->setMinimumWidth(1);
-            Pair->addWidget(Label);
         }
+        Pair->addWidget(Captions.back());
+        Pair->addWidget(new qSteady(*Values.back()));
         Layout->addLayout(Pair, Shape.Share);
         ShareSum += Shape.Share;
     }
