@@ -4,33 +4,31 @@
 
 #include "live/catch/cCatch.h"
 #include "live/catch/fFactorBar.h"
-#include "live/panel/fPanel.h"
-#include "platform/qt/qSurface.h"
+#include "live/panel/fCurvePanel.h"
 
 #include <array>
 #include <vector>
 
+class QBoxLayout;
 class QGridLayout;
 class QLabel;
 class QLayout;
 
-class fData01Catch : public fPanel
+class fData01Catch : public fCurvePanel<cCatch>
 {
 public:
     /// The targets are those that InitTargets has chosen.
     fData01Catch();
 
-    void TakeSample() override { Panel.TakeSample(); }
-    void NewRun() override { Panel.NewRun(); }
-
 protected:
-    void DrawPanel() override { Panel.DrawData(); }
     void ShowLabels() override;
     void LoadSession() override;
     void FitLabels(QSize Size) override;
     void Closing() override { cCatch::Unload(); }
 
 private:
+    static constexpr int ValueLetters = 6; // "-199.9"
+
     // A factor's row: last stroke, average, and the bar below them.
     struct FactorRow
     {
@@ -44,7 +42,8 @@ private:
     FactorRow AddFactor(QGridLayout& Grid, const char* Caption, const char* Value, const char* Bar,
                         const std::array<const char*, 3>& Colours);
     QLabel* AddLabel(const char* Name, double Share);
-    QLabel* AddValue(const QString& Name);
+    QLabel* AddValue(const QString& Name, int Letters = ValueLetters);
+    void Arrange(QSize Size);
     void InitLabels();
     void SetMargins();
     static void ShowFactor(const FactorRow& Row, const std::optional<FactorShown>& Factor, const char* AverageFormat,
@@ -55,11 +54,11 @@ private:
     {
         QLabel* Label;
         double Share;
+        int Letters; // that a value has, at most
     };
 
+    QBoxLayout* Middle; // curves and figures
     std::vector<SizedLabel> Sized;
-    qSurface* PB;
-    cCatch Panel;
     std::array<QLabel*, 2> lbData{}; // minutes, seconds
     QLabel* lbStrokeN = nullptr;
     std::array<QLabel*, 2> lbRate{};
