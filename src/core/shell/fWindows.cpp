@@ -18,6 +18,7 @@
 #include "platform/mHost.h"
 #include "platform/qt/qText.h"
 #include "records/fAthleteInp.h"
+#include "records/fOpts.h"
 #include "records/fSession.h"
 #include "records/fTargets.h"
 #include "records/mTargets.h"
@@ -107,6 +108,11 @@ QWidget* MakeAthlete(frmMain& Main, const WindowArgs&)
     return Athlete;
 }
 
+QWidget* MakeOptions(frmMain& Main, const WindowArgs&)
+{
+    return new fOpts(&Main);
+}
+
 QWidget* MakeAbout(frmMain& Main, const WindowArgs&)
 {
     auto* Box = new QMessageBox(&Main);
@@ -146,6 +152,7 @@ constexpr WindowKind Windows[] = {
      {900, 420}},
     {"fSession", "The session dialog", MakeSession, One, Dialog, NeedsNothing},
     {"fAthleteInp", "The athlete dialog", MakeAthlete, One, Dialog, NeedsNothing},
+    {"fOpts", "The Main Options", MakeOptions, One, Dialog, NeedsNothing},
     {"dSamples", "The choice of a sample", MakeSamples, One, Dialog, NeedsNothing},
     {"frmAbout", "About Skarvelin", MakeAbout, One, Dialog, NeedsNothing},
 };
