@@ -7,7 +7,6 @@
 
 namespace {
 // Why an entry is there and cannot be chosen.
-constexpr const char* WithOptions = "Comes with the options";
 constexpr const char* WithPlay = "Comes with the play view";
 constexpr const char* WithVideo = "Comes with the video windows";
 constexpr const char* NotUsed = "Not in use";
@@ -25,7 +24,7 @@ constexpr MenuItem Items[] = {
     {"mnuFile", nullptr, nullptr, nullptr, nullptr, nullptr},
     {"mnuFile", "mnuFileExit", "E&xit", "Ctrl+Q", FileExit, nullptr},
 
-    {"mnuSetUp", "mnuSetGlobals", "&Globals...", nullptr, nullptr, WithOptions},
+    {"mnuSetUp", "mnuSetGlobals", "&Globals...", nullptr, nullptr, nullptr, "fOpts"},
     {"mnuSetUp", "mnuSetSkarvelin", "Skarvelin", nullptr, nullptr, nullptr, "fADCsetup"},
     {"mnuSetUp", nullptr, nullptr, nullptr, nullptr, nullptr},
     {"mnuSetUp", "mnuSetSession", "S&ession...", nullptr, SetSession, nullptr},

@@ -22,6 +22,7 @@
 #include "platform/qt/qText.h"
 #include "records/fAthleteInp.h"
 #include "records/fDataGrid.h"
+#include "records/fOpts.h"
 #include "records/fSession.h"
 #include "records/fTargets.h"
 #include "records/mTargets.h"
@@ -138,6 +139,11 @@ QWidget* MakeSetUp(frmMain& Main, const WindowArgs&)
     return nullptr;
 }
 
+QWidget* MakeOptions(frmMain& Main, const WindowArgs&)
+{
+    return new fOpts(&Main);
+}
+
 QWidget* MakeAbout(frmMain& Main, const WindowArgs&)
 {
     auto* Box = new QMessageBox(&Main);
@@ -179,6 +185,7 @@ constexpr WindowKind Windows[] = {
     {"fSession", "The session dialog", MakeSession, One, Dialog, NeedsNothing},
     {"fAthleteInp", "The athlete dialog", MakeAthlete, One, Dialog, NeedsNothing},
     {"fDataGrid", "The record grid", MakeGrid, OneAKind, Kept, NeedsNothing, fDataGrid::Section, "", {1000, 560}},
+    {"fOpts", "The Main Options", MakeOptions, One, Dialog, NeedsNothing},
     {"dSamples", "The choice of a sample", MakeSamples, One, Dialog, NeedsNothing},
     {"fADCsetup", "The logger set-up", MakeSetUp, One, Dialog, NeedsNothing},
     {"frmAbout", "About Skarvelin", MakeAbout, One, Dialog, NeedsNothing},
