@@ -71,6 +71,12 @@ public:
         Former = std::move(Calls);
     }
 
+    /// Takes down a line of a window when it has changed; What names its place there.
+    void NoteNew(const std::string& What, const std::string& Line)
+    {
+        if (std::exchange(Shown[What], Line) != Line) Lines.push_back("  " + Line);
+    }
+
     /// Starts a program anew and opens a session in it.
     void Open(const std::string& Session)
     {
@@ -158,11 +164,15 @@ private:
         if (Wrong.empty() && Each->Objection) Wrong = Each->Objection(Line);
         if (!Wrong.empty()) return Lines.push_back("wrong: " + Wrong);
         LoadSettings();
-        std::ostringstream Out;
+        std::ostringstream Out, Err;
         std::streambuf* const Screen = std::cout.rdbuf(Out.rdbuf());
+        std::streambuf* const Errors = std::cerr.rdbuf(Err.rdbuf());
+        gHost.Dialogs = &gBatchDialogs;
         const bool IsDone = Guard(Each->Name, [&] { return Each->Run(Line); });
         std::cout.rdbuf(Screen);
+        std::cerr.rdbuf(Errors);
         AddText(Out.str());
+        AddText(Err.str());
         if (!IsDone) Lines.push_back("failed");
     }
 
@@ -193,6 +203,7 @@ private:
 
     std::filesystem::path Before = std::filesystem::current_path();
     std::map<std::string, std::string> Files;
+    std::map<std::string, std::string> Shown;
     std::map<const SurfaceLog*, Texts> Drawn;
     std::set<std::string> Known; // lines of all of them so far
 };

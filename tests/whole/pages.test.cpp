@@ -68,6 +68,14 @@ TEST_CASE("reports, pictures and corrections of stored samples are those of the 
             "Rowed against a strong wind, which turned after a third of the distance; the stroke seat's oar "
             "was changed for a longer one before the start.";
         NotePages(Walking, std::string(Name) + " stored", ReportStored, 1);
+        gFile.Crew[1].Name = "Alexandra Maximiliana of the Long Lake Rowing Club and its Neighbours";
+        gFile.View3[1].ID = "A name of a curve that is much longer than its column in the table";
+        gFile.View3[2].ID = std::string(90, 'W');
+        gFile.Place = std::string(300, 'm') + " \xC3\xA4\xC3\xB6\xC3\xBC";
+        gFile.Desc[1].Comment = "";
+        SurfaceLog Picture(240, 160);
+        DrawSamplePicture(Picture, OarCurves("S01"));
+        Walking.NoteDrawing("picture", Picture);
         NotePages(Walking, std::string(Name) + " primary", ReportPrimary, 0);
         NotePages(Walking, std::string(Name) + " both", ReportStored | ReportPrimary, 1);
         gFile.View3[3].Arguments = "A1,Zz,Q7";
@@ -82,7 +90,11 @@ TEST_CASE("reports, pictures and corrections of stored samples are those of the 
         Swap.AverTo = "S1";
         Walking.Lines.push_back(Swap.Average());
         Walking.Lines.push_back(Swap.OffScale('S', 1.5));
+        SetSessID("elsewhere/other.txt", gFile);
         Walking.Lines.push_back(Swap.Save() ? "saved" : "not saved");
+        gCurFile.clear();
+        Walking.Lines.push_back(Swap.Save() ? "saved" : "not saved");
+        Walking.NoteTold();
         Walking.NoteFiles();
     }
     CheckGolden("whole-pages.txt", Walking.Lines);
@@ -97,15 +109,16 @@ TEST_CASE("derived variables of every operation and their axes are those of the 
     LoadSamplePattern(gFile.Desc[1]);
     ViewRow& Row3 = gFile.View3[1];
     ViewRow& Row4 = gFile.View4[1];
+    cData04play Play;
     for (int16_t Oper = -1; Oper <= 14; ++Oper)
         for (const char* Arguments : {"A1,A1", "A1,H1,A1", "T1,S1,T1,H1,H2", "A1,A2,Acc,G1,G2", "None,V1,None,V2,Roll",
                                       "S1,Vs,Dist,Lat,Lon,In3", "Acc,AccZ,AccY", "", "A1"}) {
             Row3.Oper = Row4.Oper = Oper;
             Row3.Arguments = Row4.Arguments = Arguments;
             const std::string What = FormatNum(Oper, "0") + " " + Arguments;
+            cData03report Plot; // taken twice: nothing of the first row stays
             for (const int16_t Mode : {RowOverPosition, RowOverArgument}) {
                 Row3.Mode = Mode;
-                cData03report Plot;
                 NoteRow(Walking, What + " " + AxisText(QuantityX(Row3)) + " | " + AxisText(QuantityY(Row3)) + " |",
                         [&] {
                             Plot.InitViewID(1);
@@ -114,7 +127,6 @@ TEST_CASE("derived variables of every operation and their axes are those of the 
                             return All;
                         });
             }
-            cData04play Play;
             NoteRow(Walking, What + " play", [&] {
                 Play.InitViewID(1, 1);
                 return std::vector<double>(Play.Ys().begin(), Play.Ys().end());

@@ -21,7 +21,7 @@ struct PanelCase
 // A row for each operation and each function, over what a scull has.
 void AddRows()
 {
-    for (int16_t Oper = 0; Oper <= 12; ++Oper) {
+    for (int16_t Oper = 0; Oper <= 16; ++Oper) {
         ViewRow& Row = gFile.View1.Grow();
         Row.ID = "Oper " + FormatNum(Oper, "0");
         Row.Mode = static_cast<int16_t>(Oper % 2);
@@ -29,8 +29,8 @@ void AddRows()
         Row.Color = Oper % 9;
         Row.MinXPar = Row.MinYPar = -60;
         Row.MaxXPar = Row.MaxYPar = 90;
-        Row.X1 = static_cast<float>(7 * Oper);
-        Row.X2 = static_cast<float>(7 * Oper + 20);
+        Row.X1 = static_cast<float>(5 * Oper);
+        Row.X2 = static_cast<float>(5 * Oper + 20);
         Row.Y2 = 60;
         Row.Offset = static_cast<int16_t>(Oper - 5);
         Row.Arguments = Oper % 3 == 0 ? "A1,A1,S1,V1,T1" : Oper % 3 == 1 ? "A1,V1" : "T1,S1,V1,H1,Acc,Roll";
@@ -97,6 +97,8 @@ TEST_CASE("the rower's panel draws a recording as in the golden list")
         Panel.Load();
         Panel.InitMode();
         Panel.Resize();
+        for (const int16_t Value : {gSeatChan, gCFLow, gCFHigh, gRSFLow, gRSFHigh, gRSFmode})
+            Walking.Lines.push_back(FormatNum(Value, "0"));
         Walking.NoteDrawing("begin", Surface);
         Play(std::string(Each.Session) + ".qvn", Panel, Each.Burst, [&](int Frame) {
             if (Frame == 90) Panel.Resize();
@@ -110,6 +112,24 @@ TEST_CASE("the rower's panel draws a recording as in the golden list")
         Walking.NoteDrawing("anew", Surface, 60);
         Walking.NoteTold();
     }
+    Prepare(Walking, {"single.txt", 1, {800, 600}, "", "cvisg"});
+    for (const SourceMode Source : {SourceTable, SourceDots}) {
+        SurfaceLog Surface(800, 600);
+        cRower Panel(Surface);
+        Panel.Load(Source);
+        Walking.Lines.push_back(Panel.InitMode("single.txt.qvn") ? "read" : "not read");
+        for (gPlayTime = 0; gPlayTime < 6; gPlayTime += 0.05) {
+            FindTimeIdx(gPlayTime);
+            Panel.TakeSample();
+            Panel.DrawData();
+            if (Panel.NewStroke()) Walking.NoteDrawing(Panel.TimeText() + " " + Panel.RateText(), Surface, 6);
+        }
+        Walking.Lines.push_back(Panel.InitMode("none.qvn") ? "read" : "not read");
+        Panel.Unload();
+        Walking.Lines.push_back(FormatShortest(gDeltaT) + " " + FormatShortest(gTimeStep));
+        Walking.NoteDrawing("end", Surface);
+    }
+    Walking.NoteTold();
     CheckGolden("whole-rower.txt", Walking.Lines);
 }
 
@@ -155,6 +175,8 @@ TEST_CASE("the catch panel shows and draws a recording as in the golden list")
             if (New.NewStroke) Walking.NoteDrawing("drawn", Surface, 3);
         });
         Panel.NewRun();
+        cCatch::Unload();
+        Walking.Lines.push_back(FormatShortest(gDeltaT));
         Walking.NoteDrawing("end", Surface);
     }
     CheckGolden("whole-catch.txt", Walking.Lines);
