@@ -17,6 +17,7 @@ struct OwnLink : LinkState
 
     OwnLink()
     {
+        gAppDir = Folder.Path("");
         gFile.Model = 67;
         gCOMport = 1;
         Port.Plugged = OwnPort.Plugged = {"/dev/none-such"};
