@@ -80,6 +80,7 @@ void cOwnLink::Tick()
 {
     if (!IsWanted) return;
     if (gOwnLink == this) TakeRest();
+    if (Tried != LinkName() && !gLogging) Suspend();
     if (State.State() == cLinkWatch::eState::Closed)
         TryOpen();
     else
@@ -105,6 +106,7 @@ std::string cOwnLink::Words() const
 void cOwnLink::TryOpen()
 {
     if (IsReplayOpen() || gLinkWatch.State() != cLinkWatch::eState::Closed) return State.Closed();
+    Tried = LinkName();
     if (gOwnLink && gOwnLink != this) return Refuse(gOwnLink->Owner() + " has the link");
     if (gConnection == ConnectionTCP)
         Connect();
@@ -141,7 +143,8 @@ void cOwnLink::Opened()
     Port.RThreshold = FrameMin();
     FrameSynced = false;
     RetryDataWindows();
-    State.Opened(LinkName(), Now());
+    Tried = LinkName(); // another port may have been found
+    State.Opened(Tried, Now());
     if (Port.IsOpen())
         Port.Output(RunLine());
     else
