@@ -23,3 +23,14 @@ std::optional<Frame> cFrameFeed::Take(std::size_t Least)
     if (Size <= InBufferSize) Needed = std::max(Least, Size);
     return Waiting < Needed ? std::nullopt : TakeFrame(Source);
 }
+
+std::vector<uint8_t> cFrameFeed::TakeBytes()
+{
+    std::vector<uint8_t> Taken;
+    for (auto Bytes = Source.Ready(); !Bytes.empty(); Bytes = Source.Ready()) {
+        const std::size_t Count = Bytes.size();
+        Taken.insert(Taken.end(), Bytes.begin(), Bytes.end());
+        Source.Skip(Count);
+    }
+    return Taken;
+}

@@ -5,8 +5,10 @@
 #include "files/mFrame.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <optional>
+#include <vector>
 
 class cFrameFeed
 {
@@ -21,6 +23,9 @@ public:
 
     /// How many bytes must wait in the port before the frame that Take has not given can be taken.
     std::size_t Missing() const { return Needed - Source.Held(); }
+
+    /// All bytes that wait, whatever they are.
+    std::vector<uint8_t> TakeBytes();
 
     /// The stream begins anew: what is held of the former one is discarded.
     void Begin() { Source.Skip(Source.Held()); }

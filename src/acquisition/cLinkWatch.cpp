@@ -101,18 +101,23 @@ void cLinkWatch::Tick(int64_t Now)
     }
 }
 
+std::string cLinkWatch::Failure() const
+{
+    if (Stage == eState::Closed || Stage == eState::Open) return "";
+    return (WasOpen ? Link + " lost" : "No connection to " + Link) + (Why.empty() ? "" : ": " + Why);
+}
+
 std::string cLinkWatch::Words(int64_t Now) const
 {
-    const std::string Failure = WasOpen ? Link + " lost" : "No connection to " + Link;
     switch (Stage) {
     case eState::Closed:
         return "";
     case eState::Connecting:
-        return Why.empty() ? "Connecting to " + Link : Failure + ": " + Why + ". Trying again";
+        return Why.empty() ? "Connecting to " + Link : Failure() + ". Trying again";
     case eState::Open:
         return Silent ? Link + ": no frames for " + WholeSeconds(Now - LastFrame) + " s" : Link;
     case eState::Lost:
-        return Failure + ": " + Why + ". Trying again";
+        return Failure() + ". Trying again";
     }
     return "";
 }

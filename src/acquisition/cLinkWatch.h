@@ -59,6 +59,9 @@ public:
     /// Whether an open link has brought no frame for two seconds.
     bool IsSilent() const { return Silent; }
 
+    /// What is wrong with a link that is not open, in plain words; empty when it is open or closed on purpose.
+    std::string Failure() const;
+
     /// The state in plain words, empty when closed.
     std::string Words(int64_t Now) const;
 

@@ -24,7 +24,7 @@ cSocketPair gLinkSocket;
 namespace {
 constexpr int LastPort = 16;
 constexpr int32_t LastTCPport = 65535;
-constexpr const char* RunCommand = "#RUN\r";
+constexpr int FarewellMs = 100; // for the last bytes sent to leave
 constexpr const char* SlaveLine = "115200,n,8,1";
 
 const std::array Models = {
@@ -49,6 +49,11 @@ LinkInUse Used;
 // Models that set no speed use the settings of the last one that did.
 constexpr const char* FirstLine = "9600,n,8,1";
 std::string LineSettings = FirstLine;
+
+std::string Line(const char* Command)
+{
+    return std::string(Command) + "\r";
+}
 
 std::string PortName()
 {
@@ -273,7 +278,7 @@ void CloseLink()
 
 void CloseUnusedLink()
 {
-    if (gLinkWatch.State() == cLinkWatch::eState::Closed) return;
+    if (gLinkWatch.State() == cLinkWatch::eState::Closed || IsLinkDiverted()) return;
     const bool IsNeeded = IsLinkNeeded();
     if (Used.HasServed && !IsNeeded && !gLogging) return CloseLink();
     Used.HasServed = Used.HasServed || IsNeeded;
@@ -282,11 +287,29 @@ void CloseUnusedLink()
 void SendRun()
 {
     Used.IsRun = true;
-    if (gLinkWatch.State() != cLinkWatch::eState::Open) return;
-    if (Used.IsSocket)
-        gLinkSocket.InUse().SendData(RunCommand);
-    else
-        gHost.SerialPort->Output(RunCommand);
+    SendText(Line(RunCommand));
+}
+
+bool SendSetUp()
+{
+    Used.IsRun = false;
+    return SendText(Line(SetUpCommand));
+}
+
+bool SendText(const std::string& Text)
+{
+    if (gLinkWatch.State() != cLinkWatch::eState::Open) return false;
+    return Used.IsSocket ? gLinkSocket.InUse().SendData(Text) : gHost.SerialPort->Output(Text);
+}
+
+void EndSetUp()
+{
+    if (gLinkWatch.State() == cLinkWatch::eState::Closed) return;
+    if (IsLinkNeeded()) OpenLink(); // with the sampling period and the speed as they are now
+    SendRun();
+    gHost.Clock->StartOnce(FarewellMs, [] {
+        if (!IsLinkNeeded() && !gLogging && !IsLinkDiverted()) DropLink();
+    });
 }
 
 void LinkOpened()
@@ -315,7 +338,7 @@ void ReopenLink()
 
 void TryBeside()
 {
-    if (Used.IsSocket && Used.IsRun) gLinkSocket.TryBeside(RunCommand);
+    if (Used.IsSocket && Used.IsRun) gLinkSocket.TryBeside(Line(RunCommand));
 }
 
 void LinkReplaced()

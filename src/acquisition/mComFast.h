@@ -26,6 +26,10 @@ std::span<const LoggerModel> LoggerModels();
 /// The group of a model, null for another.
 const LoggerModel* FindModel(int16_t Model);
 
+// The commands that begin and end the logger's set-up.
+inline constexpr const char* SetUpCommand = "#SETUP";
+inline constexpr const char* RunCommand = "#RUN";
+
 /// Watches the link that is open or being opened.
 extern cLinkWatch gLinkWatch;
 
@@ -69,6 +73,17 @@ void CloseUnusedLink();
 
 /// Asks the logger to stream, now or once the link is open, and again whenever a lost link is open again.
 void SendRun();
+
+/// Puts the logger in set-up mode: from then on it is silent on purpose, and no second connection is tried. False when
+/// the link is not open.
+bool SendSetUp();
+
+/// Sends Text over the link; false when it is not open.
+bool SendText(const std::string& Text);
+
+/// Ends the logger's set-up: it is asked to stream. A link that no window needs is closed as soon as the logger can
+/// have taken that.
+void EndSetUp();
 
 // Events of the ports.
 

@@ -15,6 +15,8 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <utility>
+#include <vector>
 
 bool FrameSynced = false;
 bool gReplaying = false;
@@ -27,6 +29,8 @@ cFrameFeed FromPort([](std::span<uint8_t> Room) { return gHost.SerialPort->Input
                     [] { return gHost.SerialPort->InBufferCount(); });
 cFrameFeed FromSocket([](std::span<uint8_t> Room) { return gLinkSocket.InUse().GetData(Room); },
                       [] { return gLinkSocket.InUse().BytesReceived(); });
+
+std::function<void(std::span<const uint8_t>)> DivertTo; // null: frames are taken
 
 int Timer1 = 0; // 0: not enabled
 int Timer1Interval = ReplayInterval;
@@ -104,6 +108,13 @@ void TakeBackFrameText()
     UpdateStatus("No frames");
 }
 
+bool IsDiverted(cFrameFeed& Feed)
+{
+    if (!DivertTo) return false;
+    if (const auto Bytes = Feed.TakeBytes(); !Bytes.empty()) DivertTo(Bytes);
+    return true;
+}
+
 void StartTimer1()
 {
     gHost.Clock->StopTimer(Timer1);
@@ -130,6 +141,7 @@ void InitSampling(iSocket* Second)
     LogWatch = {};
     LinkClock = {};
     LinkWords.clear();
+    DivertTo = {};
     gLinkSocket.Use(gHost.Socket, Second);
     gHost.SerialPort->OnData = MSComm1_OnComm;
     gHost.SerialPort->OnError = LinkLost;
@@ -170,11 +182,13 @@ void ShowLive()
 
 void MSComm1_OnComm()
 {
+    if (IsDiverted(FromPort)) return;
     if (TakeOne(*gHost.SerialPort, FromPort)) ShowLive();
 }
 
 void tcpServer_DataArrival(std::size_t)
 {
+    if (IsDiverted(FromSocket)) return;
     if (TakeAll(FrameSource::Socket, FromSocket, FrameMin() + 1)) ShowLive();
 }
 
@@ -270,14 +284,29 @@ void BeginStream()
 {
     FromPort.Begin();
     FromSocket.Begin();
-    gHost.SerialPort->RThreshold = FrameMin();
+    gHost.SerialPort->RThreshold = DivertTo ? 1 : FrameMin();
     FrameSynced = false;
     RetryDataWindows();
+}
+
+void DivertLink(std::function<void(std::span<const uint8_t>)> Taker)
+{
+    DivertTo = std::move(Taker);
+    if (IsDiverted(gLinkSocket.InUse().State() == eSocketState::Connected ? FromSocket : FromPort))
+        gHost.SerialPort->RThreshold = 1;
+    else
+        BeginStream();
+}
+
+bool IsLinkDiverted()
+{
+    return static_cast<bool>(DivertTo);
 }
 
 void TakeRest()
 {
     if (gOwnLink) return gOwnLink->TakeRest();
+    if (IsDiverted(FromPort) && IsDiverted(FromSocket)) return;
     const bool IsPortGood = TakeAll(FrameSource::Serial, FromPort, 0);
     const bool IsSocketGood = TakeAll(FrameSource::Socket, FromSocket, 0);
     if (IsPortGood || IsSocketGood) ShowLive();

@@ -8,6 +8,9 @@
 #include "platform/iSocket.h"
 
 #include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <span>
 #include <string>
 
 extern bool FrameSynced;    // the last bytes searched held a sync byte, and its frame was decoded
@@ -77,6 +80,11 @@ void BeginStream();
 
 /// Takes all whole frames that wait, however few, and shows the last one: for the end of a link or of a recording.
 void TakeRest();
+
+/// Hands the link's bytes to Taker instead of taking frames from them, as for the logger's set-up; null ends it.
+void DivertLink(std::function<void(std::span<const uint8_t>)> Taker);
+
+bool IsLinkDiverted();
 
 /// Watches the link, the windows and the recording; runs a few times a second.
 void TickLink();

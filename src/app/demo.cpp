@@ -177,7 +177,8 @@ void KeepAtEnd(QWidget& Window, const Wanted& What)
 {
     auto* Look = new QTimer(&Window);
     QObject::connect(Look, &QTimer::timeout, &Window, [&Window, What, Look, Waited = 0]() mutable {
-        const bool IsStill = gLinkWatch.State() == cLinkWatch::eState::Closed && !gOwnLink && !gReplaying;
+        const bool IsClosed = gLinkWatch.State() == cLinkWatch::eState::Closed && !gOwnLink && !gReplaying;
+        const bool IsStill = IsClosed || IsLinkDiverted();
         Waited = IsStill ? Waited + LookMs : 0;
         if (IsStill ? Waited < StillMs : gFrameCnt < FramesForPicture) return;
         Look->stop();

@@ -151,6 +151,19 @@ std::span<const Command> AllCommands()
          {{"--usb", ArgKind::Flag, ""}, {"--seconds", ArgKind::Real, "N"}},
          DoMonitor,
          MonitorObjection},
+        {"logger",
+         "SESSION --serial DEVICE | --tcp HOST:PORT [--wait S] [--stay] COMMAND... | --read",
+         "puts the logger in set-up mode, sends each command and prints what it answers within S seconds (default 0.5, "
+         "a scan for devices as long as it takes), then lets it run unless --stay; --read prints all its settings",
+         1,
+         0,
+         {{"--serial", ArgKind::Text, "DEVICE"},
+          {"--tcp", ArgKind::Text, "HOST:PORT"},
+          {"--wait", ArgKind::Real, "S"},
+          {"--stay", ArgKind::Flag, ""},
+          {"--read", ArgKind::Flag, ""}},
+         DoLogger,
+         LoggerObjection},
         {"info", "SESSION", "prints a summary of a session data file in JSON", 1, 1, {}, DoInfo},
     };
     return Table;

@@ -90,3 +90,7 @@ std::string RecordObjection(const Args& Line);
 // Performance monitor.
 bool DoMonitor(const Args& Line);
 std::string MonitorObjection(const Args& Line);
+
+// The logger's set-up.
+bool DoLogger(const Args& Line);
+std::string LoggerObjection(const Args& Line);

@@ -14,6 +14,8 @@ struct FrameLayout
     int SlaveCnt = 0;        // of a master
     int SlaveChans = 8;      // 4, 8 or 16, and 2 more with the extra words
     bool Signed = false;     // slaves send offset values
+
+    bool operator==(const FrameLayout&) const = default;
 };
 
 /// Frame kinds: which items of the optional block a master's frame carries.

@@ -2,6 +2,7 @@
 #include "sim/cLine.h"
 
 #include "base/mError.h"
+#include "base/mNumText.h"
 #include "platform/plain/sSerialLine.h"
 
 #include <array>
@@ -62,6 +63,16 @@ std::string cLine::OpenTerminal(const std::string& Path)
     if (symlink(Name.data(), Path.c_str()) != 0) return WhyNot();
     Link = Path;
     return {};
+}
+
+int cLine::Speed() const
+{
+    return SerialSpeed(FarEnd);
+}
+
+void cLine::SetSpeed(int Baud) const
+{
+    if (FarEnd >= 0) SetSerialLine(FarEnd, FormatNum(Baud, "0") + ",n,8,1");
 }
 
 void cLine::Close()

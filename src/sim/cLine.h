@@ -25,6 +25,12 @@ public:
     /// Ends the link: the listener is hung up, the port or terminal is gone.
     void Close();
 
+    /// The speed of a terminal's line in baud, as either end has set it; 0 of a port.
+    int Speed() const;
+
+    /// Sets the speed of a terminal's line; it can be seen at the other end.
+    void SetSpeed(int Baud) const;
+
     /// Whether bytes sent now reach somebody, as far as that can be known.
     bool IsConnected() const { return Peer >= 0; }
 

@@ -15,13 +15,37 @@ constexpr double LongestLag = 2; // s that a listener may lag behind
 constexpr int LongestNap = 20;   // ms between two looks at what is due
 constexpr double MsPerSecond = 1000;
 constexpr std::size_t LongestCommand = 200;
+constexpr int SlowMs = 300; // that a slow answer comes late
+constexpr int SplitMs = 4;  // between the bytes of a split one
+
+// The session of the same sensors at the same inputs of slaves that send another number of channels.
+DataFile WithSlaves(const DataFile& File, const FrameLayout& Before, const FrameLayout& Now)
+{
+    constexpr int Master = 16;
+    const int Old = Before.SlaveChans / 4 * 4;
+    const int New = Now.SlaveChans / 4 * 4;
+    DataFile Changed = File;
+    Changed.SlaveChans = static_cast<int16_t>(Now.SlaveChans);
+    Changed.Signed = Now.Signed;
+    if (New == Old) return Changed;
+    Changed.Calibr.Resize(std::min(Master, File.Calibr.UBound()));
+    Changed.Calibr.Resize(Master + File.SlaveCnt * New);
+    for (int Slave = 0; Slave < File.SlaveCnt; ++Slave)
+        for (int Input = 1; Input <= std::min(Old, New); ++Input)
+            if (const int From = Master + Slave * Old + Input; From <= File.Calibr.UBound())
+                Changed.Calibr[Master + Slave * New + Input] = File.Calibr[From];
+    for (int Chan = 1; Chan <= Changed.Calibr.UBound(); ++Chan)
+        Changed.Calibr[Chan].Chan = static_cast<int16_t>(Chan);
+    return Changed;
+}
 } // namespace
 
 cStreamer::cStreamer(sEventLoop& EventLoop, const SimOptions& Options, const LoggerSettings& Settings,
                      const DataFile& File)
-    : Loop(EventLoop), Wanted(Options), Used(Settings), Session(File), Line(EventLoop)
+    : Loop(EventLoop), Wanted(Options), Used(Settings), Session(File), Line(EventLoop),
+      Layout(LayoutOf(File, Settings.Model)), Current(Layout)
 {
-    Mode.Freq = Used.Freq;
+    Mode = SwitchedOn(Layout, Used.Freq);
     Logger = std::make_unique<cLogger>(Session, Used);
     if (Wanted.Strokes > 0) Wanted.Seconds = Logger->Model().Strokes().EndOf(Wanted.Strokes);
     Line.OnConnect = [this] { Begin(); };
@@ -103,19 +127,60 @@ void cStreamer::Obey(const std::string& Text)
             continue;
         }
         if (Command.empty()) continue;
-        const std::string Answer = AnswerCommand(Command, Mode, Loop.Now());
-        Line.Send({reinterpret_cast<const uint8_t*>(Answer.data()), Answer.size()});
+        if (const int Speed = Line.Speed(); Speed > 0) Mode.LineSpeed = Speed;
+        const bool WasRunning = Mode.IsRunning;
+        const auto Lines = AnswerCommand(Command, Mode, Loop.Now());
+        if (Wanted.SplitAnswers && WasRunning && !Mode.IsRunning) BreakOffFrame();
+        if (!Wanted.Mute) Answer(Lines);
         Command.clear();
-        if (Mode.Freq != Used.Freq) SetFreq();
+        FollowMode();
     }
 }
 
-// A logger with another sampling period begins its time anew.
-void cStreamer::SetFreq()
+void cStreamer::Answer(const std::vector<LoggerAnswer>& Lines)
 {
+    const int64_t Now = Loop.Milliseconds();
+    for (const LoggerAnswer& Each : Lines) {
+        const int64_t Due = std::max(LastDue, Now + Each.Delay + (Wanted.SlowAnswers ? SlowMs : 0));
+        if (!Wanted.SplitAnswers) {
+            SendLater(Due, Each.Text);
+            continue;
+        }
+        for (std::size_t i = 0; i < Each.Text.size(); ++i)
+            SendLater(Due + static_cast<int64_t>(i) * SplitMs, Each.Text.substr(i, 1));
+    }
+}
+
+void cStreamer::SendLater(int64_t Due, const std::string& Text)
+{
+    LastDue = Due;
+    Loop.StartOnce(static_cast<int>(Due - Loop.Milliseconds()), [this, Text] {
+        Line.Send({reinterpret_cast<const uint8_t*>(Text.data()), Text.size()});
+    });
+}
+
+// The logger stops in the middle of a frame.
+void cStreamer::BreakOffFrame()
+{
+    Bytes.clear();
+    Logger->NextFrame(Bytes);
+    Line.Send(std::span(Bytes).first(Bytes.size() / 2));
+}
+
+// A logger with another sampling period or other channels, or one that was reset, begins its time anew. The port's
+// speed changes behind the answer, which still goes out at the old one.
+void cStreamer::FollowMode()
+{
+    if (const int Speed = SpeedOf(Mode); Speed > 0 && Speed != Line.Speed()) Line.SetSpeed(Speed);
+    const FrameLayout Set = LayoutOf(Mode, Layout);
+    const bool IsSame = FreqOf(Mode) == Used.Freq && Set == Current && Mode.Resets == Resets;
+    if (IsSame) return;
     StartTime += Logger->Time();
-    Used.Freq = Mode.Freq;
-    Logger = std::make_unique<cLogger>(Session, Used);
+    Resets = Mode.Resets;
+    Current = Set;
+    Used.Freq = FreqOf(Mode);
+    Shown = WithSlaves(Session, Layout, Set);
+    Logger = std::make_unique<cLogger>(Shown, Used);
 }
 
 // Sends no more and calls Then when what was sent has been taken, or nobody takes it. The system moves bytes along a

@@ -37,7 +37,10 @@ private:
     void SendFrame();
     void LoseFrame();
     void Obey(const std::string& Text);
-    void SetFreq();
+    void Answer(const std::vector<LoggerAnswer>& Lines);
+    void SendLater(int64_t Due, const std::string& Text);
+    void BreakOffFrame();
+    void FollowMode();
     void Drain(int Looks, const std::function<void()>& Then);
     void PlanCut();
     void Cut();
@@ -47,8 +50,13 @@ private:
     SimOptions Wanted;
     LoggerSettings Used;
     const DataFile& Session;
+    DataFile Shown; // the session with the channels that the slaves' set-up leaves
     cLine Line;
     LoggerMode Mode;
+    FrameLayout Layout;  // of the session
+    FrameLayout Current; // as the commands have set it
+    int Resets = 0;      // of the logger, as far as they were followed
+    int64_t LastDue = 0; // when the last byte of an answer goes out, ms of the machine's clock
     std::unique_ptr<cLogger> Logger;
     std::vector<uint8_t> Bytes;
     std::string Command; // as far as it has come

@@ -12,7 +12,7 @@ namespace {
 struct Option
 {
     const char* Name;
-    const char* Value;
+    const char* Value; // null: the option has none
     const char* Help;
     bool (*Take)(SimOptions&, const std::string&); // false: no such value
 };
@@ -86,7 +86,7 @@ bool TakeSeconds(SimOptions& Options, const std::string& Text)
 
 constexpr double HighestSeed = 9007199254740991;
 
-constexpr std::array<Option, 21> Table = {{
+constexpr std::array<Option, 24> Table = {{
     {"--file", "OUT.qvn", "the recording to write, as a whole new file",
      [](SimOptions& To, const std::string& Text) { return TakeText(To.Recording, Text); }},
     {"--monitor", "FILE",
@@ -131,6 +131,12 @@ constexpr std::array<Option, 21> Table = {{
      [](SimOptions& To, const std::string& Text) { return TakePerMille(To.Logger.Faults.Drop, Text); }},
     {"--spikes", "PERMILLE", "so many have one channel that jumps (default 0)",
      [](SimOptions& To, const std::string& Text) { return TakePerMille(To.Logger.Faults.Spikes, Text); }},
+    {"--mute", nullptr, "obey commands without answering them",
+     [](SimOptions& To, const std::string&) { return To.Mute = true; }},
+    {"--slow-answers", nullptr, "answer 0.3 seconds late",
+     [](SimOptions& To, const std::string&) { return To.SlowAnswers = true; }},
+    {"--split-answers", nullptr, "answer byte by byte, and break off in a frame at #SETUP",
+     [](SimOptions& To, const std::string&) { return To.SplitAnswers = true; }},
 }};
 
 // Takes the option in Words[i]; i moves on when its value is the next word.
@@ -141,6 +147,11 @@ std::string TakeOption(std::span<const std::string> Words, std::size_t& i, SimOp
     const std::string Name = Word.substr(0, Equal);
     const auto Found = std::find_if(Table.begin(), Table.end(), [&](const Option& Each) { return Each.Name == Name; });
     if (Found == Table.end()) return "there is no option " + Name;
+    if (!Found->Value && Equal < Word.size()) return Name + " takes no value";
+    if (!Found->Value) {
+        Found->Take(Options, "");
+        return {};
+    }
     if (Equal == Word.size() && i + 1 == Words.size()) return Name + " needs " + Found->Value;
     const std::string Value = Equal < Word.size() ? Word.substr(Equal + 1) : Words[++i];
     if (!Found->Take(Options, Value)) return Name + " cannot be \"" + Value + "\"";
@@ -177,7 +188,7 @@ std::string ParseSimOptions(std::span<const std::string> Words, SimOptions& Opti
 
 std::string SimUsage()
 {
-    return "skarvelin-sim --file OUT.qvn | --tcp PORT | --pty LINK | --monitor FILE SESSION [OPTION VALUE]...";
+    return "skarvelin-sim --file OUT.qvn | --tcp PORT | --pty LINK | --monitor FILE SESSION [OPTION [VALUE]]...";
 }
 
 std::string SimHelp()
@@ -186,9 +197,9 @@ std::string SimHelp()
     std::string Text = "Usage: " + SimUsage() +
                        "\n\nWrites the recording, or streams the frames, that a logger with the channels of the "
                        "session data file SESSION\nwould make of a crew that rows by the options. A stream obeys the "
-                       "commands #RUN, #SETUP<CR>, #MODE, #SN? and #UTC\nand ends with its seconds or with Ctrl-C.\n\n";
+                       "logger's set-up commands and ends with its seconds\nor with Ctrl-C.\n\n";
     for (const Option& Each : Table) {
-        std::string Line = std::string("  ") + Each.Name + " " + Each.Value;
+        std::string Line = std::string("  ") + Each.Name + (Each.Value ? std::string(" ") + Each.Value : "");
         Line.resize(std::max(Line.size() + 2, Column), ' ');
         Text += Line + Each.Help + "\n";
     }

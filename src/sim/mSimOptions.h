@@ -25,6 +25,11 @@ struct SimOptions
     bool WantsHelp = false;
     bool WantsVersion = false;
     LoggerSettings Logger; // all the rest; its model and frequency are filled from the session
+
+    // Faults of a logger that is set up.
+    bool Mute = false;         // commands are obeyed, but not answered
+    bool SlowAnswers = false;  // answers come late
+    bool SplitAnswers = false; // answers come byte by byte, behind a frame that breaks off
 };
 
 /// Reads the arguments of a command line, "--name value" or "--name=value". Gives an empty text, or what is wrong.

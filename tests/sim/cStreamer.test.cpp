@@ -79,21 +79,38 @@ TEST_CASE_FIXTURE(FreshState, "over a link that is cut everything arrives that w
 
 TEST_CASE("commands change the logger's mode and are answered")
 {
-    LoggerMode Mode;
+    LoggerMode Mode = SwitchedOn({.SlaveCnt = 2}, 25);
     const LocalTime Now{2026, 3, 4, 5, 6, 7};
-    const std::tuple<const char*, const char*, bool, int> Cases[] = {
+    const std::string Mask = "<0>,<E>,<E>,<E>,<E>,<E>,<E>,<E>,<E>";
+    const std::tuple<std::string, std::string, bool, int> Cases[] = {
         {"#MODE?", "#MODE: 2,40,0\r", true, 25},
-        {"#SETUP<CR>", "#SETUP: OK\r", false, 25},
+        {"#SETUP", "#SETUP: OK\r", false, 25},
         {"#MODE=2,10,0", "#MODE: 2,10,0\r", false, 100},
         {"#MODE=2,7,0", "#MODE: 2,10,0\r", false, 100},
+        {"#CHMSK=<0>", "#CHMSK: <0>,<1A>,<1A>,<1A>,<1A>,<1A>,<1A>,<1A>,<1A>\r", false, 100},
+        {"#CHMSK=" + Mask, "#CHMSK: " + Mask + "\r", false, 100},
+        {"#PORTCFG=1,0", "#PORTCFG: 1,0\r", false, 100},
+        {"#WLDEVCFG=9,1,00F3", "#ERR: WLDEVCFG=9,1,00F3\r", false, 100},
+        {"#WLDEVCFG=1,1,00F3", "#WLDEVCFG: 1,1,00F3\r", false, 100},
+        {"#WLDEVCFG?", "#WLDEVCFG: 0,1,00B9,048D,0013\r#WLDEVCFG: 1,1,00F3\r", false, 100},
+        {"#BLCON", "", false, 100},
         {"#RUN", "", true, 100},
         {"#UTC?", "#UTC: 2026/03/04-05:06:07\r", true, 100},
         {"#UTC=2020/01/01-00:00:00", "#UTC: 2020/01/01-00:00:00\r", true, 100},
         {"#WHAT", "#ERR: #WHAT\r", true, 100}};
     for (const auto& [Command, Answer, IsRunning, Freq] : Cases) {
         CAPTURE(Command);
-        CHECK(AnswerCommand(Command, Mode, Now) == Answer);
+        std::string Text;
+        for (const LoggerAnswer& Line : AnswerCommand(Command, Mode, Now))
+            Text += Line.Text;
+        CHECK(Text == Answer);
         CHECK(Mode.IsRunning == IsRunning);
-        CHECK(Mode.Freq == Freq);
+        CHECK(FreqOf(Mode) == Freq);
     }
+    CHECK(SpeedOf(Mode) == 256000);
+    CHECK(LayoutOf(Mode, {.SlaveCnt = 2}).SlaveChans == 6);
+    AnswerCommand("#RST", Mode, Now);
+    CHECK(FreqOf(Mode) == 25);
+    const auto Heard = AnswerCommand("#WLDEVFND=10", Mode, Now);
+    CHECK((Heard.size() == 4 && Heard.back().Delay > 8000));
 }

@@ -8,7 +8,6 @@
 namespace {
 // Why an entry is there and cannot be chosen.
 constexpr const char* WithOptions = "Comes with the options";
-constexpr const char* WithSetUp = "Comes with the logger set-up";
 constexpr const char* WithGrid = "Comes with the record grid";
 constexpr const char* WithPanels = "Comes with the live panels";
 constexpr const char* WithPlay = "Comes with the play view";
@@ -29,7 +28,7 @@ constexpr MenuItem Items[] = {
     {"mnuFile", "mnuFileExit", "E&xit", "Ctrl+Q", FileExit, nullptr},
 
     {"mnuSetUp", "mnuSetGlobals", "&Globals...", nullptr, nullptr, WithOptions},
-    {"mnuSetUp", "mnuSetSkarvelin", "Skarvelin", nullptr, nullptr, WithSetUp},
+    {"mnuSetUp", "mnuSetSkarvelin", "Skarvelin", nullptr, nullptr, nullptr, "fADCsetup"},
     {"mnuSetUp", nullptr, nullptr, nullptr, nullptr, nullptr},
     {"mnuSetUp", "mnuSetSession", "S&ession...", nullptr, SetSession, nullptr},
     {"mnuSetUp", "mnuSetAthlete", "Athlete Data", nullptr, nullptr, nullptr, "fAthleteInp"},

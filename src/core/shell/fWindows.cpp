@@ -1,6 +1,7 @@
 // How the windows of the table are made, found and opened.
 #include "core/shell/fWindows.h"
 
+#include "acquisition/fADCsetup.h"
 #include "acquisition/mComFast.h"
 #include "base/mVersion.h"
 #include "calibration/fCheckChans.h"
@@ -12,6 +13,7 @@
 #include "core/shell/fFolders.h"
 #include "core/shell/frmMain.h"
 #include "ergometer/fPMI.h"
+#include "files/mRawLog.h"
 #include "live/catch/fData01Catch.h"
 #include "live/ergo/fData01RP3.h"
 #include "live/rower/fData01real.h"
@@ -107,6 +109,15 @@ QWidget* MakeAthlete(frmMain& Main, const WindowArgs&)
     return Athlete;
 }
 
+// Frames stop during the set-up: a recording would have a hole.
+QWidget* MakeSetUp(frmMain& Main, const WindowArgs&)
+{
+    if (!gLogging) return new fADCsetup(&Main);
+    MsgBox("A recording is running, and the logger sends no frames while it is set up. End the recording first.",
+           TitleWarning);
+    return nullptr;
+}
+
 QWidget* MakeAbout(frmMain& Main, const WindowArgs&)
 {
     auto* Box = new QMessageBox(&Main);
@@ -147,6 +158,7 @@ constexpr WindowKind Windows[] = {
     {"fSession", "The session dialog", MakeSession, One, Dialog, NeedsNothing},
     {"fAthleteInp", "The athlete dialog", MakeAthlete, One, Dialog, NeedsNothing},
     {"dSamples", "The choice of a sample", MakeSamples, One, Dialog, NeedsNothing},
+    {"fADCsetup", "The logger set-up", MakeSetUp, One, Dialog, NeedsNothing},
     {"frmAbout", "About Skarvelin", MakeAbout, One, Dialog, NeedsNothing},
 };
 

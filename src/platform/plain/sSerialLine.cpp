@@ -40,3 +40,9 @@ bool SetSerialLine(int Descriptor, const std::string& Settings)
     Line.c_cc[VMIN] = 1;
     return ioctl(Descriptor, TCSETS2, &Line) == 0;
 }
+
+int SerialSpeed(int Descriptor)
+{
+    termios2 Line{};
+    return ioctl(Descriptor, TCGETS2, &Line) == 0 ? static_cast<int>(Line.c_ospeed) : 0;
+}

@@ -60,7 +60,9 @@ bool qSocket::SendData(const std::string& Text)
 {
     if (State() != eSocketState::Connected) return false;
     const auto Size = static_cast<qint64>(Text.size());
-    return Socket.write(Text.data(), Size) == Size;
+    if (Socket.write(Text.data(), Size) != Size) return false;
+    Socket.flush(); // the connection may be closed next
+    return true;
 }
 
 void qSocket::Close()
