@@ -47,10 +47,13 @@ bool IsAnswer(std::string_view Text)
            std::all_of(Key.begin(), Key.end(), [](char C) { return IsLetter(C) || IsDigit(C); });
 }
 
-// Where an answer that ends with Text begins; npos when none does.
+// Where the answer that ends with Text begins; npos when none does. One that begins the line is taken whole; behind
+// bytes of a frame, in which there may be the same signs, the last one.
 std::size_t AnswerStart(std::string_view Text)
 {
-    for (std::size_t At = Text.find('#'); At != std::string_view::npos; At = Text.find('#', At + 1))
+    const std::size_t First = Text.find_first_not_of(Blanks);
+    if (First != std::string_view::npos && IsAnswer(Text.substr(First))) return First;
+    for (std::size_t At = Text.rfind('#'); At != std::string_view::npos && At > 0; At = Text.rfind('#', At - 1))
         if (IsAnswer(Text.substr(At))) return At;
     return std::string_view::npos;
 }
@@ -135,7 +138,7 @@ bool cAnswerFinder::PassText(bool IsCalm)
 }
 
 // Adds the lines with which Text ends, in their order, as far as they reach back without a gap and the last one ends
-// behind EndsBehind and begins ahead of it. Gives their number.
+// behind EndsBehind and the first begins ahead of it. Lines of another form count behind an answer. Gives their number.
 std::size_t cAnswerFinder::AddLinesAtEnd(std::string_view Text, std::size_t EndsBehind)
 {
     const std::size_t End = Text.rfind('\r');
@@ -144,27 +147,31 @@ std::size_t cAnswerFinder::AddLinesAtEnd(std::string_view Text, std::size_t Ends
     const bool IsNextLine = IsPrintable(Rest) && (IsInText || Rest.empty() || Rest[0] == '#');
     if (!IsNextLine) return 0; // a frame's bytes go on
     std::vector<std::string> Found;
-    std::size_t First = End; // where the first line found begins
+    std::size_t Sure = 0;    // lines of Found, from the last one of the text on, that are or follow an answer
+    std::size_t First = End; // where the first of them begins
     for (std::size_t To = End; To != std::string_view::npos;) {
         const std::size_t Cr = To == 0 ? std::string_view::npos : Text.rfind('\r', To - 1);
         const std::size_t From = Cr == std::string_view::npos ? 0 : Cr + 1;
-        const std::string_view Line = Text.substr(From, To - From);
+        std::string_view Line = Text.substr(From, To - From);
         To = Cr;
         if (Trimmed(Line).empty()) continue;
-        const std::size_t Start = AnswerStart(Line.substr(0, Line.find_last_not_of(Blanks) + 1));
-        const bool IsPlain = IsInText && EndsBehind == 0 && IsPrintable(Trimmed(Line));
-        if (Start == std::string_view::npos && !IsPlain) break;
-        const std::string_view Taken = IsPlain ? Line : Line.substr(Start);
-        First = From + (IsPlain ? 0 : Start);
-        Found.emplace_back(Trimmed(Taken));
-        if (!IsPlain && !Trimmed(Line.substr(0, Start)).empty()) break;
+        Line = Line.substr(0, Line.find_last_not_of(Blanks) + 1);
+        const std::size_t Start = AnswerStart(Line);
+        const bool IsAnAnswer = Start != std::string_view::npos;
+        if (!IsAnAnswer && !IsPrintable(Line)) break;
+        Found.emplace_back(Trimmed(IsAnAnswer ? Line.substr(Start) : Line));
+        if (!IsAnAnswer && !(IsInText && EndsBehind == 0)) continue;
+        Sure = Found.size();
+        First = From + (IsAnAnswer ? Start : 0);
+        if (IsAnAnswer && !Trimmed(Line.substr(0, Start)).empty()) break;
     }
-    if (EndsBehind > 0 && First >= EndsBehind) return 0; // nothing of it was in the frame
-    if (Found.empty()) {
+    const bool IsNoneOfFrame = EndsBehind > 0 && First >= EndsBehind;
+    if (Sure == 0 || IsNoneOfFrame) {
         IsInText = IsInText && Trimmed(Text).empty();
         return 0;
     }
+    Found.resize(Sure);
     IsInText = true;
     Lines.insert(Lines.end(), Found.rbegin(), Found.rend());
-    return Found.size();
+    return Sure;
 }

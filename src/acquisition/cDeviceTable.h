@@ -52,7 +52,7 @@ public:
     /// Rows that are not the same.
     int Differences() const;
 
-    /// Takes the lines that answered a scan: each device is listed once.
+    /// Takes lines that answered a scan, others are passed over: each device is listed once.
     void TakeFound(const std::vector<std::string>& Lines);
 
     /// Takes the lines that answered the reading of the table, which becomes the one to be sent.

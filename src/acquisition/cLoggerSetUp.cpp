@@ -30,6 +30,9 @@ cLoggerSetUp::cLoggerSetUp()
 {
     Exchange.emplace();
     Exchange->OnChange = [this] {
+        // Devices are listed as they are heard of.
+        if (Sought && Exchange->IsBusy() && !Exchange->Log().empty())
+            Sought->TakeFound(Exchange->Log().back().Received);
         if (OnChange) OnChange();
     };
 }
@@ -38,11 +41,6 @@ cLoggerSetUp::~cLoggerSetUp()
 {
     OnChange = nullptr;
     Leave();
-}
-
-void cLoggerSetUp::Open()
-{
-    ReadMaster();
 }
 
 void cLoggerSetUp::ReadMaster()
@@ -122,7 +120,11 @@ void cLoggerSetUp::Find(cDeviceTable& Table)
     Exchange->ReadWaiting();
     const std::string Command = Table.Kind().Find;
     LoggerRequest Request{Command, WaitFor(Command)};
-    Request.Then = [&Table](const LoggerExchange& Done) { Table.TakeFound(Done.Received); };
+    Request.Then = [this, &Table](const LoggerExchange& Done) {
+        Table.TakeFound(Done.Received);
+        Sought = nullptr;
+    };
+    Sought = &Table;
     Ask(std::move(Request));
 }
 

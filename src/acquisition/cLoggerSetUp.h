@@ -13,8 +13,8 @@
 #include <string_view>
 #include <vector>
 
-/// From Open on the logger is in set-up mode; it is asked to stream again when the object is gone at the latest. All
-/// exchanges run in the background: OnChange says when something has come.
+/// From the first command on the logger is in set-up mode; it is asked to stream again when the object is gone at the
+/// latest. All exchanges run in the background: OnChange says when something has come.
 class cLoggerSetUp
 {
 public:
@@ -23,10 +23,8 @@ public:
     cLoggerSetUp(const cLoggerSetUp&) = delete;
     cLoggerSetUp& operator=(const cLoggerSetUp&) = delete;
 
-    /// Opens the link, puts the logger in set-up mode and reads all that it has.
-    void Open();
-
-    /// Asks all questions again, on a link that is opened if it is not open.
+    /// Reads all that the logger has. The link is opened and the logger put in set-up mode ahead of it where they are
+    /// not.
     void ReadMaster();
 
     /// Connects the BLE sensors and lets the logger stream: the set-up is over.
@@ -98,6 +96,7 @@ private:
     std::optional<cLoggerTalk> Exchange;
     cDeviceTable WirelessTable{WirelessKind};
     cDeviceTable SensorTable{BLEKind};
+    cDeviceTable* Sought = nullptr;            // whose devices are looked for
     std::map<std::string, std::string> Values; // by key, as the logger gave them
     std::string Answer;
     bool IsOpen = false; // the link could be opened

@@ -11,6 +11,7 @@
 #include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -65,7 +66,7 @@ fADCsetup::fADCsetup(QWidget* Parent) : QDialog(Parent)
     Logger.OnChange = [this] {
         if (!Refresh.isActive()) Refresh.start();
     };
-    Logger.Open();
+    Logger.ReadMaster();
     ShowState();
 }
 
@@ -212,8 +213,8 @@ QWidget* fADCsetup::BuildLog()
     Log->setUniformRowHeights(true);
     Log->setSelectionMode(QAbstractItemView::ExtendedSelection);
     Log->setHeaderLabels({"Time", "Sent", "Received"});
-    Log->setColumnWidth(0, fontMetrics().horizontalAdvance("00:00:00____"));
-    Log->setColumnWidth(1, fontMetrics().horizontalAdvance("#WLDEVCFG=0,1,0000,0000,0000__"));
+    for (const int Column : {0, 1})
+        Log->header()->setSectionResizeMode(Column, QHeaderView::ResizeToContents);
     Log->setMinimumHeight(LinesHigh(*Log, 3));
     auto* Copy = AddButton({"cmdCopyLog", "Cop&y", "Copies the log, or the lines chosen in it", &fADCsetup::CopyLog});
     auto* Key = new QShortcut(QKeySequence::Copy, Log);

@@ -59,10 +59,12 @@ fDeviceTab::fDeviceTab(cLoggerSetUp& InitSetUp, cDeviceTable& InitTable)
     Layout->addWidget(AddButton("cmdReg" + QString(Table.Kind().Name), "Re&gister", "Sends the table to the logger",
                                 &fDeviceTab::Register),
                       2, 3);
-    Layout->addWidget(Mode, 0, 4, 3, 1);
+    Layout->addWidget(Has, 3, 2, 1, 2);
+    Layout->addWidget(Mode, 0, 4, 4, 1);
     Layout->setColumnStretch(0, 1);
     Layout->setColumnStretch(2, 1);
     Layout->setColumnStretch(3, 1);
+    Layout->setRowStretch(4, 1);
     connect(Found, &QListWidget::itemDoubleClicked, this, [this] { Select(); });
     ShowState();
 }
@@ -79,6 +81,7 @@ QWidget* fDeviceTab::BuildRegistered()
     const int Height = fontMetrics().height() + RowSpace;
     Registered->setStyleSheet(QString("QListWidget::item { height: %1px }").arg(Height));
     Registered->setFixedHeight(static_cast<int>(cDeviceTable::MaxRows) * Height + 2 * Registered->frameWidth());
+    Found->setFixedHeight(Registered->height());
     Registered->setMinimumWidth(fontMetrics().horizontalAdvance("0000,0000,0000_") + 8);
     auto* Boxes = new QVBoxLayout;
     Boxes->setSpacing(0);
@@ -99,8 +102,7 @@ QWidget* fDeviceTab::BuildRegistered()
     Has->setObjectName(QString("lbHas_%1").arg(Table.Kind().TableKey));
     Layout->addLayout(Boxes, 0, 0);
     Layout->addWidget(Registered, 0, 1);
-    Layout->addWidget(Has, 1, 0, 1, 2);
-    Layout->setRowStretch(2, 1);
+    Layout->setRowStretch(1, 1);
     return Frame;
 }
 

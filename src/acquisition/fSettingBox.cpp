@@ -38,6 +38,7 @@ fSettingBox::fSettingBox(cLoggerSetUp& InitSetUp, eLoggerSetting InitWhich, cons
     if (QAbstractButton* Stored = Choices->button(StoredChoice(Which))) Stored->setChecked(true);
     Has->setObjectName(QString("lbHas_%1").arg(SettingOf(Which).Key));
     Has->setTextFormat(Qt::PlainText);
+    Has->setWordWrap(true);
     Layout->addStretch();
     Layout->addWidget(Has);
     auto* Apply = new QPushButton(Caption, this);

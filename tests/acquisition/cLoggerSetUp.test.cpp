@@ -25,7 +25,7 @@ struct Bench : LinkState
         gFile.Model = 61;
         Port.Plugged = {"/dev/ttyUSB0"};
         SetUp.emplace();
-        SetUp->Open();
+        SetUp->ReadMaster();
         if (Connection == ConnectionTCP) Socket.Answer();
         Run();
     }
@@ -78,6 +78,11 @@ TEST_CASE_FIXTURE(Bench, "the set-up begins with one #SETUP, reads all settings,
         Clock.Wait(20000);
         CHECK(SecondSocket.State() == eSocketState::Closed);
         CHECK(SentBy([&] { SetUp->Read(SetUp->Wireless()); }) == Texts{"#WLDEVCFG?"});
+        CHECK(SentBy([&] { SetUp->SetClock(); }) == Texts{"#UTC=2024/05/17-09:30:00", "#UTC?"});
+        CHECK(SentBy([&] { SetUp->ZeroAcc(); }) ==
+              Texts{"#ACCLCFG=0,4000,0,4000,0,4000", "#GYROCFG=8100,1,8100,1,8100,1", "#GYROCFG?"});
+        const Texts Reset = SentBy([&] { SetUp->Reset(); });
+        CHECK((Reset[0] == "#RST" && Reset[1] == "#SETUP" && Reset[2] == "#MODE?"));
         Sent.clear();
         SetUp->Run();
         Hear();

@@ -77,9 +77,9 @@ TEST_CASE("commands are answered over serial line and TCP, by a slow logger and 
             CAPTURE(IsSerial);
             CAPTURE(std::string(Fault));
             Folder.Simulate(Fault, IsSerial);
-            const Outcome Done = Folder.Logger("--wait 0.8 '#SN?' '#MODE=2,20,0' '#MODE?' '#WHAT'");
+            const Outcome Done = Folder.Logger("--wait 0.8 '#SN?' '#MODE=2,40,0' '#MODE?' '#WHAT'");
             CHECK(Done.Exit == 0);
-            CHECK(Done.Out == "#SETUP: OK\n#SN: SIM-0001\n#MODE: 2,20,0\n#MODE: 2,20,0\n#ERR: #WHAT\n");
+            CHECK(Done.Out == "#SETUP: OK\n#SN: SIM-0001\n#MODE: 2,40,0\n#MODE: 2,40,0\n#ERR: #WHAT\n");
             CHECK(Done.Err == "");
         }
 }
@@ -90,7 +90,7 @@ TEST_CASE("all settings are read as a table, and what is set takes effect: rate,
     Folder.Simulate("", true);
     const Outcome Table = Folder.Logger("--read --wait 2");
     CHECK(Table.Exit == 0);
-    CHECK(Table.Out.starts_with("Setting\tAnswer\nMODE\t2,40,0\nPORTCFG\t4,0\n"));
+    CHECK(Table.Out.starts_with("Setting\tAnswer\nMODE\t2,20,0\nPORTCFG\t4,0\n"));
     CHECK(Table.Out.find("\nWLDEVCFG\t0,1,00B9,048D,0013\n") != std::string::npos);
     CHECK(std::count(Table.Out.begin(), Table.Out.end(), '\n') == 15);
 
@@ -107,9 +107,9 @@ TEST_CASE("all settings are read as a table, and what is set takes effect: rate,
     const auto Time = [&](std::size_t Frame) { return Frames[Frame * Size + 4] + 128 * Frames[Frame * Size + 5]; };
     CHECK(Time(1) - Time(0) == 10);
     // What was not saved is gone behind a reset.
-    const Outcome Reset = Folder.Logger("'#RST' '#MODE?' '#MODE=2,20,0' '#SAVE' '#MODE=2,10,0' '#RST' '#MODE?'");
-    CHECK(Reset.Out.find("#RST: OK\n#MODE: 2,40,0\n") != std::string::npos);
-    CHECK(Reset.Out.ends_with("#RST: OK\n#MODE: 2,20,0\n"));
+    const Outcome Reset = Folder.Logger("'#RST' '#MODE?' '#MODE=2,40,0' '#SAVE' '#MODE=2,10,0' '#RST' '#MODE?'");
+    CHECK(Reset.Out.find("#RST: OK\n#MODE: 2,20,0\n") != std::string::npos);
+    CHECK(Reset.Out.ends_with("#RST: OK\n#MODE: 2,40,0\n"));
 }
 
 TEST_CASE("a scan waits as long as it takes, and a logger left with --stay sends no frames until it is asked to")

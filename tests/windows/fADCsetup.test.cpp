@@ -3,6 +3,7 @@
 
 #include "ShellState.h"
 #include "acquisition/mComFast.h"
+#include "core/mDataWindow.h"
 #include "core/mIni.h"
 #include "files/mMain.h"
 #include "files/mRawLog.h"
@@ -84,7 +85,7 @@ TEST_CASE_FIXTURE(Bench,
         CAPTURE(IsSerial);
         gDataFreq = 25;
         gQVNbauds = 57600;
-        Simulate(IsSerial);
+        Simulate(IsSerial, {"--freq", "25"});
         Open();
         CHECK(Text("lbState").contains("SIM-0001 is in set-up mode"));
         CHECK(Text("lbHas_MODE") == "Logger: 25 Hz");
