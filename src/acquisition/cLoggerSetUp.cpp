@@ -202,6 +202,7 @@ std::string cLoggerSetUp::State() const
                (Unsaved ? " What was set is lost at its next reset unless it is saved to the master." : "");
     }
     if (Exchange->IsBusy()) return "The logger is asked...";
+    if (!Exchange->IsSetUp()) return "The link is open again: Read Master asks the logger.";
     return std::string("The logger does not answer. Is it switched on and ") +
            (IsTCP ? "in reach?" : "connected, and does its port run at " + SpeedText() + " baud?") +
            " Read Master asks again; at the end it is asked to run all the same.";
@@ -210,7 +211,7 @@ std::string cLoggerSetUp::State() const
 bool cLoggerSetUp::HasTrouble() const
 {
     const bool IsLinked = IsOpen && gLinkWatch.State() == cLinkWatch::eState::Open;
-    return !IsLinked || (!Exchange->HasAnswered() && !Exchange->IsBusy());
+    return !IsLinked || (Exchange->IsSetUp() && !Exchange->HasAnswered() && !Exchange->IsBusy());
 }
 
 void cLoggerSetUp::Ask(LoggerRequest Request)

@@ -44,8 +44,10 @@ void fADCsetup::ShowState()
     for (fDeviceTab* Each : Devices)
         Each->ShowState();
     Slaves->ShowState();
-    for (const auto& [Label, Key] : Values)
-        Label->setText(Shown(Logger.Value(Key)));
+    for (const auto& [Label, Key] : Values) {
+        const std::string Value = Logger.Value(Key);
+        Label->setText(Value.empty() ? "not read" : Shown(Value));
+    }
     if (const QString Text = Shown(Logger.Response()); txtResp->toPlainText() != Text) txtResp->setPlainText(Text);
     ShowLog();
 }

@@ -141,6 +141,7 @@ void fDeviceTab::ShowState()
     for (const std::string& Each : Table.Found())
         Devices << Shown(Each);
     Fill(*Found, Devices);
+    if (Found->currentRow() < 0) Found->setCurrentRow(0);
     Devices.clear();
     for (const LoggerDevice& Each : Table.Registered())
         Devices << Shown(Each.Text);
