@@ -127,7 +127,7 @@ void cLoggerTalk::Tick()
     }
     const bool IsEnough = !First.Key.empty() && HasKey && IsCalm;
     if (IsOver || IsEnough)
-        End(First.NeedsAnswer && Exchanges.back().Received.empty() ? NoAnswer : "");
+        End(First.NeedsAnswer && Exchanges.back().Received.empty() ? NoAnswerText : "");
     else
         Changed(); // the progress
 }

@@ -12,7 +12,7 @@
 #include <vector>
 
 /// The failure of an exchange that had no answer.
-inline constexpr const char* NoAnswer = "no answer";
+inline constexpr const char* NoAnswerText = "no answer";
 
 /// One exchange. What came without a command, such as a late answer, has none.
 struct LoggerExchange

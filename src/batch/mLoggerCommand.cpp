@@ -121,7 +121,7 @@ bool SetUp::Report() const
     }
     if (!Table.empty()) std::cout << "Setting\tAnswer\n" << Table << std::flush;
     if (!Silent.empty()) MsgBox("No answer to:" + Silent, TitleInformation);
-    if (Failure.empty() || Failure == NoAnswer) return true;
+    if (Failure.empty() || Failure == NoAnswerText) return true;
     MsgBox("The set-up was not finished: " + Failure, TitleError);
     return false;
 }
