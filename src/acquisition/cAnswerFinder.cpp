@@ -58,6 +58,11 @@ std::size_t AnswerStart(std::string_view Text)
     return std::string_view::npos;
 }
 
+std::size_t ByteAt(const std::string& Bytes, std::size_t At)
+{
+    return static_cast<uint8_t>(Bytes[At]);
+}
+
 std::size_t NextSync(const std::string& Bytes, std::size_t From)
 {
     return static_cast<std::size_t>(
@@ -102,8 +107,7 @@ bool cAnswerFinder::PassFrame(bool IsCalm)
     const std::size_t Next = NextSync(Pending, 1);
     const bool HasHead = Next >= FrameHeadSize;
     const std::size_t Size =
-        HasHead ? FrameHeadSize + static_cast<std::size_t>(Pending[2]) + 128 * static_cast<std::size_t>(Pending[3]) + 1
-                : FrameHeadSize;
+        HasHead ? FrameHeadSize + ByteAt(Pending, 2) + 128 * ByteAt(Pending, 3) + 1 : FrameHeadSize;
     if (HasHead && Size <= Next) {
         LastFrame = Pending.substr(0, Size);
         Pending.erase(0, Size);

@@ -79,7 +79,8 @@ void cLoggerSetUp::End()
 void cLoggerSetUp::Apply(eLoggerSetting Which, int Choice)
 {
     const bool IsKnownOther = !Value(SettingOf(Which).Key).empty() && Has(Which) != Choice;
-    if (!IsStored(Which, Choice) || IsKnownOther) {
+    const bool IsOfDevices = Which == SettingBT || Which == SettingBLE;
+    if (IsOfDevices || !IsStored(Which, Choice) || IsKnownOther) {
         Set(CommandFor(Which, Choice), SettingOf(Which).Key);
         if (!IsStored(Which, Choice)) StoreChoice(Which, Choice);
     }
@@ -111,6 +112,10 @@ void cLoggerSetUp::SetSlave(std::size_t Kind, bool HasExtras)
     if (gCurFile.empty())
         return MsgBox("The number of channels is kept in the session: open one first.", TitleInformation);
     if (!SetSlaves(Kind, HasExtras)) return;
+    if (gFile.ChanCnt > LastDataChan)
+        MsgBox("The logger will send " + FormatNum(gFile.ChanCnt, "0") + " channels. Those above " +
+                   FormatNum(LastDataChan, "0") + " are kept in recordings, but neither shown nor processed.",
+               TitleInformation);
     Set("#CHMSK=" + ChannelMask(Kind, HasExtras), "CHMSK");
     AskFor("CHMSK");
 }

@@ -33,8 +33,8 @@ public:
     /// Lets the logger stream: the set-up is over.
     void Leave();
 
-    /// Sends a choice when it is not the stored one or not what the logger has, stores it, and reads what the logger
-    /// has then.
+    /// Sends a choice, that of a frequency, a speed or GPS only when it is not the stored one or not what the logger
+    /// has, stores it, and reads what the logger has then.
     void Apply(eLoggerSetting Which, int Choice);
 
     /// The choice that the logger has; -1 when it has none of them or was not read.

@@ -52,6 +52,9 @@ public:
 
     bool IsBusy() const { return !Waiting.empty(); }
 
+    /// The command whose answer is waited for; empty when there is none.
+    std::string Current() const { return IsSent ? Waiting.front().Command : ""; }
+
     /// How much of the time that the commands asked for may take is over, 0 to 100.
     int Percent() const;
 

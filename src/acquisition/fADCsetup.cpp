@@ -15,6 +15,7 @@
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QTreeWidget>
 
 namespace {
@@ -38,6 +39,7 @@ void fADCsetup::ShowState()
     State->setText(Shown(Logger.State()));
     State->setStyleSheet(Logger.HasTrouble() ? "font-weight: bold; color: #a01010" : "font-weight: bold");
     Progress->setValue(Logger.Talk().Percent());
+    Progress->setFormat(Shown(Logger.Talk().Current()));
     Stopper->setEnabled(IsBusy);
     for (fSettingBox* Each : Settings)
         Each->ShowState();
@@ -106,6 +108,7 @@ void fADCsetup::ReadResponse()
 void fADCsetup::AskADC()
 {
     txtSend->setText("#ADCHWCFG=1,");
+    Tabs->setCurrentIndex(Tabs->count() - 1); // where the user completes it
     Logger.Send("#ADCHWCFG?");
 }
 

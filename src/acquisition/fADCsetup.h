@@ -46,7 +46,7 @@ private:
     QWidget* BuildLog();
     QLayout* BuildButtons();
     QPushButton* AddButton(const ButtonShape& Shape);
-    void AddTab(QTabWidget& Tabs, QWidget* Page, const char* Title);
+    void AddTab(QWidget* Page, const char* Title);
 
     void ShowState();
     void ShowLog();
@@ -67,6 +67,7 @@ private:
     QTimer Refresh; // shows several changes at once
     std::vector<fSettingBox*> Settings;
     std::vector<fDeviceTab*> Devices;
+    QTabWidget* Tabs = nullptr;
     fSlaveBox* Slaves = nullptr;
     QLabel* State = nullptr;
     QProgressBar* Progress = nullptr;

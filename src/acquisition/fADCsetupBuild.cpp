@@ -39,16 +39,16 @@ fADCsetup::fADCsetup(QWidget* Parent) : QDialog(Parent)
     setObjectName("fADCsetup");
     setWindowTitle("Skarvelin Setup");
     setAttribute(Qt::WA_DeleteOnClose);
-    auto* Tabs = new QTabWidget(this);
+    Tabs = new QTabWidget(this);
     Tabs->setObjectName("tabSetUp");
     Tabs->setUsesScrollButtons(true);
-    AddTab(*Tabs, BuildSampling(), "&Sampling");
+    AddTab(BuildSampling(), "&Sampling");
     for (cDeviceTable* Table : {&Logger.Wireless(), &Logger.Sensors()}) {
         Devices.push_back(new fDeviceTab(Logger, *Table));
-        AddTab(*Tabs, Devices.back(), Table->Kind().Title);
+        AddTab(Devices.back(), Table->Kind().Title);
     }
-    AddTab(*Tabs, BuildSensors(), "Clock, Sensors");
-    AddTab(*Tabs, BuildCommands(), "Commands");
+    AddTab(BuildSensors(), "Clock, Sensors");
+    AddTab(BuildCommands(), "Commands");
     auto* Parts = new QSplitter(Qt::Vertical, this);
     Parts->setChildrenCollapsible(false);
     Parts->addWidget(Tabs);
@@ -70,13 +70,13 @@ fADCsetup::fADCsetup(QWidget* Parent) : QDialog(Parent)
     ShowState();
 }
 
-void fADCsetup::AddTab(QTabWidget& Tabs, QWidget* Page, const char* Title)
+void fADCsetup::AddTab(QWidget* Page, const char* Title)
 {
     auto* Area = new QScrollArea(this);
     Area->setFrameShape(QFrame::NoFrame);
     Area->setWidgetResizable(true);
     Area->setWidget(Page);
-    Tabs.addTab(Area, Title);
+    Tabs->addTab(Area, Title);
 }
 
 QPushButton* fADCsetup::AddButton(const ButtonShape& Shape)
@@ -98,8 +98,7 @@ QWidget* fADCsetup::BuildState()
     State->setTextFormat(Qt::PlainText);
     Progress = new QProgressBar(Frame);
     Progress->setObjectName("barProgress");
-    Progress->setTextVisible(false);
-    Progress->setMaximumWidth(fontMetrics().horizontalAdvance("0") * 24);
+    Progress->setMinimumWidth(fontMetrics().horizontalAdvance("#WLDEVCFG=0,1,0000,0000,0000"));
     Stopper = AddButton(
         {"cmdStop", "S&top", "Ends the wait for an answer; commands that wait are not sent", &fADCsetup::Stop});
     auto* Layout = new QHBoxLayout(Frame);
@@ -136,7 +135,7 @@ QWidget* fADCsetup::BuildSensors()
         const char* Key;
     };
     const Row Rows[] = {
-        {{"cmdTime", "Set &Clock", "Sets the logger's clock to this machine's local time", &fADCsetup::SetClock},
+        {{"cmdTime", "Set Cloc&k", "Sets the logger's clock to this machine's local time", &fADCsetup::SetClock},
          "UTC"},
         {{"cmdSN", "Serial &Number", "Reads the logger's serial number", &fADCsetup::AskSerial}, "SN"},
         {{"cmdADC", "&ADC Hardware",

@@ -160,7 +160,8 @@ void fDeviceTab::ShowState()
             !Table.IsRead() ? eHas::Unknown
             : Count == 0    ? eHas::Same
                             : eHas::Other,
-            Count == 0 ? "as shown" : Shown(FormatNum(Count, "0") + " rows differ"), "Register");
+            Count == 0 ? "as shown" : Shown(FormatNum(Count, "0") + (Count == 1 ? " row differs" : " rows differ")),
+            "Register");
     Mode->ShowState();
 }
 

@@ -108,7 +108,8 @@ void TakeBackFrameText()
     UpdateStatus("No frames");
 }
 
-bool IsDiverted(cFrameFeed& Feed)
+// Hands the bytes that wait to the taker. False when there is none.
+bool Divert(cFrameFeed& Feed)
 {
     if (!DivertTo) return false;
     if (const auto Bytes = Feed.TakeBytes(); !Bytes.empty()) DivertTo(Bytes);
@@ -182,13 +183,13 @@ void ShowLive()
 
 void MSComm1_OnComm()
 {
-    if (IsDiverted(FromPort)) return;
+    if (Divert(FromPort)) return;
     if (TakeOne(*gHost.SerialPort, FromPort)) ShowLive();
 }
 
 void tcpServer_DataArrival(std::size_t)
 {
-    if (IsDiverted(FromSocket)) return;
+    if (Divert(FromSocket)) return;
     if (TakeAll(FrameSource::Socket, FromSocket, FrameMin() + 1)) ShowLive();
 }
 
@@ -292,7 +293,7 @@ void BeginStream()
 void DivertLink(std::function<void(std::span<const uint8_t>)> Taker)
 {
     DivertTo = std::move(Taker);
-    if (IsDiverted(gLinkSocket.InUse().State() == eSocketState::Connected ? FromSocket : FromPort))
+    if (Divert(gLinkSocket.InUse().State() == eSocketState::Connected ? FromSocket : FromPort))
         gHost.SerialPort->RThreshold = 1;
     else
         BeginStream();
@@ -306,7 +307,7 @@ bool IsLinkDiverted()
 void TakeRest()
 {
     if (gOwnLink) return gOwnLink->TakeRest();
-    if (IsDiverted(FromPort) && IsDiverted(FromSocket)) return;
+    if (Divert(FromPort) && Divert(FromSocket)) return;
     const bool IsPortGood = TakeAll(FrameSource::Serial, FromPort, 0);
     const bool IsSocketGood = TakeAll(FrameSource::Socket, FromSocket, 0);
     if (IsPortGood || IsSocketGood) ShowLive();

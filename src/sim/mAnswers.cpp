@@ -13,7 +13,7 @@ namespace {
 constexpr const char* SerialNumber = "SIM-0001";
 constexpr double MillisPerSecond = 1000;
 constexpr int MaskEntries = 9; // the master and eight slaves
-constexpr std::size_t TableRows = 8;
+constexpr int TableRows = 8;
 
 std::string Reply(std::string_view Key, std::string_view Value)
 {
@@ -176,10 +176,9 @@ std::vector<LoggerAnswer> Report(const Known& Item, const LoggerMode& Mode)
 // A row of a table is kept under its number; its answer is the row alone.
 std::vector<LoggerAnswer> SetRow(const Known& Item, const std::string& Value, LoggerMode& Mode)
 {
-    const std::size_t Row = static_cast<std::size_t>(Val(Value));
-    if (Value.empty() || Value[0] < '0' || Value[0] > '9' || Row >= TableRows)
-        return {{0, Reply("ERR", std::string(Item.Key) + "=" + Value)}};
-    Mode.Values[std::string(Item.Key) + "/" + FormatNum(static_cast<double>(Row), "0")] = Value;
+    const bool IsRow = Value.size() > 1 && Value[0] >= '0' && Value[0] < '0' + TableRows && Value[1] == ',';
+    if (!IsRow) return {{0, Reply("ERR", std::string(Item.Key) + "=" + Value)}};
+    Mode.Values[std::string(Item.Key) + "/" + Value[0]] = Value;
     return {{0, Reply(Item.Key, Value)}};
 }
 

@@ -109,6 +109,7 @@ TEST_CASE_FIXTURE(Bench, "each setting is sent when it differs from the stored o
         {SettingGPS, 0, "#GPSCFG: 2,0,1\r", {"#GPSCFG?"}, 1},
         {SettingGPS, 1, "#GPSCFG: 0,0,0\r", {"#GPSCFG=0,0,0", "#GPSCFG?"}, 0},
         {SettingBT, 1, "#WLCFG: 1,FF,0\r", {"#WLCFG=1,FF,0", "#WLCFG?"}, 1},
+        {SettingBT, 1, "#WLCFG: 1,FF,0\r", {"#WLCFG=1,FF,0", "#WLCFG?"}, 1}, // always sent
         {SettingBLE, 2, "#BLCFG: 2,FF,15\r", {"#BLCFG=2,FF,15", "#BLCFG?"}, 2},
     };
     gQVN_RTS = 3;

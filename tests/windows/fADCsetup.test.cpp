@@ -139,7 +139,7 @@ TEST_CASE_FIXTURE(Bench, "sensors are found and registered, commands typed, and 
     Found.setCurrentRow(1);
     Press("cmdSelBLE");
     CHECK(Find<QCheckBox>("chBLEList_0").isChecked());
-    CHECK(Text("lbHas_BLDEVCFG").contains("1 rows differ"));
+    CHECK(Text("lbHas_BLDEVCFG").contains("1 row differs"));
     Press("cmdRegBLE");
     Settle();
     CHECK(Text("lbHas_BLDEVCFG") == "Logger: as shown");
