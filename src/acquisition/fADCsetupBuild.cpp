@@ -98,7 +98,7 @@ QWidget* fADCsetup::BuildState()
     State->setTextFormat(Qt::PlainText);
     Progress = new QProgressBar(Frame);
     Progress->setObjectName("barProgress");
-    Progress->setMinimumWidth(fontMetrics().horizontalAdvance("#WLDEVCFG=0,1,0000,0000,0000"));
+    Progress->setMinimumWidth(fontMetrics().horizontalAdvance("#WLDEVFND=10___"));
     Stopper = AddButton(
         {"cmdStop", "S&top", "Ends the wait for an answer; commands that wait are not sent", &fADCsetup::Stop});
     auto* Layout = new QHBoxLayout(Frame);
