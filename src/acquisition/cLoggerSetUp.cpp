@@ -1,6 +1,7 @@
 // Each command as a row of exchanges.
 #include "acquisition/cLoggerSetUp.h"
 
+#include "acquisition/cOwnLink.h"
 #include "acquisition/mComFast.h"
 #include "acquisition/mSlaveSetUp.h"
 #include "base/mNumText.h"
@@ -20,9 +21,8 @@ constexpr int RestartMs = 1000;   // a logger that was reset takes before it can
 // The speed of the line that the link is on.
 std::string SpeedText()
 {
-    const LoggerModel* Model = FindModel(gFile.Model);
-    const std::string Own = Model && Model->Settings ? Model->Settings : "";
-    return Own.empty() ? FormatNum(gQVNbauds, "0") : Own.substr(0, Own.find(','));
+    const std::string Line = LineOfModel();
+    return Line.substr(0, Line.find(','));
 }
 } // namespace
 
@@ -198,6 +198,8 @@ void cLoggerSetUp::ReadResponse()
 std::string cLoggerSetUp::State() const
 {
     const bool IsTCP = gConnection == ConnectionTCP;
+    if (!IsOpen && gOwnLink)
+        return gOwnLink->Owner() + " has the link to the logger: close it first, then Read Master.";
     if (!IsOpen) return "No serial port can be opened: is the logger plugged in, or has another program its port?";
     if (gLinkWatch.State() != cLinkWatch::eState::Open) return gLinkWatch.Words(gHost.Clock->Milliseconds());
     if (Exchange->HasAnswered()) {
