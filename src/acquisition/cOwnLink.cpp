@@ -17,8 +17,12 @@
 cOwnLink* gOwnLink = nullptr;
 
 namespace {
-constexpr const char* RunCommand = "#RUN\r";
 constexpr int32_t LastTCPport = 65535;
+
+std::string RunLine()
+{
+    return std::string(RunCommand) + "\r";
+}
 
 int64_t Now()
 {
@@ -137,9 +141,9 @@ void cOwnLink::Opened()
     RetryDataWindows();
     State.Opened(LinkName(), Now());
     if (Port.IsOpen())
-        Port.Output(RunCommand);
+        Port.Output(RunLine());
     else
-        Socket.SendData(RunCommand);
+        Socket.SendData(RunLine());
 }
 
 // A link that was open stays this window's while it is lost: the recording goes on when it is back.
