@@ -51,11 +51,11 @@ std::string PMSnapshot::Text(int64_t Now) const
 
 std::string PMSnapshot::FiguresText(int64_t Now) const
 {
-    if (!IsConnected(Now))
-        return IsSilent(Now) || State == ePMState::Lost || State == ePMState::Refused
-                   ? Text(Now)
-                   : "No performance monitor is connected";
-    return Figures->Pace500Text() + " / 500 m    " + FormatNum(Figures->Cadence, "0") + " / min    " +
+    if (!IsConnected(Now)) {
+        const bool IsThere = State == ePMState::Open || State == ePMState::Refused;
+        return IsThere ? Text(Now) : "No performance monitor is connected";
+    }
+    return Figures->Pace500Text() + " /500 m    " + FormatNum(Figures->Cadence, "0") + " /min    " +
            FormatNum(Figures->Power, "0") + " W    " + StrokeStateName(Figures->StrokeState);
 }
 

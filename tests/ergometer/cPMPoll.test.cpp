@@ -91,14 +91,14 @@ TEST_CASE("a unit that goes away is reported once, looked for once a second, and
 {
     ScriptedMonitor Monitor;
     cPMPoll Poll(&Monitor);
+    CHECK(Poll.Now().FiguresText(0) == "No performance monitor is connected");
     Poll.Discover();
     Poll.SetPolling(true, 0);
     Monitor.State = StateDriving;
-    CHECK(Poll.Now().FiguresText(0) == "No performance monitor is connected");
     Poll.Tick(20);
     Poll.TakeLines();
     CHECK(Poll.Now().IsConnected(1020));
-    CHECK(Poll.Now().FiguresText(1020) == "02:01.0 / 500 m    28 / min    175 W    drive");
+    CHECK(Poll.Now().FiguresText(1020) == "02:01.0 /500 m    28 /min    175 W    drive");
     CHECK(Poll.Now().FiguresText(1021) == "The monitor \"Monitor A\" does not answer.");
     Monitor.IsAttached = false;
     int64_t T = 40;

@@ -70,18 +70,6 @@ PMStroke Compared(const ErgStroke& Stroke)
             .Work = Stroke.Work,
             .MaxForceT = Stroke.MaxForceT};
 }
-
-std::string MonitorText(const PMSnapshot& Monitor, int64_t Now)
-{
-    if (!Monitor.IsConnected(Now)) {
-        const bool IsThere = Monitor.State == ePMState::Open || Monitor.State == ePMState::Refused;
-        return IsThere ? Monitor.Text(Now) : "No performance monitor is connected";
-    }
-    const PMFigures& Figures = *Monitor.Figures;
-    const auto Count = [](uint32_t Number) { return FormatNum(static_cast<double>(Number), "0"); };
-    return Figures.Pace500Text() + " /500 m    " + Count(Figures.Cadence) + " /min    " + Count(Figures.Power) +
-           " W    " + StrokeStateName(Figures.StrokeState);
-}
 } // namespace
 
 fData01RP3::fData01RP3()
@@ -271,7 +259,7 @@ void fData01RP3::ShowMonitor()
     const PMSnapshot Monitor = gMonitorLink.Snapshot();
     const int64_t Now = cMonitorLink::Now();
     PMLog.Look(Monitor, Now);
-    const QString Text = Shown(MonitorText(Monitor, Now));
+    const QString Text = Shown(Monitor.FiguresText(Now));
     if (txtPMI->text() != Text) txtPMI->setText(Text);
 }
 
