@@ -164,6 +164,22 @@ std::span<const Command> AllCommands()
           {"--read", ArgKind::Flag, ""}},
          DoLogger,
          LoggerObjection},
+        {"table",
+         "SESSION KIND OUT.csv | SESSION KIND --from FILE [--out OUT]",
+         "writes a table of the session (Calibr, Crew, Boat, Desc, View1, View3, View4, Dots, Segs) as CSV, "
+         "or takes its rows from a CSV file or another session",
+         2,
+         3,
+         {{"--from", ArgKind::Text, "FILE"}, {"--out", ArgKind::Text, "OUT"}},
+         DoTable,
+         TableObjection},
+        {"readids",
+         "SESSION OTHER [--out OUT]",
+         "gives channels Q0 and Q1 of the same sensors in another session",
+         2,
+         2,
+         {{"--out", ArgKind::Text, "OUT"}},
+         DoReadIDs},
         {"info", "SESSION", "prints a summary of a session data file in JSON", 1, 1, {}, DoInfo},
     };
     return Table;

@@ -83,6 +83,11 @@ std::string LookupObjection(const Args& Line);
 bool DoReZero(const Args& Line);
 std::string ReZeroObjection(const Args& Line);
 
+// Tables of the session.
+bool DoTable(const Args& Line);
+std::string TableObjection(const Args& Line);
+bool DoReadIDs(const Args& Line);
+
 // Recording.
 bool DoRecord(const Args& Line);
 std::string RecordObjection(const Args& Line);

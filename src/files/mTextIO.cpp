@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <optional>
 #include <set>
 
 namespace {
@@ -26,14 +27,9 @@ void NameSession(RowArray<Row>& Rows)
         Each.SessID = gSessID;
 }
 
-// A crew line that stops within its sixth field still gives the weight.
 void ReadCrew(LineReader& Lines, RowArray<CrewRow>& Rows)
 {
-    constexpr std::size_t BeforeWeight = 5;
-    ReadRows(Lines, Rows, [](CrewRow& Row, LineFields& Cells) {
-        if (Cells.Closed.size() == BeforeWeight) Cells.Closed.push_back(Cells.Open);
-        SetFields(Row, CrewFields(), Cells.Closed);
-    });
+    ReadCrewRows(Lines, Rows);
     NameSession(Rows);
 }
 
@@ -129,6 +125,7 @@ constexpr Section Sections[] = {
 };
 
 constexpr std::string_view LastLine = "EOF";
+constexpr const char* NoSession = "This is no session data file: ";
 
 const Section* FindSection(std::string_view Line)
 {
@@ -158,6 +155,22 @@ std::set<const Section*> ReadSections(std::string_view Text, DataFile& File, Sec
         Named.insert(Found);
     }
     return Named;
+}
+
+// Reads the bytes of a file into File. Gives the sections that it has; nothing when there is none at all.
+std::optional<std::set<const Section*>> ReadText(std::string Bytes, const std::string& SessID, DataFile& File,
+                                                 SectionFilter Filter)
+{
+    TextEncoding Encoding{};
+    const std::string Text = DecodeText(std::move(Bytes), Encoding, TextPage());
+    if (!IsSession(Text)) return {};
+    File.Encoding = Encoding;
+    File.Model = ModelOldest;
+    File.SampleCnt = 0;
+    File.Desc.Clear();
+    File.Data.Clear();
+    gSessID = SessID;
+    return ReadSections(Text, File, Filter);
 }
 
 // What a file that names these sections left as it was, as "Sess, STD (26 rows)".
@@ -192,28 +205,42 @@ void AppendCalibr(std::string& Text, const DataFile& File)
 }
 } // namespace
 
+void ReadCrewRows(LineReader& Lines, RowArray<CrewRow>& Rows)
+{
+    constexpr std::size_t BeforeWeight = 5;
+    ReadRows(Lines, Rows, [](CrewRow& Row, LineFields& Cells) {
+        if (Cells.Closed.size() == BeforeWeight) Cells.Closed.push_back(Cells.Open);
+        SetFields(Row, CrewFields(), Cells.Closed);
+    });
+}
+
 bool ReadDataFile(const std::string& Path, DataFile& File, SectionFilter Filter, std::string* Kept)
 {
     auto Bytes = ReadWhole(Path);
     if (!Bytes) return FileFailed(CantOpen, Path, TitleWarning);
     return ParseDataFile(std::move(*Bytes), std::filesystem::path(Path).stem().string(), File, Filter, Kept) ||
-           FileFailed("This is no session data file: ", Path, TitleWarning);
+           FileFailed(NoSession, Path, TitleWarning);
 }
 
 bool ParseDataFile(std::string Bytes, const std::string& SessID, DataFile& File, SectionFilter Filter,
                    std::string* Kept)
 {
-    TextEncoding Encoding{};
-    const std::string Text = DecodeText(std::move(Bytes), Encoding, TextPage());
-    if (!IsSession(Text)) return false;
-    File.Encoding = Encoding;
-    File.Model = ModelOldest;
-    File.SampleCnt = 0;
-    File.Desc.Clear();
-    File.Data.Clear();
-    gSessID = SessID;
-    const auto Named = ReadSections(Text, File, Filter);
-    if (Kept) *Kept = KeptSections(File, Named);
+    const auto Named = ReadText(std::move(Bytes), SessID, File, Filter);
+    if (Kept && Named) *Kept = KeptSections(File, *Named);
+    return Named.has_value();
+}
+
+bool ReadOtherFile(const std::string& Path, DataFile& File, std::set<std::string>& Found)
+{
+    auto Bytes = ReadWhole(Path);
+    if (!Bytes) return FileFailed(CantOpen, Path, TitleWarning);
+    const std::string Own = gSessID;
+    const auto Named =
+        ReadText(std::move(*Bytes), std::filesystem::path(Path).stem().string(), File, SectionFilter::Any);
+    gSessID = Own;
+    if (!Named) return FileFailed(NoSession, Path, TitleWarning);
+    for (const Section* Each : *Named)
+        Found.emplace(Each->Keyword);
     return true;
 }
 

@@ -3,7 +3,10 @@
 
 #include "core/mGlobData.h"
 
+#include <set>
 #include <string>
+
+class LineReader;
 
 /// Any: all sections; Non: none of the sample sections.
 enum class SectionFilter
@@ -27,6 +30,14 @@ bool ReadDataFile(const std::string& Path, DataFile& File, SectionFilter Filter,
 /// all: File is as it was.
 bool ParseDataFile(std::string Bytes, const std::string& SessID, DataFile& File, SectionFilter Filter,
                    std::string* Kept = nullptr);
+
+/// Reads the rows of a crew section behind its keyword. A line that stops within its sixth field still gives the
+/// weight.
+void ReadCrewRows(LineReader& Lines, RowArray<CrewRow>& Rows);
+
+/// Reads another session, which rows are taken from: of the program nothing changes. Found gets the keywords that the
+/// file has. False when it cannot be opened or has no section at all (reported to the user).
+bool ReadOtherFile(const std::string& Path, DataFile& File, std::set<std::string>& Found);
 
 /// The whole file as text, with CR LF behind each line.
 std::string DataFileText(const DataFile& File, SectionFilter Filter);

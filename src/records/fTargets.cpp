@@ -27,17 +27,17 @@ cGrid LoadedGrid()
 }
 } // namespace
 
-fTargets::fTargets() : Model(LoadedGrid(), this), Grid(new qGridView(Model, this)), lbChoice(new QLabel(this))
+fTargets::fTargets()
+    : Table(LoadedGrid()), Model(Table, this), Grid(new qGridView(Model, this)), lbChoice(new QLabel(this))
 {
     setObjectName("fTargets");
     setWindowTitle(Caption);
     setAttribute(Qt::WA_DeleteOnClose);
     setProperty(AsksToClose, true);
-    Model.OnTyped = TargetCell;
-    Model.IsNumber = [](int Column) { return Column >= TargetRow::FieldCnt; };
     Model.OnChanged = [this] { ShowChoice(); };
     Grid->setObjectName("DataGrid");
-    Grid->RestoreColumns(Section, Prefix);
+    Grid->SetPatternRows();
+    Grid->Widths().Restore(Section, Prefix);
     lbChoice->setObjectName("lbChoice");
     lbChoice->setWordWrap(true);
     auto* Layout = new QGridLayout(this);
@@ -70,8 +70,9 @@ QLayout* fTargets::BuildButtons()
     Column->addWidget(
         AddButton("cmdAdd", "&Add Row", "Appends a copy of the last row (Insert)", [this] { Grid->AddRow(); }));
     Column->addWidget(
-        AddButton("cmdDelete", "&Delete Row", "Deletes the current row (Delete)", [this] { Grid->DeleteRow(); }));
+        AddButton("cmdDelete", "&Delete Row", "Deletes the marked rows (Delete)", [this] { Grid->DeleteRows(); }));
     Column->addWidget(AddButton("cmdUndo", "&Undo", "Takes the last change back (Ctrl+Z)", [this] { Grid->Undo(); }));
+    Column->addWidget(AddButton("cmdRedo", "&Redo", "Does it again (Ctrl+Shift+Z)", [this] { Grid->Redo(); }));
     Column->addStretch();
     Column->addWidget(
         AddButton("cmdOK", "O&K", "Keeps a backup copy, saves the targets and closes the window", [this] { Store(); }));
@@ -85,7 +86,7 @@ QLayout* fTargets::BuildButtons()
 void fTargets::ShowChoice()
 {
     lbChoice->setText(Model.columnCount() > 0
-                          ? QString("<b>%1</b> %2").arg(Shown(TargetChoice(Model.Table())).toHtmlEscaped(), Rules)
+                          ? QString("<b>%1</b> %2").arg(Shown(TargetChoice(Table)).toHtmlEscaped(), Rules)
                           : "There is no table of targets. It begins with a line Targets and a line of column heads, "
                             "separated by tabs, in the file Targets.ini of the folder " +
                                 Shown(gAppDir).toHtmlEscaped());
@@ -95,8 +96,8 @@ void fTargets::Store()
 {
     Guard(Caption, [this] {
         Grid->FinishEdit();
-        if (!StoreTargets(Model.Table())) return false;
-        Model.SetSaved();
+        if (!StoreTargets(Table)) return false;
+        Table.SetSaved();
         Leave();
         return true;
     });
@@ -124,9 +125,9 @@ void fTargets::keyPressEvent(QKeyEvent* Event)
 void fTargets::closeEvent(QCloseEvent* Event)
 {
     Grid->FinishEdit();
-    if (Model.IsChanged() && !AskYesNo("The targets are changed. Close without saving them?", TitleWarning))
+    if (Table.IsChanged() && !AskYesNo("The targets are changed. Close without saving them?", TitleWarning))
         return Event->ignore();
     KeepPlace(*this, Section, Prefix);
-    Grid->KeepColumns(Section, Prefix);
+    Grid->Widths().Keep(Section, Prefix);
     QWidget::closeEvent(Event);
 }

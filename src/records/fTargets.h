@@ -1,6 +1,7 @@
 // The window "Targets for immediate feedback", in which the table of Targets.ini is edited.
 #pragma once
 
+#include "records/cGrid.h"
 #include "widgets/qGridModel.h"
 #include "widgets/qGridView.h"
 
@@ -33,6 +34,7 @@ private:
     void Cancel();
     void Leave();
 
+    cGrid Table;
     qGridModel Model;
     qGridView* Grid;
     QLabel* lbChoice;

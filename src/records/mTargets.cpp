@@ -121,12 +121,24 @@ bool ChooseTarget()
     return true;
 }
 
+std::string TakeTargetCell(const GridColumn& Column, std::string& Text, eFrom)
+{
+    if (Column.Kind == eCell::Number) {
+        std::replace(Text.begin(), Text.end(), ',', '.');
+        Text = FormatNum(Val(Text), "0.00");
+        return {};
+    }
+    std::replace_if(
+        Text.begin(), Text.end(), [](char C) { return C == '\t' || C == '\r' || C == '\n'; }, ' ');
+    return {};
+}
+
 std::vector<TargetRow> TargetsFromGrid(const cGrid& Grid)
 {
     std::vector<TargetRow> Rows;
     Rows.reserve(static_cast<std::size_t>(Grid.RowCount()));
     for (int Row = 0; Row < Grid.RowCount(); ++Row)
-        Rows.push_back(TargetFromCells(Grid.Row(Row)));
+        Rows.push_back(TargetFromCells(Grid.Row(Row).Cells));
     return Rows;
 }
 } // namespace
@@ -189,23 +201,17 @@ bool LoadCurves()
 
 cGrid TargetsToGrid()
 {
-    cGrid Grid(gTargets.Heads);
-    for (const TargetRow& Row : gTargets.Rows)
-        Grid.Append(CellsOf(Row));
-    Grid.SetCurrent(0);
-    return Grid;
-}
-
-std::string TargetCell(int Column, const std::string& Typed)
-{
-    std::string Text = Typed;
-    if (Column >= TargetRow::FieldCnt) {
-        std::replace(Text.begin(), Text.end(), ',', '.');
-        return FormatNum(Val(Text), "0.00");
+    std::vector<GridColumn> Columns;
+    for (const std::string& Head : gTargets.Heads) {
+        const bool IsField = Columns.size() < TargetRow::FieldCnt;
+        Columns.push_back({.Head = Head, .Kind = IsField ? eCell::Text : eCell::Number, .Rule = TakeTargetCell});
     }
-    std::replace_if(
-        Text.begin(), Text.end(), [](char C) { return C == '\t' || C == '\r' || C == '\n'; }, ' ');
-    return Text;
+    cGrid Grid(std::move(Columns));
+    std::vector<GridRow> Rows;
+    for (const TargetRow& Row : gTargets.Rows)
+        Rows.push_back({CellsOf(Row)});
+    Grid.Fill(std::move(Rows));
+    return Grid;
 }
 
 std::string TargetChoice(const cGrid& Grid)

@@ -55,12 +55,9 @@ bool SaveTargets();
 /// the user).
 bool LoadCurves();
 
-/// The texts of gTargets for the editing grid.
+/// The texts of gTargets for the editing grid. What is typed into a value becomes its leading number, with a point or a
+/// comma, with two decimals.
 cGrid TargetsToGrid();
-
-/// The text that a cell of the grid takes when Typed is put in: of a value its leading number, with a point or a comma,
-/// with two decimals.
-std::string TargetCell(int Column, const std::string& Typed);
 
 /// Which row of the grid the open session would take, in words.
 std::string TargetChoice(const cGrid& Grid);

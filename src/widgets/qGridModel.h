@@ -1,43 +1,43 @@
-// The table behind a grid: a cGrid that is edited cell by cell and row by row, with every step undoable.
+// The table behind a grid, for the toolkit: a cGrid that is edited in steps.
 #pragma once
 
 #include "records/cGrid.h"
 
 #include <QAbstractTableModel>
 
-#include <deque>
 #include <functional>
 #include <string>
 
 class qGridModel : public QAbstractTableModel
 {
 public:
-    qGridModel(cGrid Table, QObject* Parent);
-
-    /// The text that a cell of a column takes when something is typed in; without it the text as typed.
-    std::function<std::string(int Column, const std::string& Typed)> OnTyped;
-
-    /// Whether a column holds numbers, which stand at the right; without it none does.
-    std::function<bool(int Column)> IsNumber;
+    /// Table outlives the model; all changes of it go through here.
+    qGridModel(cGrid& Table, QObject* Parent);
 
     /// Called after each change.
     std::function<void()> OnChanged;
 
+    /// Called with why a cell did not take what was put into it, and with an empty text when one did.
+    std::function<void(const std::string& Reason)> OnRefused;
+
+    /// What is to be remarked about a cell, which is marked then; empty: nothing.
+    std::function<std::string(int Row, int Column)> Remark;
+
+    /// The colour of a number of the colour table, 0x00BBGGRR.
+    std::function<int32_t(const std::string& Number)> Colour;
+
+    cGrid& Table() { return Grid; }
     const cGrid& Table() const { return Grid; }
 
-    /// Appends a copy of the last row; nothing in a table without columns. Current() of the table is the new row, here
-    /// and below the row to go to.
-    void AddRow();
+    /// Makes a change. Table().Current() is the row to go to, here and below.
+    void Do(const GridStep& Step);
 
-    /// Removes a row; nothing when there is no such row.
-    void DeleteRow(int Row);
-
-    /// Takes the last change back. False when there is none.
+    /// Takes the last change back, or does it again. False when there is none.
     bool Undo();
+    bool Redo();
 
-    /// Whether the table is another than at first or at the last SetSaved.
-    bool IsChanged() const { return Changes != 0; }
-    void SetSaved() { Changes = 0; }
+    /// Shows the table anew: it was filled with other rows.
+    void Refill();
 
     int rowCount(const QModelIndex& Parent = {}) const override;
     int columnCount(const QModelIndex& Parent = {}) const override;
@@ -47,10 +47,9 @@ public:
     bool setData(const QModelIndex& Cell, const QVariant& Value, int Role) override;
 
 private:
-    void KeepFormer(int Row);
+    void Change(const GridStep& Step, const std::function<void()>& Make);
     void Changed() const;
+    QString ToolTip(const QModelIndex& Cell) const;
 
-    cGrid Grid;
-    std::deque<cGrid> Former; // the table before each of the last changes
-    int Changes = 0;          // steps from the saved table; an undone one counts back
+    cGrid& Grid;
 };

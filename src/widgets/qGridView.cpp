@@ -1,66 +1,45 @@
-// The grid's keys, its editor and its columns.
+// The grid's commands and its editing.
 #include "widgets/qGridView.h"
 
-#include "base/mError.h"
-#include "base/mNumText.h"
-#include "platform/mHost.h"
+#include "platform/qt/qText.h"
+#include "widgets/qCellDelegate.h"
+#include "widgets/qFrozenColumns.h"
 #include "widgets/qGridModel.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QHeaderView>
-#include <QKeyEvent>
-#include <QStyledItemDelegate>
+#include <QScrollBar>
 
 #include <algorithm>
+#include <numeric>
 
-namespace {
-constexpr int HeadText = Qt::AlignCenter | Qt::TextWordWrap;
-
-std::string ColumnKey(const std::string& Prefix, std::size_t Column)
-{
-    return Prefix + "ColW_" + FormatNum(static_cast<double>(Column), "00");
-}
-
-// An editor takes over what was typed when it loses the focus, which is before the click on a button arrives.
-class qCancelDelegate : public QStyledItemDelegate
-{
-public:
-    qCancelDelegate(QObject* Parent, const QWidget& InitButton) : QStyledItemDelegate(Parent), Button(InitButton) {}
-
-    bool eventFilter(QObject* Editor, QEvent* Event) override
-    {
-        if (Event->type() != QEvent::FocusOut || QApplication::focusWidget() != &Button)
-            return QStyledItemDelegate::eventFilter(Editor, Event);
-        Q_EMIT closeEditor(qobject_cast<QWidget*>(Editor), RevertModelCache);
-        return false;
-    }
-
-private:
-    const QWidget& Button;
-};
-} // namespace
-
-qGridView::qGridView(qGridModel& InitModel, QWidget* Parent) : QTableView(Parent), Rows(InitModel)
+qGridView::qGridView(qGridModel& InitModel, QWidget* Parent)
+    : QTableView(Parent), Rows(InitModel), Cells(new qCellDelegate(*this, InitModel)), Shares(*this, InitModel)
 {
     setModel(&Rows);
-    setSelectionMode(QAbstractItemView::SingleSelection);
+    setItemDelegate(Cells);
+    setSelectionMode(QAbstractItemView::ContiguousSelection);
     setAlternatingRowColors(true);
+    setWordWrap(false);
+    setHorizontalScrollMode(ScrollPerPixel);
+    setVerticalScrollMode(ScrollPerPixel);
     setTabKeyNavigation(false); // so that Tab reaches the buttons; while a cell is edited it goes on to the next
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 10);
     verticalHeader()->setDefaultAlignment(Qt::AlignCenter);
     verticalHeader()->setMinimumWidth(4 * fontMetrics().averageCharWidth());
-    horizontalHeader()->setDefaultAlignment(Qt::Alignment(HeadText));
-    horizontalHeader()->setHighlightSections(false);
-    horizontalHeader()->setMinimumSectionSize(2 * fontMetrics().averageCharWidth());
-    connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int Column, int, int Width) {
-        if (!IsApplying) At(Shares, Column) = SafeDiv(Width, viewport()->width());
-    });
-    Shares.assign(static_cast<std::size_t>(Rows.columnCount()), 0);
     GoToRow(0);
+}
+
+void qGridView::Tell(const std::string& Words) const
+{
+    if (OnWords) OnWords(Words);
 }
 
 void qGridView::SetCancel(const QWidget& Button)
 {
-    setItemDelegate(new qCancelDelegate(this, Button));
+    Cells->Cancel = &Button;
 }
 
 void qGridView::GoToRow(int Row)
@@ -68,36 +47,121 @@ void qGridView::GoToRow(int Row)
     setCurrentIndex(Rows.index(Row, std::max(0, currentIndex().column())));
 }
 
-void qGridView::AddRow()
+void qGridView::GoToCurrent(int Column)
 {
-    FinishEdit();
-    Rows.AddRow();
-    GoToRow(Rows.Table().Current());
+    setCurrentIndex(Rows.index(Rows.Table().Current(), std::max(0, Column)));
 }
 
-void qGridView::DeleteRow()
+bool qGridView::Step(int By)
+{
+    for (int Row = currentIndex().row() + By; Row >= 0 && Row < Rows.rowCount(); Row += By)
+        if (!isRowHidden(Row)) {
+            GoToRow(Row);
+            return true;
+        }
+    return false;
+}
+
+void qGridView::Do(const GridStep& Change)
+{
+    const int Column = currentIndex().column();
+    Rows.Do(Change);
+    GoToCurrent(Column);
+}
+
+void qGridView::Do(const GridEdit& Edit)
+{
+    Tell(Edit.Reason);
+    if (!Edit.Step.IsNothing()) Do(Edit.Step);
+}
+
+void qGridView::AddRow()
+{
+    if (!FinishEdit() || Rows.columnCount() == 0) return;
+    Do(InsertRow(Rows.Table(), HasPatternRows ? Rows.rowCount() - 1 : currentIndex().row()));
+}
+
+void qGridView::DeleteRows()
 {
     CancelEdit();
-    const int Column = currentIndex().column();
-    Rows.DeleteRow(currentIndex().row());
-    setCurrentIndex(Rows.index(Rows.Table().Current(), Column));
+    Do(::DeleteRows(Rows.Table(), MarkedRows()));
+}
+
+void qGridView::MoveRows(int By)
+{
+    if (!FinishEdit()) return;
+    const GridBlock Block = Marked();
+    if (Block.IsEmpty()) return;
+    Do(::MoveRows(Rows.Table(), Block.Rows.front(), Block.Rows.back(), By));
+}
+
+void qGridView::CopyPrevious()
+{
+    if (!FinishEdit()) return;
+    const QModelIndex Cell = currentIndex();
+    if (Cell.row() < 1) return Tell("There is no row above.");
+    Do(::FillDown(Rows.Table(), {{Cell.row() - 1, Cell.row()}, {Cell.column()}}));
+    GoToRow(Cell.row());
+}
+
+void qGridView::FillDown()
+{
+    if (!FinishEdit()) return;
+    const GridBlock Block = Marked();
+    if (Block.Rows.size() == 1) return CopyPrevious();
+    Do(::FillDown(Rows.Table(), Block));
+}
+
+void qGridView::Copy()
+{
+    if (const GridBlock Block = Marked(); !Block.IsEmpty())
+        QApplication::clipboard()->setText(Shown(BlockText(Rows.Table(), Block)));
+}
+
+void qGridView::Cut()
+{
+    Copy();
+    ClearCells();
+}
+
+void qGridView::Paste()
+{
+    if (!FinishEdit() || Rows.columnCount() == 0) return;
+    Do(PasteBlock(Rows.Table(), Marked(), ShownRows(), ::Plain(QApplication::clipboard()->text())));
+}
+
+void qGridView::ClearCells()
+{
+    CancelEdit();
+    Do(::ClearCells(Rows.Table(), Marked()));
 }
 
 bool qGridView::Undo()
 {
     CancelEdit();
-    const int Column = std::max(0, currentIndex().column());
+    const int Column = currentIndex().column();
     if (!Rows.Undo()) return false;
-    setCurrentIndex(Rows.index(Rows.Table().Current(), Column));
+    GoToCurrent(Column);
     return true;
 }
 
-void qGridView::FinishEdit()
+bool qGridView::Redo()
+{
+    CancelEdit();
+    const int Column = currentIndex().column();
+    if (!Rows.Redo()) return false;
+    GoToCurrent(Column);
+    return true;
+}
+
+bool qGridView::FinishEdit()
 {
     QWidget* Editor = indexWidget(currentIndex());
-    if (!Editor) return;
+    if (!Editor) return true;
+    if (!Cells->CheckEditor(*Editor, currentIndex())) return false;
     commitData(Editor);
     closeEditor(Editor, QAbstractItemDelegate::NoHint);
+    return true;
 }
 
 void qGridView::CancelEdit()
@@ -105,79 +169,81 @@ void qGridView::CancelEdit()
     if (QWidget* Editor = indexWidget(currentIndex())) closeEditor(Editor, QAbstractItemDelegate::RevertModelCache);
 }
 
-void qGridView::keyPressEvent(QKeyEvent* Event)
+GridBlock qGridView::Marked() const
 {
-    const bool IsPlain = (Event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
-    const bool IsEnter = Event->key() == Qt::Key_Return || Event->key() == Qt::Key_Enter;
-    if (Event->matches(QKeySequence::Undo))
-        Undo();
-    else if (IsPlain && Event->key() == Qt::Key_Insert)
-        AddRow();
-    else if (IsPlain && Event->key() == Qt::Key_Delete)
-        DeleteRow();
-    else if (IsPlain && IsEnter && state() != EditingState)
-        edit(currentIndex());
-    else
-        QTableView::keyPressEvent(Event);
+    GridBlock Block;
+    QItemSelectionRange Range(currentIndex());
+    if (const QItemSelection Ranges = selectionModel()->selection(); !Ranges.isEmpty()) Range = Ranges.first();
+    if (!Range.isValid()) return Block;
+    for (int Row = Range.top(); Row <= Range.bottom(); ++Row)
+        if (!isRowHidden(Row)) Block.Rows.push_back(Row);
+    Block.Columns.resize(static_cast<std::size_t>(Range.width()));
+    std::iota(Block.Columns.begin(), Block.Columns.end(), Range.left());
+    return Block;
 }
 
-void qGridView::RestoreColumns(const std::string& Section, const std::string& Prefix)
+std::vector<int> qGridView::ShownRows() const
 {
-    for (std::size_t i = 0; i < Shares.size(); ++i)
-        Shares[i] = std::clamp(Val(gHost.Settings->GetSetting(Section, ColumnKey(Prefix, i)).value_or("0")), 0.0, 1.0);
-    ApplyShares();
+    std::vector<int> Seen;
+    for (int Row = 0; Row < Rows.rowCount(); ++Row)
+        if (!isRowHidden(Row)) Seen.push_back(Row);
+    return Seen;
 }
 
-void qGridView::KeepColumns(const std::string& Section, const std::string& Prefix) const
+void qGridView::SetFilter(const QString& Words)
 {
-    for (std::size_t i = 0; i < Shares.size(); ++i)
-        if (Shares[i] > 0) gHost.Settings->SaveSetting(Section, ColumnKey(Prefix, i), FormatNum(Shares[i], "0.0000"));
+    if (!FinishEdit()) return;
+    setUpdatesEnabled(false);
+    for (int Row = 0; Row < Rows.rowCount(); ++Row) {
+        bool IsFound = Words.isEmpty();
+        for (int Column = 0; Column < Rows.columnCount() && !IsFound; ++Column)
+            IsFound = Shown(Rows.Table().Cell(Row, Column)).contains(Words, Qt::CaseInsensitive);
+        if (isRowHidden(Row) == IsFound) setRowHidden(Row, !IsFound);
+        if (Frozen) Frozen->setRowHidden(Row, !IsFound);
+    }
+    setUpdatesEnabled(true);
+    if (isRowHidden(currentIndex().row()) && !Step(1)) Step(-1);
+}
+
+void qGridView::Freeze(int Count)
+{
+    if (Count > 0) Frozen = new qFrozenColumns(*this, Count);
 }
 
 void qGridView::resizeEvent(QResizeEvent* Event)
 {
     QTableView::resizeEvent(Event);
-    ApplyShares();
+    Shares.Apply();
 }
 
-int qGridView::NeededWidth(int Column) const
+void qGridView::currentChanged(const QModelIndex& Cell, const QModelIndex& Former)
 {
-    const QString Head = Rows.headerData(Column, Qt::Horizontal, Qt::DisplayRole).toString();
-    return std::max(sizeHintForColumn(Column), HeadRoom(Head, 0).width());
+    QTableView::currentChanged(Cell, Former);
+    if (Cell.isValid()) Rows.Table().SetCurrent(Cell.row());
 }
 
-// The place of a head that is broken into lines where it is wider than Width; none gives its longest word's.
-QSize qGridView::HeadRoom(const QString& Head, int Width) const
+void qGridView::scrollTo(const QModelIndex& Cell, ScrollHint Hint)
 {
-    const int Margin = 3 * fontMetrics().averageCharWidth();
-    const QRect Place(0, 0, std::max(1, Width - Margin), 0);
-    return horizontalHeader()->fontMetrics().boundingRect(Place, HeadText, Head).size() + QSize(Margin, Margin);
+    QTableView::scrollTo(Cell, Hint);
+    const int Covered = Frozen ? Frozen->Covered() : 0;
+    const int Left = visualRect(Cell).left();
+    if (Cell.column() >= (Frozen ? Frozen->Count() : 0) && Left < Covered)
+        horizontalScrollBar()->setValue(horizontalScrollBar()->value() + Left - Covered);
 }
 
-// A width that is not kept is what the column needs and its part of what the grid has to spare. The right edges are
-// rounded, not the widths, so that the last column ends where the shares do.
-void qGridView::ApplyShares()
+// A cell of a frozen column is edited where it stands without them.
+bool qGridView::edit(const QModelIndex& Cell, EditTrigger Trigger, QEvent* Event)
 {
-    IsApplying = true;
-    const double Width = viewport()->width();
-    std::vector<double> Widths;
-    double Spare = Width;
-    for (std::size_t i = 0; i < Shares.size(); ++i) {
-        Widths.push_back(Shares[i] > 0 ? Shares[i] * Width : NeededWidth(static_cast<int>(i)));
-        Spare -= Widths.back();
-    }
-    const auto Own = static_cast<double>(std::count(Shares.begin(), Shares.end(), 0.0));
-    double Edge = 0;
-    int Height = 0;
-    for (std::size_t i = 0; i < Shares.size(); ++i) {
-        const int Column = static_cast<int>(i);
-        if (Shares[i] == 0.0) Widths[i] += std::max(0.0, Spare) / Own;
-        const double Left = Edge;
-        Edge += Widths[i];
-        setColumnWidth(Column, static_cast<int>(RoundHalfEven(Edge) - RoundHalfEven(Left)));
-        const QString Head = Rows.headerData(Column, Qt::Horizontal, Qt::DisplayRole).toString();
-        Height = std::max(Height, HeadRoom(Head, columnWidth(Column)).height());
-    }
-    horizontalHeader()->setFixedHeight(std::max(Height, fontMetrics().height()));
-    IsApplying = false;
+    const bool IsCovered = Frozen && Cell.column() < Frozen->Count();
+    const bool HasBegun = QTableView::edit(Cell, Trigger, Event);
+    if (!IsCovered || state() != EditingState) return HasBegun;
+    horizontalScrollBar()->setValue(0);
+    Frozen->SetAside(true);
+    return HasBegun;
+}
+
+void qGridView::closeEditor(QWidget* Editor, QAbstractItemDelegate::EndEditHint Hint)
+{
+    QTableView::closeEditor(Editor, Hint);
+    if (Frozen && (state() != EditingState || currentIndex().column() >= Frozen->Count())) Frozen->SetAside(false);
 }

@@ -1,11 +1,17 @@
-// A grid on the screen: keys for rows and cells, and columns whose widths are kept as shares of the grid's width.
+// A grid on the screen: blocks of cells, rows, undo and redo by keys, a filter, and columns that stay in sight.
 #pragma once
+
+#include "records/mGridSteps.h"
+#include "widgets/qColumnShares.h"
 
 #include <QTableView>
 
+#include <functional>
 #include <string>
 #include <vector>
 
+class qCellDelegate;
+class qFrozenColumns;
 class qGridModel;
 
 class qGridView : public QTableView
@@ -13,15 +19,36 @@ class qGridView : public QTableView
 public:
     qGridView(qGridModel& InitModel, QWidget* Parent);
 
-    /// Appends a row, or deletes the one that the cursor is in, and goes to the row that is next.
+    /// A table whose rows are patterns: Insert adds a copy of the last row at the end, Delete deletes rows. Otherwise
+    /// Insert copies the current row behind it, Delete empties cells, and Ctrl+Delete deletes rows.
+    void SetPatternRows() { HasPatternRows = true; }
+
+    /// Called with what a command did or why it did nothing.
+    std::function<void(const std::string& Words)> OnWords;
+
     void AddRow();
-    void DeleteRow();
+    void DeleteRows(); // those of the marked block
+    void MoveRows(int By);
+    void CopyPrevious(); // the cell above into the current one
+    void FillDown();
+    void Copy();
+    void Cut();
+    void Paste();
+    void ClearCells();
 
-    /// Takes the last change back and goes where it was. False when there is none.
+    /// Takes the last change back, or does it again, and goes where it was. False when there is none.
     bool Undo();
+    bool Redo();
 
-    /// Ends the editing of a cell: what is typed goes into the cell, or is dropped.
-    void FinishEdit();
+    /// Makes a change and goes to its row.
+    void Do(const GridStep& Step);
+
+    /// Makes a change, or passes on why there is none.
+    void Do(const GridEdit& Edit);
+
+    /// Ends the editing of a cell: what is typed goes into the cell, or is dropped. False when the cell does not take
+    /// it: the editing goes on, and it is said why.
+    bool FinishEdit();
     void CancelEdit();
 
     /// A button on which a click drops what is being typed; elsewhere a click puts it into the cell.
@@ -30,21 +57,42 @@ public:
     /// Goes to a row, in the column that the cursor is in.
     void GoToRow(int Row);
 
-    /// The columns' widths as shares of the grid's, under Prefix and the keys "ColW_00", "ColW_01" .... A column
-    /// without a kept one gets room for its texts, and a part of what is to spare.
-    void RestoreColumns(const std::string& Section, const std::string& Prefix);
-    void KeepColumns(const std::string& Section, const std::string& Prefix) const;
+    /// Goes to the next row that is shown, or the one before. False at either end.
+    bool Step(int By);
+
+    /// The rows of the marked block, and the block.
+    std::vector<int> MarkedRows() const { return Marked().Rows; }
+    GridBlock Marked() const;
+
+    /// Shows the rows alone that hold Words in some cell, in whatever case; all when it is empty.
+    void SetFilter(const QString& Words);
+
+    /// Keeps the first columns in sight.
+    void Freeze(int Count);
+
+    /// The widths of the columns.
+    qColumnShares& Widths() { return Shares; }
+
+    void scrollTo(const QModelIndex& Cell, ScrollHint Hint = EnsureVisible) override;
 
 protected:
     void keyPressEvent(QKeyEvent* Event) override;
     void resizeEvent(QResizeEvent* Event) override;
+    void contextMenuEvent(QContextMenuEvent* Event) override;
+    bool edit(const QModelIndex& Cell, EditTrigger Trigger, QEvent* Event) override;
+    void closeEditor(QWidget* Editor, QAbstractItemDelegate::EndEditHint Hint) override;
+    void currentChanged(const QModelIndex& Cell, const QModelIndex& Former) override;
 
 private:
-    int NeededWidth(int Column) const;
-    QSize HeadRoom(const QString& Head, int Width) const;
-    void ApplyShares();
+    bool PressEditKey(const QKeyEvent& Event);
+    bool PressBlockKey(const QKeyEvent& Event);
+    void GoToCurrent(int Column);
+    void Tell(const std::string& Words) const;
+    std::vector<int> ShownRows() const;
 
     qGridModel& Rows;
-    std::vector<double> Shares; // of the width, by column; 0 stands for a width of its own
-    bool IsApplying = false;
+    qCellDelegate* Cells;
+    qFrozenColumns* Frozen = nullptr;
+    qColumnShares Shares;
+    bool HasPatternRows = false;
 };

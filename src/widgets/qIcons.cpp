@@ -16,7 +16,7 @@ struct Outline
     const char* Areas; // filled
 };
 
-constexpr std::array<Outline, 9> Outlines = {{
+constexpr std::array<Outline, 10> Outlines = {{
     {"open", "M3 18V5h6l2 3h9v3 M3 18l3-7h16l-3 7z", ""},
     {"new", "M13 3H5v18h14V9l-6-6v6h6 M12 12v6 M9 15h6", ""},
     {"check", "M5 4v16 M12 4v16 M19 4v16", "M2.5 7h5v4h-5z M9.5 13h5v4h-5z M16.5 5h5v4h-5z"},
@@ -26,6 +26,7 @@ constexpr std::array<Outline, 9> Outlines = {{
     {"record", "M12 2.5a9.5 9.5 0 1 1-.01 0z", "M12 6.5a5.5 5.5 0 1 1-.01 0z"},
     {"stop", "M12 2.5a9.5 9.5 0 1 1-.01 0z", "M8 8h8v8h-8z"},
     {"close", "M5 5l14 14 M19 5L5 19", ""},
+    {"calendar", "M3.5 5h17v15.5h-17z M3.5 10h17 M8 2.5v4 M16 2.5v4", "M7 13h3v3h-3z M14 13h3v3h-3z"},
 }};
 
 QByteArray Drawing(const char* Name, const QColor& Colour)

@@ -2,6 +2,7 @@
 #include "records/mTargets.h"
 
 #include "core/mIni.h"
+#include "records/mGridSteps.h"
 #include "support/Case.h"
 
 namespace {
@@ -73,13 +74,13 @@ TEST_CASE("the grid's rows go back to the file with its backup, values with two 
     REQUIRE(LoadTargets());
     cGrid Grid = TargetsToGrid();
     CHECK(Grid.Current() == 0);
-    CHECK(TargetCell(6, "-0,86 m") == "-0.86");
-    CHECK(TargetCell(4, "1x,2x\t") == "1x,2x ");
-    Grid.DeleteRow();
-    Grid.DeleteRow();
+    std::string Value = "-0,86 m", Boats = "1x,2x\t";
+    CHECK((Grid.Take(6, Value, eFrom::Typed) + Grid.Take(4, Boats, eFrom::Typed)).empty());
+    CHECK((Value == "-0.86" && Boats == "1x,2x "));
+    Grid.Do(DeleteRows(Grid, {0, 1}));
     CHECK(Grid.Cell(Grid.Current(), 1) == "Other");
-    Grid.AddRow();
-    Grid.SetCell(Grid.Current(), 6, "3.14159");
+    Grid.Do(InsertRow(Grid, 1));
+    Grid.Do(ChangeCells(Grid, {{Grid.Current(), 6, "3.14159"}}));
     Grid.SetCurrent(9);
     CHECK(Grid.Current() == 2);
     REQUIRE(StoreTargets(Grid));
@@ -87,7 +88,6 @@ TEST_CASE("the grid's rows go back to the file with its backup, values with two 
     CHECK(Folder.Text("Targets.ini") == "Targets\r\nID\tGroup\tSex\tWeight\tBoats\tAge\tCatch\tForce\r\n"
                                         "3\tOther\tM\tL\t2x\tA\t1.00\t2.00\r\n4\tLast\tW\tL\t2x\tA\t-1.00\t-1.00\r\n"
                                         "4\tLast\tW\tL\t2x\tA\t3.14\t-1.00\r\nEnd\r\n");
-    while (Grid.RowCount() > 0)
-        Grid.DeleteRow();
+    Grid.Do(DeleteRows(Grid, {0, 1, 2}));
     CHECK(Grid.Current() == -1);
 }

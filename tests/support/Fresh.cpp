@@ -17,6 +17,7 @@
 #include "processing/mProcess.h"
 #include "processing/mRefTable.h"
 #include "processing/mStrokeLog.h"
+#include "records/mAntro.h"
 #include "records/mTargets.h"
 #include "views/data/cData02view.h"
 #include "views/data/mViewLoad.h"
@@ -39,7 +40,7 @@ Work KeepAll()
 {
     Work All;
     // The session and its data.
-    Keep(All, gFile, gDots, gSegs, gVideoID, gVidCoords, gVidAngles, gData, gRawStart, gRawStop, gTimeStep, gDeltaT,
+    Keep(All, gFile, gDots, gSegs, gVideoID, gVidCoords, gVidAngles, gAntro, gData, gRawStart, gRawStop, gTimeStep, gDeltaT,
          gSampleTime, gFrequency, gFrameMin, gFrameCnt, gMissed, gPlayIdx, gKeyChan, gKeyMode, gH1Chan, gStrokeCnt,
          gKeyQ0, gKeyQ1, gH1Q0, gH1Q1, gCurFile, gFileTitle, gCurDir, gSessID, gRawFN, gFromFile, gFirstCycle, gRate,
          gCycleTime, gCycleSum, gRateAver, gPlayTime);

@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPrinter>
+#include <QTableView>
 
 #include <cmath>
 #include <filesystem>
@@ -55,12 +56,16 @@ TEST_CASE_FIXTURE(ShellState, "a stored sample's report is chosen, read, saved w
 {
     Start();
     MakeSession();
+    gCurFile = Folder.Path("s.txt");
     Choose("mnuViewTyp");
-    QTest::keyClick(&Find<QListWidget>("lstTests"), Qt::Key_Return);
+    auto& Samples = *Find<QWidget>("fDataGrid_Desc").findChild<QTableView*>("DataGrid");
+    Q_EMIT Samples.doubleClicked(Samples.model()->index(0, 3));
     auto& Window = dynamic_cast<fData03report&>(Find<QWidget>("fData03report"));
     CHECK(Find<QLabel>("lParName_0").text() == "Seat 1 MaxY");
     CHECK(Find<QLineEdit>("txtR1_0").text() == "399 N");
     CHECK(HasColour(dynamic_cast<qSurface&>(Find<QWidget>("picGraph")).Grab(), qRgb(255, 0, 0)));
+    Choose("mnuReportSample");
+    QTest::keyClick(&Find<QListWidget>("lstTests"), Qt::Key_Escape);
     Choose("mnuReportIsTable");
     CHECK_FALSE(Find<QWidget>("picTable").isVisible());
 

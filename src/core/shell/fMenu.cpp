@@ -8,7 +8,6 @@
 namespace {
 // Why an entry is there and cannot be chosen.
 constexpr const char* WithOptions = "Comes with the options";
-constexpr const char* WithGrid = "Comes with the record grid";
 constexpr const char* WithPanels = "Comes with the live panels";
 constexpr const char* WithPlay = "Comes with the play view";
 constexpr const char* WithVideo = "Comes with the video windows";
@@ -32,13 +31,14 @@ constexpr MenuItem Items[] = {
     {"mnuSetUp", nullptr, nullptr, nullptr, nullptr, nullptr},
     {"mnuSetUp", "mnuSetSession", "S&ession...", nullptr, SetSession, nullptr},
     {"mnuSetUp", "mnuSetAthlete", "Athlete Data", nullptr, nullptr, nullptr, "fAthleteInp"},
-    {"mnuSetUp", "mnuSetCrew", "&Crew...", nullptr, nullptr, WithGrid},
-    {"mnuSetUp", "mnuSetCalibr", "C&alibration...", nullptr, nullptr, WithGrid},
-    {"mnuSetUp", "mnuSetBoat", "&Boat SetUp...", nullptr, nullptr, WithGrid},
+    {"mnuSetUp", "mnuSetCrew", "&Crew...", nullptr, nullptr, nullptr, "fDataGrid", "Crew"},
+    {"mnuSetUp", "mnuSetCalibr", "C&alibration...", nullptr, nullptr, nullptr, "fDataGrid", "Calibr"},
+    {"mnuSetUp", "mnuSetBoat", "&Boat SetUp...", nullptr, nullptr, nullptr, "fDataGrid", "Boat"},
+    {"mnuSetUp", "mnuSetAntro", "Anthropometr&y...", nullptr, nullptr, nullptr, "fDataGrid", "Antro"},
     {"mnuSetUp", nullptr, nullptr, nullptr, nullptr, nullptr},
-    {"mnuSetUp", "mnuSetView1", "A&quisition View...", nullptr, nullptr, WithGrid},
-    {"mnuSetUp", "mnuSetView3", "&Report View...", nullptr, nullptr, WithGrid},
-    {"mnuSetUp", "mnuSetView4", "&Play View...", nullptr, nullptr, WithGrid},
+    {"mnuSetUp", "mnuSetView1", "A&quisition View...", nullptr, nullptr, nullptr, "fDataGrid", "View1"},
+    {"mnuSetUp", "mnuSetView3", "&Report View...", nullptr, nullptr, nullptr, "fDataGrid", "View3"},
+    {"mnuSetUp", "mnuSetView4", "&Play View...", nullptr, nullptr, nullptr, "fDataGrid", "View4"},
     {"mnuSetUp", "mnuSetTargets", "&Targets", nullptr, nullptr, nullptr, "fTargets"},
 
     {"mnuCalibrate", "mnuCalibrCheck", "&Check Channels", "F5", CheckChannels, nullptr},
@@ -62,7 +62,7 @@ constexpr MenuItem Items[] = {
     {"mnuView", "mnuViewScanQVN", "Scan Skarvelin file", nullptr, ViewScannedFile, nullptr},
     {"mnuView", "mnuViewRaw", "&Raw...", nullptr, ViewRawFile, nullptr},
     {"mnuView", "mnuViewPrim", "&Primary...", nullptr, ViewPrimaryFile, nullptr},
-    {"mnuView", "mnuViewTyp", "&Typical", nullptr, nullptr, nullptr, "dSamples"},
+    {"mnuView", "mnuViewTyp", "&Typical", nullptr, nullptr, nullptr, "fDataGrid", "Desc"},
     {"mnuView", "mnuViewSwap", "Correct Vars", nullptr, nullptr, nullptr, "fSwap"},
 
     {"mnuPlay", "mnuPlayRawRower", "&Catch", nullptr, PlayRawRower, nullptr},
@@ -73,8 +73,8 @@ constexpr MenuItem Items[] = {
     {"mnuPlay", nullptr, nullptr, nullptr, nullptr, nullptr},
     {"mnuPlay", "mnuVidPlay", "&Video", nullptr, nullptr, WithVideo},
     {"mnuPlay", "mnuVidDigit", "&Digitise Video", nullptr, nullptr, WithVideo},
-    {"mnuPlay", "mnuSetDots", "Setup Points", nullptr, nullptr, WithGrid},
-    {"mnuPlay", "mnuSetSegs", "SetUp Segments", nullptr, nullptr, WithGrid},
+    {"mnuPlay", "mnuSetDots", "Setup Points", nullptr, nullptr, nullptr, "fDataGrid", "Dots"},
+    {"mnuPlay", "mnuSetSegs", "SetUp Segments", nullptr, nullptr, nullptr, "fDataGrid", "Segs"},
     {"mnuPlay", "mnuPlayAnim", "Animation", nullptr, nullptr, WithPlay},
     {"mnuPlay", "mnyPlayComp", "Complex Data...", nullptr, nullptr, NotUsed},
     {"mnuPlay", "mnuPlayMPEG", "MPEG video", nullptr, nullptr, WithVideo},

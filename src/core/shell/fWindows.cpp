@@ -20,6 +20,7 @@
 #include "platform/mHost.h"
 #include "platform/qt/qText.h"
 #include "records/fAthleteInp.h"
+#include "records/fDataGrid.h"
 #include "records/fSession.h"
 #include "records/fTargets.h"
 #include "records/mTargets.h"
@@ -78,11 +79,29 @@ QWidget* MakeDataView(frmMain& Main, const WindowArgs& Args)
     return View.release();
 }
 
-QWidget* MakeReport(frmMain&, const WindowArgs& Args)
+QWidget* MakeReport(frmMain& Main, const WindowArgs& Args)
 {
     auto Report = std::make_unique<fData03report>();
+    Report->OnChoose = [&Main] { OpenWindow(Main, "dSamples"); };
     Report->InitData(Args.Mode, Args.Sample, Args.First, Args.Last);
     return Report.release();
+}
+
+QWidget* MakeGrid(frmMain& Main, const WindowArgs& Args)
+{
+    const GridKind* Kind = FindGridKind(Args.Kind);
+    if (!Kind) return nullptr;
+    if (gCurFile.empty() && Args.Kind != "Antro") {
+        MsgBox(std::string(Kind->Caption) + " belong to a session: open one first.", TitleInformation);
+        return nullptr;
+    }
+    auto Rows = std::make_unique<cDataGrid>(*Kind);
+    if (!Rows->Load()) return nullptr;
+    auto* Grid = new fDataGrid(std::move(Rows));
+    Grid->OnSample = [&Main](int16_t Sample) {
+        OpenWindow(Main, "fData03report", {.Mode = ReportStored, .Sample = Sample});
+    };
+    return Grid;
 }
 
 QWidget* MakeSamples(frmMain& Main, const WindowArgs&)
@@ -157,6 +176,7 @@ constexpr WindowKind Windows[] = {
      {900, 420}},
     {"fSession", "The session dialog", MakeSession, One, Dialog, NeedsNothing},
     {"fAthleteInp", "The athlete dialog", MakeAthlete, One, Dialog, NeedsNothing},
+    {"fDataGrid", "The record grid", MakeGrid, OneAKind, Kept, NeedsNothing, fDataGrid::Section, "", {1000, 560}},
     {"dSamples", "The choice of a sample", MakeSamples, One, Dialog, NeedsNothing},
     {"fADCsetup", "The logger set-up", MakeSetUp, One, Dialog, NeedsNothing},
     {"frmAbout", "About Skarvelin", MakeAbout, One, Dialog, NeedsNothing},

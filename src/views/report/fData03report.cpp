@@ -70,6 +70,9 @@ QMenuBar* fData03report::BuildMenus()
         return Entry;
     };
     QMenu* File = Bar->addMenu("&Report");
+    connect(Add(File, "mnuReportSample", "&Another Sample...", {}), &QAction::triggered, this, [this] {
+        if (OnChoose) OnChoose();
+    });
     connect(Add(File, "mnuReportPrint", "&Print...", QKeySequence::Print), &QAction::triggered, this,
             [this] { Print(); });
     connect(Add(File, "mnuReportSave", "&Save as PDF, SVG or PNG...", QKeySequence::Save), &QAction::triggered, this,

@@ -5,6 +5,8 @@
 
 #include <QWidget>
 
+#include <functional>
+
 class qSurface;
 class QAction;
 class QGridLayout;
@@ -19,6 +21,9 @@ public:
     static constexpr const char* Section = "fData03report";
 
     fData03report();
+
+    /// Lets the user choose a sample, whose report is opened.
+    std::function<void()> OnChoose;
 
     /// Computes the report and shows it; as cReport::InitData.
     void InitData(int Kind, int16_t Sample, int32_t First, int32_t Last);
