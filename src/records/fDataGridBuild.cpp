@@ -107,7 +107,7 @@ QPushButton* fDataGrid::AddButton(const Button& Made)
     connect(New, &QPushButton::clicked, this, [this, Action = Made.Action] {
         ShowWords("");
         Action();
-        Grid->setFocus();
+        Grid->TakeKeyboard();
     });
     return New;
 }

@@ -59,7 +59,7 @@ QPushButton* fTargets::AddButton(const char* Name, const char* Text, const char*
     Button->setEnabled(Model.columnCount() > 0);
     connect(Button, &QPushButton::clicked, this, [this, Action] {
         Action();
-        Grid->setFocus();
+        Grid->TakeKeyboard();
     });
     return Button;
 }

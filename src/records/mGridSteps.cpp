@@ -180,7 +180,7 @@ GridEdit PasteBlock(const cGrid& Grid, const GridBlock& Block, const std::vector
         if (Left + static_cast<int>(Width) > Grid.ColumnCount())
             return {{}, "What is to be pasted is wider than the table from this column on."};
         const bool IsThere = static_cast<std::ptrdiff_t>(i) < Shown.end() - Top;
-        const int Row = IsThere ? Top[static_cast<std::ptrdiff_t>(i)] : RowCount++;
+        const int Row = IsOne ? Block.Rows[i] : IsThere ? Top[static_cast<std::ptrdiff_t>(i)] : RowCount++;
         for (std::size_t j = 0; j < Width; ++j) {
             const int Column = Left + static_cast<int>(j);
             CellChange Change{Row, Column, IsOne ? Cells[0] : Cells[j]};

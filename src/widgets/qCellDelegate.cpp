@@ -136,8 +136,8 @@ void qCellDelegate::Close(QWidget* Editor, bool IsTaken)
     Q_EMIT closeEditor(Editor, IsTaken ? NoHint : RevertModelCache);
 }
 
-// Enter and Tab do not leave a cell that does not take its text. And an editor takes over what was typed when it loses
-// the keyboard, which is before the click on a button arrives: but not for the button that drops it.
+// Nothing leaves a cell that does not take its text: neither Enter and Tab nor a click elsewhere, which reaches what
+// was clicked only when the editor has lost the keyboard. The button that drops what is typed is told from the others.
 bool qCellDelegate::eventFilter(QObject* Object, QEvent* Event)
 {
     auto* Editor = qobject_cast<QWidget*>(Object);
@@ -145,6 +145,7 @@ bool qCellDelegate::eventFilter(QObject* Object, QEvent* Event)
         Close(Editor, false);
         return false;
     }
+    if (Event->type() == QEvent::FocusOut && !CheckEditor(*Editor, CellOf(*Editor))) return false;
     if (Event->type() == QEvent::KeyPress) {
         const int Key = static_cast<QKeyEvent*>(Event)->key();
         const bool Leaves =

@@ -12,7 +12,6 @@ qFrozenColumns::qFrozenColumns(QTableView& InitMain, int InitCount)
     setObjectName(Main.objectName() + "_frozen");
     setModel(Main.model());
     setSelectionModel(Main.selectionModel());
-    setItemDelegate(Main.itemDelegate());
     setFocusPolicy(Qt::NoFocus);
     setFocusProxy(&Main);
     setEditTriggers(NoEditTriggers);

@@ -164,6 +164,12 @@ bool qGridView::FinishEdit()
     return true;
 }
 
+void qGridView::TakeKeyboard()
+{
+    QWidget* Editor = indexWidget(currentIndex());
+    (Editor ? Editor : this)->setFocus();
+}
+
 void qGridView::CancelEdit()
 {
     if (QWidget* Editor = indexWidget(currentIndex())) closeEditor(Editor, QAbstractItemDelegate::RevertModelCache);

@@ -51,6 +51,9 @@ public:
     bool FinishEdit();
     void CancelEdit();
 
+    /// Gives the keyboard to the editor of a cell, or to the grid when none is open.
+    void TakeKeyboard();
+
     /// A button on which a click drops what is being typed; elsewhere a click puts it into the cell.
     void SetCancel(const QWidget& Button);
 

@@ -82,10 +82,10 @@ TEST_CASE(
     CHECK(Demo.Dialogs.Told ==
           Texts{"Information: Nothing was copied: the table \"Points for video digitising\" cannot "
                 "be taken from another session."});
-    const std::string Bare =
-        Demo.Put("bare.txt", "Calibr\nA9\t1\t3\t1\t1\t10\t2\t0\t0\t0\t1\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t"
-                             "0\t0\tS1\t\t\nAx\t1\t3\t1\t1\t11\t3\t0\t0\t0\t1\t0\t0\t0\t0\t0\t0\t0\t"
-                             "0\t0\t0\t0\t0\tS1\t\t\nEnd\nEOF\n");
+    const std::string Bare = Demo.Put(
+        "bare.txt", "Main\n67\t\nEnd\nCalibr\nA9\t1\t3\t1\t1\t10\t2\t0\t0\t0\t1\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t"
+                    "0\t0\tS1\t\t\nAx\t1\t3\t1\t1\t11\t3\t0\t0\t0\t1\t0\t0\t0\t0\t0\t0\t0\t"
+                    "0\t0\t0\t0\t0\tS1\t\t\nEnd\nEOF\n");
     CHECK(!Boat.Import(Bare, Never));
     CHECK(Boat.Import(Bare, [](const std::string&) { return true; }));
     cDataGrid Channels = Loaded("Calibr");

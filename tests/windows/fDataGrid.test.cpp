@@ -56,7 +56,8 @@ struct GridState : ShellState
     }
     static void Type(const char* Text)
     {
-        QTest::keyClicks(QApplication::focusWidget(), Text);
+        for (; *Text; ++Text)
+            QTest::keyClick(QApplication::focusWidget(), *Text);
         QApplication::processEvents();
     }
     std::string Words() { return Plain(Part<QLabel>("lbWords").text()); }
@@ -275,5 +276,5 @@ TEST_CASE_FIXTURE(GridState, "columns up to the name stay in sight, and widths a
     CHECK(Settings.GetSetting("DataGrid", "Crew_Height"));
     CHECK(Settings.GetSetting("DataGrid", "Crew_ColW_06"));
     Open("mnuSetCrew", "fDataGrid_Crew");
-    CHECK(std::abs(Grid->columnWidth(6) - 222) <= 2);
+    CHECK(std::abs(Grid->columnWidth(6) - 222) <= 4);
 }
