@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QHeaderView>
+#include <QPainter>
 #include <QScrollBar>
 #include <QWheelEvent>
 
@@ -22,7 +23,6 @@ qFrozenColumns::qFrozenColumns(QTableView& InitMain, int InitCount)
     setVerticalScrollMode(Main.verticalScrollMode());
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setStyleSheet("QTableView { border-right: 2px solid #96a0aa; }");
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(Main.verticalHeader()->defaultSectionSize());
@@ -81,6 +81,14 @@ bool qFrozenColumns::eventFilter(QObject* Object, QEvent* Event)
 {
     if (Object != viewport() && (Event->type() == QEvent::Resize || Event->type() == QEvent::Show)) Place();
     return QTableView::eventFilter(Object, Event);
+}
+
+void qFrozenColumns::paintEvent(QPaintEvent* Event)
+{
+    QTableView::paintEvent(Event);
+    QPainter Painter(viewport());
+    Painter.setPen(palette().color(QPalette::Dark));
+    Painter.drawLine(viewport()->rect().topRight(), viewport()->rect().bottomRight());
 }
 
 void qFrozenColumns::wheelEvent(QWheelEvent* Event)

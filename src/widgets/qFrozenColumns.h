@@ -20,6 +20,7 @@ public:
 
 protected:
     bool eventFilter(QObject* Object, QEvent* Event) override;
+    void paintEvent(QPaintEvent* Event) override;
     void wheelEvent(QWheelEvent* Event) override;
 
 private:

@@ -178,13 +178,18 @@ void qGridView::CancelEdit()
 GridBlock qGridView::Marked() const
 {
     GridBlock Block;
-    QItemSelectionRange Range(currentIndex());
-    if (const QItemSelection Ranges = selectionModel()->selection(); !Ranges.isEmpty()) Range = Ranges.first();
-    if (!Range.isValid()) return Block;
-    for (int Row = Range.top(); Row <= Range.bottom(); ++Row)
+    QItemSelection Ranges = selectionModel()->selection();
+    if (Ranges.isEmpty()) Ranges = QItemSelection(currentIndex(), currentIndex());
+    if (!currentIndex().isValid() || Ranges.isEmpty()) return Block;
+    QPoint First(Ranges[0].left(), Ranges[0].top()), Last(Ranges[0].right(), Ranges[0].bottom());
+    for (const QItemSelectionRange& Part : Ranges) {
+        First = {std::min(First.x(), Part.left()), std::min(First.y(), Part.top())};
+        Last = {std::max(Last.x(), Part.right()), std::max(Last.y(), Part.bottom())};
+    }
+    for (int Row = First.y(); Row <= Last.y(); ++Row)
         if (!isRowHidden(Row)) Block.Rows.push_back(Row);
-    Block.Columns.resize(static_cast<std::size_t>(Range.width()));
-    std::iota(Block.Columns.begin(), Block.Columns.end(), Range.left());
+    Block.Columns.resize(static_cast<std::size_t>(Last.x() - First.x() + 1));
+    std::iota(Block.Columns.begin(), Block.Columns.end(), First.x());
     return Block;
 }
 
