@@ -83,7 +83,6 @@ void OpenReference(benchmark::State& State, const char* Kind)
         Texts Model(Grid);
         QTableView View;
         View.setModel(&Model);
-        View.resizeColumnsToContents();
         ShowAndPaint(View);
     }
 }
