@@ -3,12 +3,11 @@
 
 #include <QApplication>
 #include <QHeaderView>
-#include <QPainter>
 #include <QScrollBar>
 #include <QWheelEvent>
 
 qFrozenColumns::qFrozenColumns(QTableView& InitMain, int InitCount)
-    : QTableView(&InitMain), Main(InitMain), Columns(InitCount)
+    : QTableView(&InitMain), Main(InitMain), Edge(new QFrame(this)), Columns(InitCount)
 {
     setObjectName(Main.objectName() + "_frozen");
     setModel(Main.model());
@@ -23,6 +22,9 @@ qFrozenColumns::qFrozenColumns(QTableView& InitMain, int InitCount)
     setVerticalScrollMode(Main.verticalScrollMode());
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    Edge->setFrameShape(QFrame::VLine);
+    Edge->setForegroundRole(QPalette::Dark);
+    Edge->setFrameShadow(QFrame::Plain);
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(Main.verticalHeader()->defaultSectionSize());
@@ -44,7 +46,6 @@ qFrozenColumns::qFrozenColumns(QTableView& InitMain, int InitCount)
     });
     connect(this, &QTableView::doubleClicked, &Main, [this](const QModelIndex& Cell) {
         Main.setFocus();
-        if (Main.editTriggers() & DoubleClicked) Main.edit(Cell);
         Q_EMIT Main.doubleClicked(Cell);
     });
     connect(this, &QTableView::pressed, &Main, [this] { Main.setFocus(); });
@@ -74,6 +75,8 @@ void qFrozenColumns::Place()
     horizontalHeader()->setFixedHeight(Head);
     const QPoint Corner = Main.viewport()->geometry().topLeft() - QPoint(0, Head);
     setGeometry(QRect(Corner, QSize(Covered(), Main.viewport()->height() + Head)));
+    Edge->setGeometry(width() - 1, 0, 1, height());
+    Edge->raise();
     setVisible(!IsSetAside && Covered() > 0);
 }
 
@@ -81,14 +84,6 @@ bool qFrozenColumns::eventFilter(QObject* Object, QEvent* Event)
 {
     if (Object != viewport() && (Event->type() == QEvent::Resize || Event->type() == QEvent::Show)) Place();
     return QTableView::eventFilter(Object, Event);
-}
-
-void qFrozenColumns::paintEvent(QPaintEvent* Event)
-{
-    QTableView::paintEvent(Event);
-    QPainter Painter(viewport());
-    Painter.setPen(palette().color(QPalette::Dark));
-    Painter.drawLine(viewport()->rect().topRight(), viewport()->rect().bottomRight());
 }
 
 void qFrozenColumns::wheelEvent(QWheelEvent* Event)

@@ -20,13 +20,13 @@ public:
 
 protected:
     bool eventFilter(QObject* Object, QEvent* Event) override;
-    void paintEvent(QPaintEvent* Event) override;
     void wheelEvent(QWheelEvent* Event) override;
 
 private:
     void Place();
 
     QTableView& Main;
+    QFrame* Edge;
     int Columns;
     bool IsSetAside = false;
 };

@@ -8,8 +8,10 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QComboBox>
 #include <QHeaderView>
 #include <QScrollBar>
+#include <QTimer>
 
 #include <algorithm>
 #include <numeric>
@@ -218,7 +220,10 @@ void qGridView::SetFilter(const QString& Words)
 
 void qGridView::Freeze(int Count)
 {
-    if (Count > 0) Frozen = new qFrozenColumns(*this, Count);
+    if (Count < 1) return;
+    Frozen = new qFrozenColumns(*this, Count);
+    connect(Frozen, &QTableView::doubleClicked, this,
+            [this](const QModelIndex& Cell) { edit(Cell, DoubleClicked, nullptr); });
 }
 
 void qGridView::resizeEvent(QResizeEvent* Event)
@@ -242,11 +247,14 @@ void qGridView::scrollTo(const QModelIndex& Cell, ScrollHint Hint)
         horizontalScrollBar()->setValue(horizontalScrollBar()->value() + Left - Covered);
 }
 
-// A cell of a frozen column is edited where it stands without them.
+// A double click on a cell with a list opens the list. A cell of a frozen column is edited where it stands without
+// them.
 bool qGridView::edit(const QModelIndex& Cell, EditTrigger Trigger, QEvent* Event)
 {
     const bool IsCovered = Frozen && Cell.column() < Frozen->Count();
     const bool HasBegun = QTableView::edit(Cell, Trigger, Event);
+    auto* List = Trigger == DoubleClicked ? qobject_cast<QComboBox*>(indexWidget(Cell)) : nullptr;
+    if (List) QTimer::singleShot(0, List, &QComboBox::showPopup);
     if (!IsCovered || state() != EditingState) return HasBegun;
     horizontalScrollBar()->setValue(0);
     Frozen->SetAside(true);

@@ -3,6 +3,7 @@
 #include "files/mMain.h"
 #include "files/mTextIO.h"
 
+#include <QAbstractItemView>
 #include <QCalendarWidget>
 #include <QClipboard>
 #include <QComboBox>
@@ -270,6 +271,18 @@ TEST_CASE_FIXTURE(GridState, "columns up to the name stay in sight, and widths a
     CHECK(!Frozen.isVisible());
     Key(Qt::Key_Return);
     CHECK((Frozen.isVisible() && Cell(2, "Name") == "Ann"));
+    const QPoint Place = Frozen.visualRect(At(3, "Side")).center();
+    QTest::mouseClick(Frozen.viewport(), Qt::LeftButton, {}, Place);
+    QTest::mouseDClick(Frozen.viewport(), Qt::LeftButton, {}, Place);
+    QTest::qWait(10);
+    auto* Sides = Grid->findChild<QComboBox*>();
+    REQUIRE(Sides);
+    CHECK(Sides->view()->isVisible());
+    Sides->hidePopup();
+    Sides->setCurrentIndex(4);
+    Q_EMIT Sides->activated(4);
+    QApplication::processEvents();
+    CHECK(Cell(3, "Side") == "4");
     Grid->setColumnWidth(6, 222);
     Press("cmdCancel");
     QTest::qWait(10);
