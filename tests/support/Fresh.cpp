@@ -40,10 +40,10 @@ Work KeepAll()
 {
     Work All;
     // The session and its data.
-    Keep(All, gFile, gDots, gSegs, gVideoID, gVidCoords, gVidAngles, gAntro, gData, gRawStart, gRawStop, gTimeStep, gDeltaT,
-         gSampleTime, gFrequency, gFrameMin, gFrameCnt, gMissed, gPlayIdx, gKeyChan, gKeyMode, gH1Chan, gStrokeCnt,
-         gKeyQ0, gKeyQ1, gH1Q0, gH1Q1, gCurFile, gFileTitle, gCurDir, gSessID, gRawFN, gFromFile, gFirstCycle, gRate,
-         gCycleTime, gCycleSum, gRateAver, gPlayTime);
+    Keep(All, gFile, gDots, gSegs, gVideoID, gVidCoords, gVidAngles, gAntro, gData, gRawStart, gRawStop, gTimeStep,
+         gDeltaT, gSampleTime, gFrequency, gFrameMin, gFrameCnt, gMissed, gPlayIdx, gKeyChan, gKeyMode, gH1Chan,
+         gStrokeCnt, gKeyQ0, gKeyQ1, gH1Q0, gH1Q1, gCurFile, gFileTitle, gCurDir, gSessID, gRawFN, gFromFile,
+         gFirstCycle, gRate, gCycleTime, gCycleSum, gRateAver, gPlayTime);
     // The ini file.
     Keep(All, gAppDir, gSysID, gBaseFolder, gCOMdevice, gBackground, gModelsFN, gMainPlace, gCOMport, gLinkAddress,
          gLinkPort, gAutoCalCh, gAutoCalQ0, gAutoCalQ1, gCalibrSens, gIsCurves, gIsValue, gIsInd, gIsGrid, gIsScore,
