@@ -12,6 +12,7 @@
 #include "processing/mProcFuncs.h"
 #include "processing/mRefTable.h"
 #include "processing/mRefZero.h"
+#include "records/mGridSteps.h"
 #include "records/mTargets.h"
 
 #include <limits>
@@ -171,14 +172,14 @@ TEST_CASE("settings, the ini file and targets take and give odd texts as in the 
     }
     cGrid Grid = TargetsToGrid();
     Walking.Lines.push_back(FormatNum(Grid.Current(), "0") + " of " + FormatNum(Grid.RowCount(), "0"));
+    const auto Taken = [&](int Column, std::string Text) { return Grid.Take(Column, Text, eFrom::Typed) + Text; };
     for (const char* Text : Words)
-        Walking.Lines.push_back(TargetCell(0, Text) + "|" + TargetCell(5, Text) + "|" + TargetCell(6, Text));
-    Grid.AddRow();
-    Grid.SetCell(Grid.Current(), 0, "Copy");
-    Grid.SetCurrent(1);
-    Grid.DeleteRow();
+        Walking.Lines.push_back(Taken(0, Text) + "|" + Taken(5, Text) + "|" + Taken(6, Text));
+    Grid.Do(InsertRow(Grid, Grid.RowCount() - 1));
+    Grid.Do(ChangeCells(Grid, {{Grid.Current(), 0, "Copy"}}));
+    Grid.Do(DeleteRows(Grid, {1}));
     Walking.Lines.push_back(StoreTargets(Grid) ? "stored" : "not stored");
-    Grid.SetCell(2, 0, "Endless");
+    Grid.Do(ChangeCells(Grid, {{2, 0, "Endless"}}));
     Walking.Lines.push_back(StoreTargets(Grid) ? "stored" : "not stored");
     gCurFile.clear();
     Walking.Lines.push_back(TargetChoice(Grid));
