@@ -170,9 +170,8 @@ std::span<const Command> AllCommands()
          LoggerObjection},
         {"table",
          "SESSION KIND OUT.csv | SESSION KIND --from FILE [--out OUT]",
-         "writes a table of the session (Calibr, Crew, Boat, Desc, View1, View3, View4, Dots, Segs) as CSV, or takes "
-         "its "
-         "rows from a CSV file or another session",
+         "writes a table of the session (Calibr, Crew, Boat, Desc, View1, View3, View4, Dots, Segs) as CSV, "
+         "or takes its rows from a CSV file or another session",
          2,
          3,
          {{"--from", ArgKind::Text, "FILE"}, {"--out", ArgKind::Text, "OUT"}},
