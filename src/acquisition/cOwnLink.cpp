@@ -3,6 +3,7 @@
 
 #include "acquisition/mComFast.h"
 #include "acquisition/mSampling.h"
+#include "acquisition/mSerialOpen.h"
 #include "core/mDataWindow.h"
 #include "core/mGlobData.h"
 #include "core/mIni.h"
@@ -116,7 +117,8 @@ void cOwnLink::OpenSerial()
     const std::string Line = LineOfModel();
     if (SelectedDevice(Port).empty() && !FindPort(Port, Line)) return Refuse("no serial port was found");
     const std::string Device = SelectedDevice(Port);
-    if (!Port.Open(Device, Line, WasOpen ? eWaiting::Kept : eWaiting::Dropped)) return Refuse(WhyShut(Device));
+    const eWaiting Waiting = WasOpen ? eWaiting::Kept : eWaiting::Dropped;
+    if (!OpenDevice(Port, Device, Line, Waiting)) return Refuse(WhyShut(Device));
     TakeModelSizes();
     if (gOwnLink != this) BeginLive();
     gOwnLink = this;

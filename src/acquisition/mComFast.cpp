@@ -3,6 +3,7 @@
 
 #include "acquisition/cOwnLink.h"
 #include "acquisition/mSampling.h"
+#include "acquisition/mSerialOpen.h"
 #include "base/mError.h"
 #include "base/mNumText.h"
 #include "core/mDataWindow.h"
@@ -70,7 +71,7 @@ std::optional<std::string> NthDevice(const iSerialPort& Comm, int Number)
 bool CanOpen(iSerialPort& Comm, int Number, const std::string& Settings)
 {
     const auto Device = NthDevice(Comm, Number);
-    if (!Device || !Comm.Open(*Device, Settings, eWaiting::Dropped)) return false;
+    if (!Device || !OpenDevice(Comm, *Device, Settings, eWaiting::Dropped)) return false;
     Comm.Close();
     return true;
 }
@@ -120,7 +121,7 @@ std::string OpenPort(const LinkSizes& Sizes)
     }
     ShowReading(PortName());
     const std::string Device = SelectedDevice(Comm);
-    if (Comm.Open(Device, Sizes.Settings, eWaiting::Dropped)) return Device;
+    if (OpenDevice(Comm, Device, Sizes.Settings, eWaiting::Dropped)) return Device;
     ShowReading("Can't open " + Device);
     return {};
 }
@@ -130,7 +131,8 @@ void TakeUpFormerPort()
 {
     if (Used.Device.empty() || gLinkWatch.State() != cLinkWatch::eState::Open) return;
     BeginStream();
-    if (!gHost.SerialPort->Open(Used.Device, LineSettings, eWaiting::Kept)) LinkLost("it could not be opened again");
+    if (!OpenDevice(*gHost.SerialPort, Used.Device, LineSettings, eWaiting::Kept))
+        LinkLost("it could not be opened again");
 }
 
 void Leave()
@@ -329,7 +331,7 @@ void ReopenLink()
 {
     if (Used.IsSocket) return Connect();
     for (const std::string& Device : Candidates()) {
-        if (!gHost.SerialPort->Open(Device, LineSettings, eWaiting::Kept)) continue;
+        if (!OpenDevice(*gHost.SerialPort, Device, LineSettings, eWaiting::Kept)) continue;
         Used.Device = Device;
         return LinkOpened();
     }

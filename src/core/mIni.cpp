@@ -214,6 +214,16 @@ std::string IniText()
     return Text;
 }
 
+std::string PortText()
+{
+    return TextOf(ThePort);
+}
+
+void SetPort(const std::string& Text)
+{
+    StoreText(ThePort, {}, Text);
+}
+
 void SelectCalibrSens(int16_t CalCh)
 {
     for (const CalibrSensRow& Row : gCalibrSens) {

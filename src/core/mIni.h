@@ -62,5 +62,11 @@ void ParseIni(const std::string& Bytes);
 /// The globals as the text of an ini file.
 std::string IniText();
 
+/// The serial port as the key "COM port" has it: its number, or the path of its device.
+std::string PortText();
+
+/// Takes the serial port from such a text; one without a number gives 0.
+void SetPort(const std::string& Text);
+
 /// Copies the calibrator rows made for channel CalCh to gAutoCalCh, gAutoCalQ0 and gAutoCalQ1; the last one wins.
 void SelectCalibrSens(int16_t CalCh);

@@ -1,12 +1,14 @@
-// Notices about the session: who shows or keeps what it holds hears that it was saved, or that another took its place.
+// Notices: who shows or keeps what the session or the settings hold hears that these were saved or have changed.
 #pragma once
 
 #include <functional>
 
 enum class eNotice
 {
-    SessionSaved,   // gFile is in gCurFile, whole
-    SessionReplaced // gFile is another session than before
+    SessionSaved,    // gFile is in gCurFile, whole
+    SessionReplaced, // gFile is another session than before
+    OptionsSaved,    // any of the settings may have changed
+    LookChanged      // the colours or the pen width of curves
 };
 
 /// Receives notices from when it is made until it is gone; as a member it subscribes the object that it belongs to.

@@ -58,6 +58,27 @@ TEST_CASE_FIXTURE(Link, "each logger model sets its line, its channels and the b
     CHECK(gFile.Signed);
 }
 
+TEST_CASE_FIXTURE(Link, "on a machine that refuses 256000 baud the port is opened, and opened again, at 230400")
+{
+    Port.Plugged = {"/dev/ttyS0"};
+    Port.Refused = "256000,n,8,1";
+    gFile.Model = 61;
+    gQVNbauds = 256000;
+    REQUIRE(OpenLink());
+    CHECK(Port.Settings == "230400,n,8,1");
+    CHECK(Panel(2) == "This machine refuses 256000 baud on /dev/ttyS0: it is open at 230400");
+    Port.Pull();
+    Port.Plugged = {"/dev/ttyS1"};
+    Port.Settings.clear();
+    ReopenLink();
+    CHECK(Port.Device == "/dev/ttyS1");
+    CHECK(Port.Settings == "230400,n,8,1");
+    CloseLink();
+    Port.Refused = "57600,n,8,1";
+    gQVNbauds = 57600;
+    CHECK_FALSE(OpenLink());
+}
+
 TEST_CASE_FIXTURE(Link, "the port of the setting is tried first, then the others, and the one found is kept")
 {
     gFile.Model = 61;

@@ -29,6 +29,7 @@ public:
     std::vector<std::string> Plugged;
     std::string Device;   // that is open
     std::string Settings; // that it was opened with last
+    std::string Refused;  // the settings with which it cannot be opened
     std::string Sent;
     int Events = 0;
 
@@ -53,7 +54,7 @@ public:
     bool Open(const std::string& Path, const std::string& Line, eWaiting) override
     {
         Close();
-        if (std::find(Plugged.begin(), Plugged.end(), Path) == Plugged.end()) return false;
+        if (std::find(Plugged.begin(), Plugged.end(), Path) == Plugged.end() || Line == Refused) return false;
         Device = Path;
         Settings = Line;
         return true;

@@ -12,6 +12,7 @@
 #include <QProcess>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QTabWidget>
 #include <QTableWidget>
 
 namespace {
@@ -60,6 +61,24 @@ struct Demo : ShellState
         Run("batch", {"process", Path("single.txt"), Path("a.qvn")});
     }
     QString Path(const char* Name) const { return Shown(Folder.Path(Name)); }
+    void CheckTexts(const char* Name)
+    {
+        const auto List = Controls(ListControls(Main));
+        const Control& Own = FindControl(List, Name);
+        CHECK(Own.Place.width() <= 1024);
+        CHECK(Own.Place.height() <= 768);
+        for (const Control& Each : List) {
+            if (!Each.IsVisible || Each.Class == "QAction" || (Each.Window != Name && Each.Window != "frmMain"))
+                continue;
+            CAPTURE(Plain(Each.Window + " " + Each.Name + " " + Each.Class + " \"" + Each.Text + "\" has " +
+                          QString("%1x%2, needs %3x%4")
+                              .arg(Each.Place.width())
+                              .arg(Each.Place.height())
+                              .arg(Each.Need.width())
+                              .arg(Each.Need.height())));
+            CHECK(!Each.IsCut());
+        }
+    }
     static void Run(const char* Program, const QStringList& Words)
     {
         CHECK(QProcess::execute(QString(PROGRAM_FOLDER "/skarvelin-") + Program, Words) == 0);
@@ -117,20 +136,10 @@ TEST_CASE_FIXTURE(Demo, "no text is cut in any window, at 1024 by 768")
             OpenWindow(Main, Row.Name, {.File = Folder.Path("a.qvn"), .Kind = "Crew", .Mode = 0, .Sample = 1});
         REQUIRE(Window);
         QTest::qWait(30);
-        const auto List = Controls(ListControls(Main));
-        const Control& Own = FindControl(List, Row.Name);
-        CHECK(Own.Place.width() <= 1024);
-        CHECK(Own.Place.height() <= 768);
-        for (const Control& Each : List) {
-            if (!Each.IsVisible || Each.Class == "QAction" || (Each.Window != Row.Name && Each.Window != "frmMain"))
-                continue;
-            CAPTURE(Plain(Each.Window + " " + Each.Name + " " + Each.Class + " \"" + Each.Text + "\" has " +
-                          QString("%1x%2, needs %3x%4")
-                              .arg(Each.Place.width())
-                              .arg(Each.Place.height())
-                              .arg(Each.Need.width())
-                              .arg(Each.Need.height())));
-            CHECK(!Each.IsCut());
+        auto* Tabs = Window->findChild<QTabWidget*>();
+        for (int Page = 0; Page < (Tabs ? Tabs->count() : 1); ++Page) {
+            if (Tabs) Tabs->setCurrentIndex(Page);
+            CheckTexts(Row.Name);
         }
         Window->isWindow() ? Window->close() : Window->parentWidget()->close();
         QTest::qWait(1);

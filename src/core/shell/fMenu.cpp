@@ -7,7 +7,6 @@
 
 namespace {
 // Why an entry is there and cannot be chosen.
-constexpr const char* WithOptions = "Comes with the options";
 constexpr const char* WithGrid = "Comes with the record grid";
 constexpr const char* WithPanels = "Comes with the live panels";
 constexpr const char* WithPlay = "Comes with the play view";
@@ -27,7 +26,7 @@ constexpr MenuItem Items[] = {
     {"mnuFile", nullptr, nullptr, nullptr, nullptr, nullptr},
     {"mnuFile", "mnuFileExit", "E&xit", "Ctrl+Q", FileExit, nullptr},
 
-    {"mnuSetUp", "mnuSetGlobals", "&Globals...", nullptr, nullptr, WithOptions},
+    {"mnuSetUp", "mnuSetGlobals", "&Globals...", nullptr, nullptr, nullptr, "fOpts"},
     {"mnuSetUp", "mnuSetSkarvelin", "Skarvelin", nullptr, nullptr, nullptr, "fADCsetup"},
     {"mnuSetUp", nullptr, nullptr, nullptr, nullptr, nullptr},
     {"mnuSetUp", "mnuSetSession", "S&ession...", nullptr, SetSession, nullptr},

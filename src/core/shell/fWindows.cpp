@@ -20,6 +20,7 @@
 #include "platform/mHost.h"
 #include "platform/qt/qText.h"
 #include "records/fAthleteInp.h"
+#include "records/fOpts.h"
 #include "records/fSession.h"
 #include "records/fTargets.h"
 #include "records/mTargets.h"
@@ -118,6 +119,11 @@ QWidget* MakeSetUp(frmMain& Main, const WindowArgs&)
     return nullptr;
 }
 
+QWidget* MakeOptions(frmMain& Main, const WindowArgs&)
+{
+    return new fOpts(&Main);
+}
+
 QWidget* MakeAbout(frmMain& Main, const WindowArgs&)
 {
     auto* Box = new QMessageBox(&Main);
@@ -157,6 +163,7 @@ constexpr WindowKind Windows[] = {
      {900, 420}},
     {"fSession", "The session dialog", MakeSession, One, Dialog, NeedsNothing},
     {"fAthleteInp", "The athlete dialog", MakeAthlete, One, Dialog, NeedsNothing},
+    {"fOpts", "The Main Options", MakeOptions, One, Dialog, NeedsNothing},
     {"dSamples", "The choice of a sample", MakeSamples, One, Dialog, NeedsNothing},
     {"fADCsetup", "The logger set-up", MakeSetUp, One, Dialog, NeedsNothing},
     {"frmAbout", "About Skarvelin", MakeAbout, One, Dialog, NeedsNothing},

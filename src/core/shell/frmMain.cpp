@@ -45,7 +45,10 @@ QString SessionFile(const QMimeData* Things)
 }
 } // namespace
 
-frmMain::frmMain(qStatus& InitStatus) : Status(InitStatus), Area(new qWorkArea(this))
+frmMain::frmMain(qStatus& InitStatus)
+    : Status(InitStatus), Area(new qWorkArea(this)), Options([this](eNotice What) {
+          if (What == eNotice::OptionsSaved) ShowOptions();
+      })
 {
     setObjectName("frmMain");
     setWindowIcon(ProgramIcon());
@@ -72,14 +75,22 @@ bool frmMain::Load(const std::string& Folder)
     const bool Found = StartUp(Folder);
     Command("mnuWinToolbar")->setChecked(gToolBar);
     Command("mnuWinStatusBar")->setChecked(gStatusBar);
-    if (gLanguage == LanguageRussian)
-        for (std::size_t i = 0; i < AllToolButtons().size(); ++i)
-            findChild<QToolButton*>("cmdToolBar_" + QString::number(i))->setText(AllToolButtons()[i].Russian);
+    ShowOptions();
     ShowBars();
-    if (auto* Chosen = findChild<QRadioButton*>(gConnection == ConnectionTCP ? "opConnection_1" : "opConnection_0"))
-        Chosen->setChecked(true);
     PlaceWindow();
     return Found;
+}
+
+void frmMain::ShowOptions()
+{
+    const std::span<const ToolButton> Buttons = AllToolButtons();
+    for (std::size_t i = 0; i < Buttons.size(); ++i)
+        findChild<QToolButton*>("cmdToolBar_" + QString::number(i))
+            ->setText(gLanguage == LanguageRussian ? Buttons[i].Russian : Buttons[i].Caption);
+    IsLogShown = false; // a running recording puts its own caption there again
+    ShowLogging();
+    if (auto* Chosen = findChild<QRadioButton*>(gConnection == ConnectionTCP ? "opConnection_1" : "opConnection_0"))
+        Chosen->setChecked(true);
 }
 
 bool frmMain::EndForSession()

@@ -1,6 +1,7 @@
 // The main window: menus, toolbar, status bar, and the area that holds all other windows.
 #pragma once
 
+#include "core/mNotice.h"
 #include "platform/qt/qStatus.h"
 
 #include <QMainWindow>
@@ -63,11 +64,13 @@ private:
     void KeepPlace();
     void ShowTitle();
     void ShowLogging();
+    void ShowOptions();
     QAction* Command(const char* Name) const;
     void Run(const QString& Caption, const std::function<void()>& Action);
 
     qStatus& Status;
     qWorkArea* Area;
+    cListener Options;
     QTimer Watch; // looks whether a recording has begun, starves or has ended
     bool IsLogShown = false;
 };

@@ -91,6 +91,7 @@ void cData01real::Scale()
 
 void cData01real::SetScales()
 {
+    Colour = RowColour(View); // which the user may have changed
     Scale();
     DrawScales();
 }

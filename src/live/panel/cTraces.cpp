@@ -28,6 +28,7 @@ void cTraces::Load(int16_t Source)
 
 void cTraces::Resize()
 {
+    Panel.DrawWidth = gDrawWidth;
     Clear();
     for (cData01real& Plot : Plots)
         Plot.SetScales();

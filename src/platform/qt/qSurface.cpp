@@ -27,7 +27,11 @@ QRectF Around(QPointF A, QPointF B)
 }
 } // namespace
 
-qSurface::qSurface(QWidget* Parent) : QWidget(Parent), Pencil(font()), Refresh([this] { ShowDirty(); })
+qSurface::qSurface(QWidget* Parent)
+    : QWidget(Parent), Pencil(font()), Look([this](eNotice What) {
+          if (What == eNotice::LookChanged && !Picture.isNull()) Renew();
+      }),
+      Refresh([this] { ShowDirty(); })
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMinimumSize(160, 120);

@@ -2,6 +2,7 @@
 // veil while the widget is disabled.
 #pragma once
 
+#include "core/mNotice.h"
 #include "platform/qt/qPace.h"
 #include "platform/qt/qPencil.h"
 
@@ -17,7 +18,8 @@ public:
     explicit qSurface(QWidget* Parent = nullptr);
     ~qSurface() override;
 
-    /// Called when the picture is new and white: at first, after a change of size, and on a screen of other density.
+    /// Called when the picture is new and white: at first, after a change of size or of the colours and the pen width
+    /// of curves, and on a screen of other density.
     std::function<void()> OnResize;
 
     SurfacePoint Size() const override;
@@ -73,6 +75,7 @@ private:
     Ring Pen;             // its colour and width
     bool IsHollow = true; // circles and boxes have no fill
 
+    cListener Look;
     std::vector<QRect> Dirty; // of the picture, not yet on the screen
     qPace Refresh;
 };

@@ -58,6 +58,7 @@ private:
     void Run(const QString& What, cData02view::Command Action);
     void Arrange();
     void ShowState();
+    void ShowFilter();
 
     qSurface* Surface;
     qSurface* Strip;
@@ -73,4 +74,5 @@ private:
     std::vector<QPushButton*> TableCommands;  // of a recording that was scanned
 
     cData02view View;
+    cListener Options; // which may set another filter
 };

@@ -18,7 +18,10 @@
 fData02view::fData02view()
     : cDataWindow(ViewTag), Surface(new qSurface(this)), Strip(new qSurface(this)),
       Bar(new QScrollBar(Qt::Horizontal, this)), lbStrip(new QLabel(this)), lbPointer(new QLabel(this)),
-      lbCurDist(new QLabel(this)), txtFilter(AddBox("txtFilter", false)), View(*Surface, *Strip)
+      lbCurDist(new QLabel(this)), txtFilter(AddBox("txtFilter", false)), View(*Surface, *Strip),
+      Options([this](eNotice What) {
+          if (What == eNotice::OptionsSaved) ShowFilter();
+      })
 {
     setObjectName("fData02view");
     setAttribute(Qt::WA_DeleteOnClose);
@@ -175,7 +178,7 @@ QLayout* fData02view::BuildInputs()
     }
     lbCurDist->setObjectName("lbCurDist");
     lbCurDist->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    txtFilter->setText(Shown(FormatNum(StdFilter, "0.0")));
+    ShowFilter();
     connect(txtFilter, &QLineEdit::textEdited, this, [](const QString& Text) { cData02view::TypeFilter(Plain(Text)); });
     Add("Distance (m)", txtInps[0]);
     Add("Time (s)", txtInps[1]);
@@ -185,6 +188,11 @@ QLayout* fData02view::BuildInputs()
     Add("Logged (m)", lbCurDist);
     Grid->setRowStretch(Row, 1);
     return Grid;
+}
+
+void fData02view::ShowFilter()
+{
+    txtFilter->setText(Shown(FormatNum(StdFilter, "0.0")));
 }
 
 QLayout* fData02view::BuildNumbers()

@@ -30,11 +30,16 @@ void LoadSamplePattern(const DescRow& Sample)
     gRate = Sample.Rate;
 }
 
+// Asked for each time: the user may have changed the colours.
+int32_t cData03report::Colour() const
+{
+    return RowColour(View);
+}
+
 void cData03report::InitViewID(int Row, int InitKind, int32_t First, int32_t Last)
 {
     View = gFile.View3[Row];
     Kind = InitKind;
-    Ink = RowColour(View);
     IsVisible = false;
     CurveX.clear();
     CurveY.clear();

@@ -41,7 +41,7 @@ public:
     bool Visible() const { return IsVisible; }
 
     const ViewRow& Row() const { return View; }
-    int32_t Colour() const { return Ink; }
+    int32_t Colour() const;
     bool IsPrimary() const { return Kind == ReportPrimary; }
 
     /// What is measured along the axes, known when the row was computed.
@@ -83,7 +83,6 @@ private:
 
     ViewRow View;
     int Kind = ReportTypical;
-    int32_t Ink = 0;
     bool IsVisible = false;
     Quantity AxisX;
     Quantity AxisY;
