@@ -15,6 +15,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QTabBar>
 #include <QTabWidget>
@@ -161,10 +162,11 @@ void fOpts::GoToFound(int Step)
 void fOpts::ShowItem(int Index)
 {
     SSTab1->setCurrentIndex(static_cast<int>(Options.Page(Index)));
-    constexpr int Around = 60;
+    constexpr int Beside = 8, Above = 60;
     auto* Area = dynamic_cast<QScrollArea*>(SSTab1->currentWidget());
     Area->widget()->layout()->activate();
-    Area->ensureWidgetVisible(Controls->Mark(Index), Around, Around);
+    Area->horizontalScrollBar()->setValue(0); // labels stand at the left
+    Area->ensureWidgetVisible(Controls->Mark(Index), Beside, Above);
 }
 
 bool fOpts::eventFilter(QObject* Watched, QEvent* Event)

@@ -139,6 +139,7 @@ TEST_CASE_FIXTURE(Demo, "no text is cut in any window, at 1024 by 768")
         auto* Tabs = Window->findChild<QTabWidget*>();
         for (int Page = 0; Page < (Tabs ? Tabs->count() : 1); ++Page) {
             if (Tabs) Tabs->setCurrentIndex(Page);
+            QTest::qWait(1); // the page takes its room
             CheckTexts(Row.Name);
         }
         Window->isWindow() ? Window->close() : Window->parentWidget()->close();
