@@ -12,6 +12,7 @@ class QButtonGroup;
 class QGridLayout;
 class QGroupBox;
 class QLabel;
+class QLineEdit;
 class QWidget;
 
 class fOptionControls : public QObject
@@ -48,6 +49,7 @@ private:
     QWidget* Make(int Index, QButtonGroup& Radios);
     QWidget* Enter(int Index, QWidget* Box, std::function<void()> Show);
     QWidget* MakeBox(int Index);
+    void Propose(int Index, QLineEdit& Box);
     QWidget* MakeFile(int Index);
     QWidget* MakeCheck(int Index);
     QWidget* MakeRadio(int Index, QButtonGroup& Radios);

@@ -9,6 +9,7 @@
 
 #include <QButtonGroup>
 #include <QCheckBox>
+#include <QCompleter>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -80,8 +81,22 @@ QWidget* fOptionControls::MakeBox(int Index)
         Box->setMinimumWidth(Width);
         if (Kind != eOption::File) Box->setMaximumWidth(2 * Width);
     }
+    if (Options.Item(Index).Proposals) Propose(Index, *Box);
     connect(Box, &QLineEdit::textEdited, this, [this, Index](const QString& Text) { Put(Index, Text); });
     return Enter(Index, Box, [this, Box, Index] { Box->setText(Shown(Options.Text(Index))); });
+}
+
+void fOptionControls::Propose(int Index, QLineEdit& Box)
+{
+    QStringList Words;
+    for (const std::string& Text : Options.Item(Index).Proposals())
+        Words << Shown(Text);
+    auto* Completer = new QCompleter(Words, &Box);
+    Completer->setCaseSensitivity(Qt::CaseInsensitive);
+    Completer->setFilterMode(Qt::MatchContains);
+    connect(Completer, qOverload<const QString&>(&QCompleter::activated), this,
+            [this, Index](const QString& Text) { Put(Index, Text); });
+    Box.setCompleter(Completer);
 }
 
 QWidget* fOptionControls::MakeFile(int Index)

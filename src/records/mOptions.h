@@ -75,7 +75,8 @@ struct OptionItem
     OptionRange Range{};
     OptionFault Fault = nullptr;
     std::vector<OptionChoice> Choices{};
-    std::string FileTitle{}; // of the dialog that asks for a file
+    std::vector<std::string> (*Proposals)() = nullptr; // texts that are offered while it is typed
+    std::string FileTitle{};                           // of the dialog that asks for a file
     std::string FileExt{};
     int Row = 0; // in a table
 };

@@ -12,6 +12,14 @@ using enum eOption;
 constexpr double MostInt16 = 32767;
 constexpr const char* Precise = "0.00000000";
 constexpr OptionRange Positive{.Min = 0, .Why = "Less than nothing cannot be used."};
+
+std::vector<std::string> ParamIDs()
+{
+    std::vector<std::string> Names;
+    for (const CalibrRow& Row : gFile.Calibr)
+        Names.push_back(Row.ParamID);
+    return Names;
+}
 } // namespace
 
 void AddLogger(std::vector<OptionGroup>& Groups)
@@ -49,7 +57,8 @@ void AddLogger(std::vector<OptionGroup>& Groups)
            .Kind = Text,
            .Global = &gFile.KeyChanID,
            .Help = "ParamID of the channel that shows where a stroke begins.",
-           .Fault = KeyChanFault},
+           .Fault = KeyChanFault,
+           .Proposals = ParamIDs},
           {.Control = "lbInfo1_4",
            .Label = "Channal #",
            .Kind = Shown,

@@ -183,12 +183,19 @@ TEST_CASE("a word leads to its setting, what is wrong turns red with a reason, a
     CHECK(Shell.Find<QLineEdit>("txtCFHigh").text() == "-50.5");
     CHECK(Shell.Find<QLabel>("lbNote_txtCFLow").text().contains("Low is to be below High"));
 
+    qSurface Other; // of any window that is open
+    int Drawn = 0;
+    Other.Grab();
+    Other.OnResize = [&] { ++Drawn; };
     auto& Sample = Shell.Find<qSurface>("picColours");
     Tabs.setCurrentIndex(static_cast<int>(eOptionPage::Colours));
     const QImage Before = Sample.Grab();
     QTest::mouseDClick(&Shell.Find<QWidget>("lbColorInp_0"), Qt::LeftButton);
     CHECK(gRGB[0] == NewColour);
     CHECK(Sample.Grab() != Before);
+    CHECK(Drawn == 1);
+    Shell.Click("lbLineWd_1");
+    CHECK((gDrawWidth == 2 && Drawn == 2));
     Shell.Press("fOpts", Qt::Key_Escape);
     CHECK(gRGB[0] == NewColour);
     CHECK((gProcRuns == 1 && gCFHigh == 0));
