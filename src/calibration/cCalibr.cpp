@@ -88,6 +88,7 @@ void cCalibr::SetBox(eCalBox Index, const std::string& Text)
 void cCalibr::SetFlag(eCalFlag Index, bool On)
 {
     FlagOf(Index) = On ? 1 : 0;
+    if (Index == FlagAutomatic) SaveSetting("gAutoCalibr"); // which the options show
     if (Index == FlagXisLog || Index == FlagAutoAxes) return mPoints.BeginAxes(Row());
     mTaking.Choose(mChan, Val(mTypedPhys));
 }

@@ -7,6 +7,7 @@
 #include "platform/qt/qText.h"
 #include "widgets/qWorkArea.h"
 
+#include <QCheckBox>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -44,6 +45,7 @@ void fDoCalibr::ShowTexts()
     if (Plain(State->text()) != Calibr.State()) State->setText(Shown(Calibr.State()));
     if (Plain(windowTitle()) != Calibr.Caption()) setWindowTitle(Shown(Calibr.Caption()));
     Buttons[cmdUndo]->setEnabled(Calibr.CanUndo());
+    Flags[FlagAutomatic]->setChecked(Calibr.Flag(FlagAutomatic)); // the options may have set it
 }
 
 void fDoCalibr::DrawAnew()

@@ -32,6 +32,14 @@ std::string ChoiceText(const OptionItem& Item, int32_t Value)
     return {};
 }
 
+// What is shown for a number that an integer or a real has.
+std::string ShownNumber(const OptionItem& Item, double Value)
+{
+    if (Item.Kind == eOption::Check) return Value != 0 ? "1" : "0";
+    if (Item.Kind == eOption::Choice) return ChoiceText(Item, RoundWithin(Value, INT32_MIN, INT32_MAX));
+    return NumberText(Item, Value);
+}
+
 std::string GlobalText(const OptionItem& Item)
 {
     if (Item.Kind == eOption::Port) return PortText();
@@ -42,14 +50,22 @@ std::string GlobalText(const OptionItem& Item)
                 return *Global;
             else if constexpr (std::is_same_v<Type, bool>)
                 return *Global ? "1" : "0";
-            else if constexpr (IsNumber<Type>) {
-                if (Item.Kind == eOption::Check) return *Global != 0 ? "1" : "0";
-                if (Item.Kind == eOption::Choice) return ChoiceText(Item, static_cast<int32_t>(*Global));
-                return NumberText(Item, static_cast<double>(*Global));
-            } else
+            else if constexpr (IsNumber<Type>)
+                return ShownNumber(Item, static_cast<double>(*Global));
+            else
                 return {};
         },
         Item.Global);
+}
+
+// The store's value as it is shown: another program may have changed it. The key mode in use is the session's.
+std::string StoreText(const OptionItem& Item)
+{
+    if (Item.Key.empty() || Item.Global == OptionGlobal(&gKeyMode)) return GlobalText(Item);
+    const Setting& Known = *FindSetting(Item.Key);
+    std::string Stored = gHost.Settings->GetSetting(Known.Section, Known.Key).value_or(Known.Default);
+    if (!IsValidFor(Known, Stored)) Stored = Known.Default;
+    return std::holds_alternative<std::string*>(Item.Global) ? Stored : ShownNumber(Item, Val(Stored));
 }
 
 // What a text stands for, in the global's unit.
@@ -145,9 +161,9 @@ cOptions::cOptions()
     for (const OptionGroup& Group : OptionGroups())
         for (const OptionItem& Item : Group.Items)
             Shown.push_back({&Group, &Item, {}, {}});
-    for (const Entry& Each : Shown)
-        if (!Each.Item->Key.empty()) LoadSetting(Each.Item->Key);
     Fill();
+    for (Entry& Each : Shown)
+        if (!Each.Item->Key.empty()) Each.Text = StoreText(*Each.Item);
 }
 
 void cOptions::Fill()

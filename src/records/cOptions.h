@@ -9,7 +9,7 @@
 class cOptions
 {
 public:
-    /// Reads the settings from the store again, and shows them with those of the session and of the ini file.
+    /// Shows the settings as they are in the store, and those of the session and of the ini file. Changes nothing.
     cOptions();
 
     int Count() const { return static_cast<int>(Shown.size()); }
@@ -64,7 +64,7 @@ private:
         const OptionGroup* Group;
         const OptionItem* Item;
         std::string Text;
-        std::string Filled; // the text when it was shown at first
+        std::string Filled; // the text of the value in memory
     };
 
     void Fill();

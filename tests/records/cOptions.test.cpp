@@ -135,6 +135,20 @@ TEST_CASE_FIXTURE(OptionState, "storing without a change changes nothing, to the
     CHECK(!std::filesystem::exists(Folder.Path("s.bak")));
 }
 
+TEST_CASE_FIXTURE(OptionState, "what another program has stored is shown, and taken when it is stored, not before")
+{
+    gIsTargVals = 1; // in use, and not stored
+    Settings.SaveSetting("General", "gProcRuns", "2");
+    Settings.SaveSetting("General", "gTCPport", "many");
+    cOptions Options;
+    CHECK(Options.Text(Options.Find("txtProcRuns")) == "2");
+    CHECK(Options.Text(Options.Find("txtTCPport")) == "6000");
+    CHECK_FALSE(Options.IsOn("chIsTargVals"));
+    CHECK((gProcRuns == 1 && gIsTargVals == 1));
+    REQUIRE(Options.SaveMain());
+    CHECK((gProcRuns == 2 && gIsTargVals == 0));
+}
+
 TEST_CASE_FIXTURE(OptionState, "what is stored is in memory, in the store, in the ini file and in the session")
 {
     int Heard = 0;
