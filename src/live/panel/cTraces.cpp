@@ -28,7 +28,7 @@ void cTraces::Load(int16_t Source)
 
 void cTraces::Resize()
 {
-    Panel.DrawWidth = gDrawWidth;
+    if (gIsTargCurves == 0) Panel.DrawWidth = gDrawWidth; // which the user may have changed
     Clear();
     for (cData01real& Plot : Plots)
         Plot.SetScales();
