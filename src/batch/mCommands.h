@@ -70,6 +70,7 @@ bool DoProcess(const Args& Line);
 // Derived variables.
 bool DoDerive(const Args& Line);
 bool DoLive(const Args& Line);
+std::string LiveObjection(const Args& Line);
 
 // Patterns and reports.
 bool DoPatterns(const Args& Line);

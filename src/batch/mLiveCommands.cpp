@@ -1,92 +1,24 @@
-// Commands on derived variables: derive, live.
+// The command live: a recording played through a panel without its window.
 #include "batch/mCommands.h"
+#include "batch/mTabText.h"
 
-#include "base/mNumText.h"
 #include "core/mGlobData.h"
 #include "core/mIni.h"
+#include "core/mSettings.h"
 #include "files/mBinIO.h"
 #include "live/catch/cCatch.h"
+#include "live/coach/cCoach.h"
 #include "live/ergo/cErg.h"
 #include "live/rower/cRower.h"
 #include "platform/mHost.h"
 #include "platform/plain/sSurface.h"
-#include "views/play/cData04play.h"
-#include "views/report/cData03report.h"
+#include "records/mTargets.h"
 
 #include <algorithm>
 #include <string_view>
 #include <utility>
 
 namespace {
-constexpr int Digits = 9;
-
-// A table of texts, cells separated by tabs.
-class TabText
-{
-public:
-    explicit TabText(const char* Heads) : Whole(Heads) { Whole += '\n'; }
-
-    TabText& Cell(const std::string& Words)
-    {
-        if (!IsLineStart) Whole += '\t';
-        IsLineStart = false;
-        Whole += Words;
-        return *this;
-    }
-    TabText& Cell(double X) { return Cell(FormatGeneral(X, Digits)); }
-    void EndLine()
-    {
-        Whole += '\n';
-        IsLineStart = true;
-    }
-    const std::string& Text() const { return Whole; }
-
-private:
-    std::string Whole;
-    bool IsLineStart = true;
-};
-
-// Runs the work on a row. A row that cannot be computed is reported and left out.
-template <class Work>
-void ForRow(const ViewRow& View, int Row, const Work& Do)
-{
-    Guard("Row " + FormatNum(Row, "0") + " (" + View.ID + ")", [&] {
-        Do();
-        return true;
-    });
-}
-
-void DeriveReport(TabText& Table)
-{
-    for (int Row = 1; Row <= gFile.View3.UBound(); ++Row)
-        ForRow(gFile.View3[Row], Row, [&] {
-            cData03report Plot;
-            Plot.InitViewID(Row);
-            const std::string& ID = gFile.View3[Row].ID;
-            for (std::size_t k = 0; k < Plot.Xs().size(); ++k) {
-                Table.Cell(Row).Cell(ID).Cell("P").Cell(static_cast<double>(k));
-                Table.Cell(Plot.Xs()[k]).Cell(Plot.Ys()[k]).EndLine();
-            }
-            if (!Plot.Visible()) return;
-            for (const RowValue& Each : Plot.GetFuncs())
-                Table.Cell(Row).Cell(ID).Cell("F").Cell(Each.Key).Cell("").Cell(Each.Value).EndLine();
-        });
-}
-
-void DerivePlay(TabText& Table, int Sample)
-{
-    for (int Row = 1; Row <= gFile.View4.UBound(); ++Row)
-        ForRow(gFile.View4[Row], Row, [&] {
-            cData04play Plot;
-            Plot.InitViewID(Row, Sample);
-            for (std::size_t k = 0; k < Plot.Ys().size(); ++k) {
-                const double Point = static_cast<double>(k);
-                Table.Cell(Row).Cell(gFile.View4[Row].ID).Cell("P").Cell(Point);
-                Table.Cell(Point + 0.5).Cell(Plot.Ys()[k]).EndLine();
-            }
-        });
-}
-
 // The stroke numbers of all rows at a stroke's start.
 void WriteStroke(TabText& Table, int Frame, const cRower& Panel)
 {
@@ -165,6 +97,24 @@ void WriteErg(TabText& Table, int Frame, const cErg& Panel)
     if (Panel.Newest().CF) Line("CF", "CF", Panel.CF());
 }
 
+// What a sample brought to the coach's panel: its clock, then the labels of the table.
+void WriteCoach(TabText& Table, int Frame, const cCoach& Panel)
+{
+    const cCoachClock& Clock = Panel.Clock();
+    const std::pair<const char*, double> Figures[] = {{"Elapsed", Clock.Elapsed()},
+                                                      {"Strokes", Clock.StrokeN()},
+                                                      {"Rate", Clock.RateNow()},
+                                                      {"RateAver", Clock.RateAver()}};
+    for (const auto& [Key, Value] : Figures)
+        if (Panel.IsStart())
+            Table.Cell(Frame).Cell(gSampleTime).Cell("S").Cell(0).Cell(Key).Cell(Value).Cell("").EndLine();
+    for (const CoachPlace& Place : Panel.Changes()) {
+        const CoachCell Cell = Panel.Cell(Place);
+        Table.Cell(Frame).Cell(gSampleTime).Cell("V").Cell(Place.Row + 1).Cell(Place.Column).Cell(Cell.Value);
+        Table.Cell(Cell.Verdict ? std::string(VerdictName(*Cell.Verdict)) : "").EndLine();
+    }
+}
+
 // Frames as a replay takes them: one that the decoder refuses is passed over. Write adds what a frame brought.
 template <class Kind, class Writer>
 bool PlayThrough(const std::string& Path, Kind& Panel, const Writer& Write)
@@ -184,67 +134,65 @@ bool PlayThrough(const std::string& Path, Kind& Panel, const Writer& Write)
     return CloseScanFile();
 }
 
-bool PlayRower(const std::string& Path, TabText& Table)
+bool PlayRower(const Args& Line, TabText& Table)
 {
     sSurface Screen(1000, 600);
     cRower Panel(Screen);
     Panel.Load();
     Panel.InitMode();
     Panel.Resize();
-    return PlayThrough(Path, Panel, [&](int Frame) {
+    return PlayThrough(Line.Files[1], Panel, [&](int Frame) {
         if (Panel.NewStroke()) WriteStroke(Table, Frame, Panel);
     });
 }
 
-bool PlayCatch(const std::string& Path, TabText& Table)
+bool PlayCatch(const Args& Line, TabText& Table)
 {
     sSurface Screen(1000, 600);
     cCatch Panel(Screen);
     Panel.Load();
     cCatch::InitMode();
     Panel.Resize();
-    return PlayThrough(Path, Panel, [&](int Frame) { WriteCatch(Table, Frame, Panel); });
+    return PlayThrough(Line.Files[1], Panel, [&](int Frame) { WriteCatch(Table, Frame, Panel); });
 }
 
-bool PlayErg(const std::string& Path, TabText& Table)
+bool PlayErg(const Args& Line, TabText& Table)
 {
     sSurface Screen(1000, 600);
     cErg Panel(Screen);
     Panel.Load();
     cErg::InitMode();
     Panel.Resize();
-    return PlayThrough(Path, Panel, [&](int Frame) { WriteErg(Table, Frame, Panel); });
+    return PlayThrough(Line.Files[1], Panel, [&](int Frame) { WriteErg(Table, Frame, Panel); });
 }
+
+bool PlayCoach(const Args& Line, TabText& Table)
+{
+    const std::string Targets = Line.Text("--targets", "");
+    gIsTargVals = 0;
+    if (!Targets.empty() && !UseTargets(Targets)) return false;
+    if (Line.Has("--average")) mDisplayMode = DisplayAverage;
+    if (Line.Has("--separate")) mScullMode = ScullSeparate;
+    cCoach Panel;
+    Panel.Load(true);
+    cCoach::InitMode();
+    return PlayThrough(Line.Files[1], Panel, [&](int Frame) { WriteCoach(Table, Frame, Panel); });
+}
+
+constexpr const char* CoachName = "coach";
 
 // A panel that can be played through, with the heads of its table.
 struct PanelKind
 {
     std::string_view Name;
     const char* Heads;
-    bool (*Play)(const std::string& Path, TabText& Table);
+    bool (*Play)(const Args& Line, TabText& Table);
 };
 constexpr PanelKind Panels[] = {{"rower", "Frame\tTime\tStroke\tCycle\tRate\tRateAver\tRow\tID\tKey\tValue", PlayRower},
                                 {"catch", "Frame\tTime\tKind\tKey\tValue\tColour\tLeft", PlayCatch},
-                                {"ergo", "Frame\tTime\tKind\tKey\tValue", PlayErg}};
+                                {"ergo", "Frame\tTime\tKind\tKey\tValue", PlayErg},
+                                {CoachName, "Frame\tTime\tKind\tRow\tKey\tValue\tColour", PlayCoach}};
 } // namespace
-
-bool DoDerive(const Args& Line)
-{
-    if (!LoadSession(Line.Files[0])) return false;
-    const int Sample = FindDesc(gFile, Line.Files[1], DescKey::TestID);
-    if (Sample < 1) {
-        MsgBox("There is no sample " + Line.Files[1] + " in file: " + Line.Files[0], TitleError);
-        return false;
-    }
-    TabText Table("Row\tID\tKind\tKey\tX\tY");
-    if (Line.Text("--view", "3") == "3") {
-        LoadSamplePattern(gFile.Desc[Sample]);
-        DeriveReport(Table);
-    } else {
-        DerivePlay(Table, Sample);
-    }
-    return SaveText(Line.Files[2], Table.Text());
-}
 
 bool DoLive(const Args& Line)
 {
@@ -253,5 +201,13 @@ bool DoLive(const Args& Line)
     const std::string Name = Line.Text("--panel", "rower");
     const auto* Panel = std::ranges::find(Panels, Name, &PanelKind::Name);
     TabText Table(Panel->Heads);
-    return Panel->Play(Line.Files[1], Table) && SaveText(Line.Files[2], Table.Text());
+    return Panel->Play(Line, Table) && SaveText(Line.Files[2], Table.Text());
+}
+
+std::string LiveObjection(const Args& Line)
+{
+    for (const char* Name : {"--targets", "--average", "--separate"})
+        if (Line.Has(Name) && Line.Text("--panel", "rower") != CoachName)
+            return std::string(Name) + " belongs to --panel " + CoachName;
+    return "";
 }

@@ -13,13 +13,23 @@ namespace {
 // The orthonormal polynomial that the recurrence has come to: its values on the points and its power coefficients.
 struct Ortho
 {
-    std::vector<double> P;
-    std::vector<double> Q; // values of the polynomial before
-    std::vector<double> B;
-    std::vector<double> BQ;
+    std::span<double> P;
+    std::span<double> Q; // values of the polynomial before
+    std::span<double> B;
+    std::span<double> BQ;
     double Alpha = 0;
     double Beta = 0;
 };
+
+// Numbers that a fit needs room for.
+constexpr std::size_t RoomOf(std::size_t Points, std::size_t Count)
+{
+    return 3 * Points + 2 * Count;
+}
+
+// Points and coefficients of the fits that need no memory from elsewhere: those of live panels.
+constexpr std::size_t SmallPoints = 8;
+constexpr std::size_t CubicCount = 4;
 
 double Dot(std::span<const double> X, std::span<const double> Y)
 {
@@ -69,10 +79,10 @@ bool Advance(Ortho& Poly, std::span<const double> X)
         const double Next = (X[i] - Poly.Alpha) * Poly.P[i] - Poly.Beta * Poly.Q[i];
         Poly.Q[i] = std::exchange(Poly.P[i], Next);
     }
-    std::vector<double> Next(Poly.B.size());
-    for (std::size_t j = 0; j < Next.size(); ++j)
-        Next[j] = (j > 0 ? Poly.B[j - 1] : 0) - Poly.Alpha * Poly.B[j] - Poly.Beta * Poly.BQ[j];
-    Poly.BQ = std::exchange(Poly.B, std::move(Next));
+    for (std::size_t j = Poly.B.size(); j-- > 0;) { // downward: a coefficient needs the one below it as it was
+        const double Next = (j > 0 ? Poly.B[j - 1] : 0) - Poly.Alpha * Poly.B[j] - Poly.Beta * Poly.BQ[j];
+        Poly.BQ[j] = std::exchange(Poly.B[j], Next);
+    }
     if (NormOf(Poly) <= RoundingNorm(X)) return false;
     Normalise(Poly, X);
     return true;
@@ -82,6 +92,33 @@ bool AreFinite(std::span<const double> Values)
 {
     return std::ranges::all_of(Values, [](double Each) { return std::isfinite(Each); });
 }
+
+// The polynomial with as many coefficients as A has, in Room, which is filled with zeros and large enough for it.
+// Nothing when a result is no finite number; else the sum of squared residuals.
+std::optional<double> FitInto(std::span<double> A, std::span<const double> X, std::span<const double> Y,
+                              std::span<double> Room)
+{
+    const std::size_t Points = X.size();
+    const std::size_t Count = A.size();
+    const std::span<double> Rest = Room.subspan(2 * Points, Points); // residuals
+    Ortho Poly{Room.first(Points), Room.subspan(Points, Points), Room.subspan(3 * Points, Count),
+               Room.subspan(3 * Points + Count, Count)};
+    std::ranges::fill(Poly.P, 1);
+    std::ranges::copy(Y, Rest.begin());
+    Poly.B[0] = 1;
+    Normalise(Poly, X);
+    for (std::size_t k = 0; k < Count; ++k) {
+        if (k > 0 && !Advance(Poly, X)) break;
+        const double C = Dot(Poly.P, Y);
+        for (std::size_t j = 0; j <= k; ++j)
+            A[j] += Poly.B[j] * C;
+        for (std::size_t i = 0; i < Points; ++i)
+            Rest[i] -= Poly.P[i] * C;
+    }
+    const double Squares = Dot(Rest, Rest);
+    if (!std::isfinite(Squares + Poly.Beta) || !AreFinite(A)) return {};
+    return Squares;
+}
 } // namespace
 
 bool PolyFit(std::span<const double> X, std::span<const double> Y, int16_t& Degree, double& Sigma,
@@ -89,23 +126,11 @@ bool PolyFit(std::span<const double> X, std::span<const double> Y, int16_t& Degr
 {
     if (X.size() != Y.size() || X.empty() || Degree < 0) return false;
     const std::size_t Count = static_cast<std::size_t>(Degree) + 1;
-    Ortho Poly{std::vector<double>(X.size(), 1), std::vector<double>(X.size()), std::vector<double>(Count),
-               std::vector<double>(Count)};
-    Poly.B[0] = 1;
-    Normalise(Poly, X);
+    std::vector<double> Room(RoomOf(X.size(), Count));
     std::vector<double> A(Count);
-    std::vector<double> Rest(Y.begin(), Y.end()); // residuals
-    for (std::size_t k = 0; k < Count; ++k) {
-        if (k > 0 && !Advance(Poly, X)) break;
-        const double C = Dot(Poly.P, Y);
-        for (std::size_t j = 0; j <= k; ++j)
-            A[j] += Poly.B[j] * C;
-        for (std::size_t i = 0; i < Rest.size(); ++i)
-            Rest[i] -= Poly.P[i] * C;
-    }
-    const double Squares = Dot(Rest, Rest);
-    if (!std::isfinite(Squares + Poly.Beta) || !AreFinite(A)) return false;
-    Sigma = X.size() > 1 ? std::sqrt(Squares / static_cast<double>(X.size() - 1)) : 0;
+    const auto Squares = FitInto(A, X, Y, Room);
+    if (!Squares) return false;
+    Sigma = X.size() > 1 ? std::sqrt(*Squares / static_cast<double>(X.size() - 1)) : 0;
     Degree = static_cast<int16_t>(Count);
     Coef = std::move(A);
     return true;
@@ -133,10 +158,14 @@ std::array<double, 4> PolyDeriv7(std::span<const double> Coef, double X, double 
 
 double PolyFitAt(std::span<const double> X, std::span<const double> Y, double V)
 {
-    int16_t Degree = 3;
-    double Sigma = 0;
-    std::vector<double> Coef;
-    return PolyFit(X, Y, Degree, Sigma, Coef) ? PolyVal(Coef, V) : 0;
+    if (X.size() != Y.size() || X.empty()) return 0;
+    std::array<double, CubicCount> A{};
+    if (X.size() <= SmallPoints) {
+        std::array<double, RoomOf(SmallPoints, CubicCount)> Room{};
+        return FitInto(A, X, Y, Room) ? PolyVal(A, V) : 0;
+    }
+    std::vector<double> Room(RoomOf(X.size(), CubicCount));
+    return FitInto(A, X, Y, Room) ? PolyVal(A, V) : 0;
 }
 
 std::optional<TwoParameters> Regress2(eRegress Type, std::span<const double> X, std::span<const double> Y)

@@ -22,7 +22,8 @@ double PolyVal(std::span<const double> Coef, double X);
 /// up to three steps H to either side. Throws RunError for a step of 0.
 std::array<double, 4> PolyDeriv7(std::span<const double> Coef, double X, double H);
 
-/// Value at V of the cubic regression of Y on X as PolyFit gives it; 0 where it gives none.
+/// Value at V of the cubic regression of Y on X as PolyFit gives it; 0 where it gives none. Allocates nothing for eight
+/// points or fewer.
 double PolyFitAt(std::span<const double> X, std::span<const double> Y, double V);
 
 /// The curves of Regress2.

@@ -55,9 +55,9 @@ std::vector<Cells> TableLines(std::string_view Text, std::string_view Mark)
     return Lines;
 }
 
-std::optional<std::vector<Cells>> ReadTable(const char* Name, std::string_view Mark, TextEncoding& Encoding)
+std::optional<std::vector<Cells>> ReadTable(const std::string& Path, std::string_view Mark, TextEncoding& Encoding)
 {
-    const auto Bytes = ReadWhole(gAppDir + Name);
+    const auto Bytes = ReadWhole(Path);
     if (!Bytes) return {};
     return TableLines(DecodeText(*Bytes, Encoding, TextPage()), Mark);
 }
@@ -129,6 +129,23 @@ std::vector<TargetRow> TargetsFromGrid(const cGrid& Grid)
         Rows.push_back(TargetFromCells(Grid.Row(Row)));
     return Rows;
 }
+bool ReadTargets(const std::string& Path)
+{
+    TargetTable Table;
+    const auto Lines = ReadTable(Path, TargetsMark, Table.Encoding);
+    if (!Lines) return FileFailed(CantOpen, Path, TitleError);
+    if (!Lines->empty()) Table.Heads = Lines->front();
+    for (std::size_t i = 1; i < Lines->size(); ++i)
+        Table.Rows.push_back(TargetFromCells((*Lines)[i]));
+    gTargets = std::move(Table);
+    return true;
+}
+
+void ReportNoTarget()
+{
+    MsgBox("No Targets were found for the category " + gFile.Sex + gFile.Category + gFile.BoatType + gFile.AgeGroup,
+           TitleTargets);
+}
 } // namespace
 
 void InitTargets()
@@ -136,8 +153,7 @@ void InitTargets()
     LoadSetting("gIsTargVals");
     LoadSetting("gIsTargCurves");
     if (gIsTargVals >= 1 && !(LoadTargets() && ChooseTarget())) {
-        MsgBox("No Targets were found for the category " + gFile.Sex + gFile.Category + gFile.BoatType + gFile.AgeGroup,
-               TitleTargets);
+        ReportNoTarget();
         gIsTargVals = 0;
         // The settings get the switch of the curves: with curves on, the targets are searched again next time.
         gHost.Settings->SaveSetting("Models", "gIsTargVals", FormatNum(gIsTargCurves, "0"));
@@ -149,16 +165,17 @@ void InitTargets()
     }
 }
 
+bool UseTargets(const std::string& Path)
+{
+    if (!ReadTargets(Path)) return false;
+    gIsTargVals = ChooseTarget() ? 1 : 0;
+    if (gIsTargVals == 0) ReportNoTarget();
+    return true;
+}
+
 bool LoadTargets()
 {
-    TargetTable Table;
-    const auto Lines = ReadTable(TargetsName, TargetsMark, Table.Encoding);
-    if (!Lines) return FileFailed(CantOpen, gAppDir + TargetsName, TitleError);
-    if (!Lines->empty()) Table.Heads = Lines->front();
-    for (std::size_t i = 1; i < Lines->size(); ++i)
-        Table.Rows.push_back(TargetFromCells((*Lines)[i]));
-    gTargets = std::move(Table);
-    return true;
+    return ReadTargets(gAppDir + TargetsName);
 }
 
 bool SaveTargets()
@@ -176,7 +193,7 @@ bool SaveTargets()
 bool LoadCurves()
 {
     TextEncoding Encoding;
-    const auto Lines = ReadTable(CurvesName, CurvesMark, Encoding);
+    const auto Lines = ReadTable(gAppDir + CurvesName, CurvesMark, Encoding);
     if (!Lines) return FileFailed(CantOpen, gAppDir + CurvesName, TitleError);
     gCurves.clear();
     for (const Cells& Row : *Lines) {

@@ -47,6 +47,10 @@ void InitTargets();
 /// (reported to the user).
 bool LoadTargets();
 
+/// The same from another file, whose targets are in use from now on; without a row for the session, which is reported
+/// to the user, gIsTargVals is off.
+bool UseTargets(const std::string& Path);
+
 /// Writes gTargets to Targets.ini, values with two decimals. False when that fails (reported to the user): the file is
 /// as it was.
 bool SaveTargets();

@@ -94,15 +94,3 @@ void DrawClipped(iSurface& Surface, const PlotRect& Frame, std::span<const Surfa
     }
     Finish();
 }
-
-int32_t PaperInk(int32_t Colour)
-{
-    constexpr double Lightest = 105; // of 255
-    const double Parts[] = {0.3 * (Colour & 255), 0.59 * ((Colour >> 8) & 255), 0.11 * ((Colour >> 16) & 255)};
-    const double Light = Parts[0] + Parts[1] + Parts[2];
-    if (Light <= Lightest) return Colour;
-    int32_t Ink = 0;
-    for (const int Shift : {0, 8, 16})
-        Ink |= static_cast<int32_t>(RoundHalfEven(((Colour >> Shift) & 255) * Lightest / Light)) << Shift;
-    return Ink;
-}

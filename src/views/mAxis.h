@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/iSurface.h"
+#include "processing/mViewRow.h"
 
 #include <span>
 #include <string>
@@ -31,6 +32,3 @@ std::string TickText(double Value, double Step);
 
 /// Draws the part of a curve that lies in the rectangle. A place that is not finite interrupts it.
 void DrawClipped(iSurface& Surface, const PlotRect& Frame, std::span<const SurfacePlace> Curve);
-
-/// A colour, 0x00BBGGRR, for lines on white paper: one that is too light for it is darkened.
-int32_t PaperInk(int32_t Colour);

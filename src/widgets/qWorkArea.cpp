@@ -57,14 +57,19 @@ bool qWorkArea::CloseAsking()
 
 void qWorkArea::Tile(Qt::Orientation Direction)
 {
+    QList<QMdiSubWindow*> Frames;
+    for (QMdiSubWindow* Frame : subWindowList())
+        if (Frame->isVisible() && !Frame->isMinimized()) Frames.push_back(Frame);
+    Tile(Direction, Frames);
+}
+
+void qWorkArea::Tile(Qt::Orientation Direction, const QList<QMdiSubWindow*>& Frames)
+{
     const bool AsBands = Direction == Qt::Horizontal;
     const QSize Room = viewport()->size();
     const int Long = AsBands ? Room.height() : Room.width();
-    QList<QMdiSubWindow*> Frames;
     QList<int> Needs;
-    for (QMdiSubWindow* Frame : subWindowList()) {
-        if (!Frame->isVisible() || Frame->isMinimized()) continue;
-        Frames.push_back(Frame);
+    for (const QMdiSubWindow* Frame : Frames) {
         const QSize Need = Frame->minimumSizeHint();
         Needs.push_back(AsBands ? Need.height() : Need.width());
     }

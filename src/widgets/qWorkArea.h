@@ -21,6 +21,9 @@ public:
     /// share gets it: of the shares of the others, or, where these have none to spare, lying over them.
     void Tile(Qt::Orientation Direction);
 
+    /// The same for some of the windows, in that order.
+    void Tile(Qt::Orientation Direction, const QList<QMdiSubWindow*>& Frames);
+
 protected:
     void paintEvent(QPaintEvent* Event) override;
 };

@@ -64,6 +64,7 @@ TEST_CASE("wrong usage is answered with a usage line and touches nothing")
         {"process", "single.txt", "a.qvn", "--dist"},
         {"export", "single.txt", "a.qvn", "out.txt", "--filter=yes"},
         {"record", "single.txt", "--tcp", "127.0.0.1:70000", "--out", "a.qvn"},
+        {"live", "single.txt", "a.qvn", "out.tsv", "--separate"},
     };
     const std::string Before = Folder.Bytes("single.txt");
     for (const Words& Line : Lines) {
@@ -294,6 +295,45 @@ TEST_CASE("live writes the stroke numbers of every stroke that the recording hol
     REQUIRE(SaveWhole(Folder.Path("empty.qvn"), ""));
     const Outcome None = Folder.Batch({"live", "single.txt", "empty.qvn", "live.tsv"});
     CHECK((None.Exit == 0 && None.Err.find("no frames") != std::string::npos));
+}
+
+TEST_CASE("live plays the coach's and the catch panel, with targets, means and sculls as the options ask")
+{
+    const Bench Folder;
+    Folder.Record("a.qvn", "1");
+    std::filesystem::copy_file(SOURCE_FOLDER "/demo/Targets.ini", Folder.Path("Targets.ini"));
+    REQUIRE(SaveWhole(Folder.Path("other.ini"), "Targets\r\nID\tG\tS\tW\tB\tA\tV\r\nEnd\r\n"));
+    const char* Coach = "Frame\tTime\tKind\tRow\tKey\tValue\tColour\n";
+    struct Case
+    {
+        Words Options;
+        const char* Head;
+        const char* Line; // of the last stroke
+        const char* Error;
+    };
+    const std::vector<Case> Cases = {
+        {{"coach"}, Coach, "\tV\t1\t4\t724.026309\t\n", ""},
+        {{"coach", "--targets", "Targets.ini"}, Coach, "\tV\t1\t4\t724.026309\tgreen\n", ""},
+        {{"coach", "--targets", "Targets.ini", "--separate"}, Coach, "\tV\t2\t4\t", ""},
+        {{"coach", "--average"}, Coach, "\tV\t1\t4\t690.408373\t\n", ""},
+        {{"coach", "--targets", "other.ini"}, Coach, "\tV\t1\t4\t724.026309\t\n", "No Targets were found"},
+        {{"catch"}, "Frame\tTime\tKind\tKey\tValue\tColour\tLeft\n", "\tCF\tLast\t-", ""}};
+    for (const Case& Each : Cases) {
+        Words Line = {"--set",      "gSeatChan=23", "--set", "gTrunkChan=24", "live",
+                      "single.txt", "a.qvn",        "o.tsv", "--panel"};
+        Line.insert(Line.end(), Each.Options.begin(), Each.Options.end());
+        CAPTURE(Each.Line);
+        const Outcome Live = Folder.Batch(Line);
+        const std::string Text = Folder.Bytes("o.tsv");
+        CHECK(Live.Exit == 0);
+        CHECK(Text.starts_with(Each.Head));
+        CHECK(Text.find(Each.Line) != std::string::npos);
+        CHECK(Live.Err.find(Each.Error) != std::string::npos);
+        CHECK(Live.Err.empty() == std::string(Each.Error).empty());
+    }
+    CHECK(Folder.Batch({"live", "single.txt", "a.qvn", "none.tsv", "--panel", "coach", "--targets", "none.ini"}).Exit ==
+          1);
+    CHECK(Folder.Bytes("none.tsv") == "(none)");
 }
 
 TEST_CASE("the patterns of a sample come as a table, as they stand in the session file, and only those of a sample")

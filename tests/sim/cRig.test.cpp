@@ -12,7 +12,7 @@
 namespace {
 constexpr const char* Bowed = "H1=0,150,300,450,600,450,300,150,hold=1,ramp=1,noise=2,hyst=4,bend=5,wave=1,q1=0.09,"
                               "q0=-140,calibrator=H2";
-constexpr int H1 = 18, H2 = 26;
+constexpr int H1 = 18, H2 = 26, A1 = 19, A2 = 27;
 
 SimOptions Recorded(const TempFolder& Folder, const char* Rig)
 {
@@ -122,7 +122,7 @@ TEST_CASE_FIXTURE(FreshState, "a line, two curves and a reference table come clo
     const SimOptions Bent =
         Recorded(Folder, "A1=-60,40,hold=0,ramp=16,noise=2,bend=5,wave=1,q0=-80,q1=0.01,calibrator=A2");
     RefTable Table;
-    CHECK(BuildRefTable(PointsOf(Bent, 17, 25), -56, 36, Table) == 0);
+    CHECK(BuildRefTable(PointsOf(Bent, A1, A2), -56, 36, Table) == 0);
     const cRig Oar(Bent.Logger.Rigs[0], gFile, 16383);
     double OffTable = 0;
     for (std::size_t i = 0; i <= RefTable::MaxRow; ++i)

@@ -91,6 +91,7 @@ TEST_CASE_FIXTURE(CatchWindow,
         CHECK(Label(Name) == FormatNum(Value, Format));
         const auto& Seen = Find<QLabel>(Name);
         CHECK(QFontMetrics(Seen.font()).horizontalAdvance(Seen.text()) <= Seen.width());
+        CHECK(QFontMetrics(Seen.font()).height() <= Seen.height());
         CHECK(Seen.isEnabled());
     }
     // 27 ms is late at a rate of 30, where up to 6 ms is good: red, and to the right of the good zone.

@@ -20,6 +20,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <vector>
 
 namespace {
 fCheckChans& ShowIndicators(frmMain& Main, const WindowArgs& Args = {})
@@ -170,6 +171,16 @@ void SampleRower(frmMain& Main)
 void SampleCatch(frmMain& Main)
 {
     OpenWindow(Main, "fData01Catch");
+}
+
+void SampleAllPanels(frmMain& Main)
+{
+    SampleRower(Main);
+    std::vector<QWidget*> Panels;
+    for (const char* Name : {"fData01real", "fData01Coach", "fData01Catch"})
+        if (QWidget* Panel = OpenWindow(Main, Name, {.OpensLink = false, .ChoosesTargets = false}))
+            Panels.push_back(Panel);
+    Main.PlaceBeside(Panels);
 }
 
 void LogChannels(frmMain&)

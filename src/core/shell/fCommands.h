@@ -30,6 +30,7 @@ void ViewScannedFile(frmMain& Main);
 
 void SampleRower(frmMain& Main);
 void SampleCatch(frmMain& Main);
+void SampleAllPanels(frmMain& Main);
 void LogChannels(frmMain& Main);
 void ReadLog(frmMain& Main);
 void PlayRawRower(frmMain& Main);

@@ -9,7 +9,6 @@ namespace {
 // Why an entry is there and cannot be chosen.
 constexpr const char* WithOptions = "Comes with the options";
 constexpr const char* WithGrid = "Comes with the record grid";
-constexpr const char* WithPanels = "Comes with the live panels";
 constexpr const char* WithPlay = "Comes with the play view";
 constexpr const char* WithVideo = "Comes with the video windows";
 constexpr const char* NotUsed = "Not in use";
@@ -53,10 +52,10 @@ constexpr MenuItem Items[] = {
 
     {"mnuSample", "mnuSampleRower", "&Rower's Panel", nullptr, SampleRower, nullptr},
     {"mnuSample", "mnuSampleCatch", "&Catch Training", nullptr, SampleCatch, nullptr},
-    {"mnuSample", "mnuSampleCoach", "C&oach's Panel", nullptr, nullptr, WithPanels},
+    {"mnuSample", "mnuSampleCoach", "C&oach's Panel", nullptr, nullptr, nullptr, "fData01Coach"},
     {"mnuSample", "mnuSampleErgo", "&Ergometer", nullptr, nullptr, nullptr, "fData01RP3"},
     {"mnuSample", "mnuSampleMonitor", "Performance &Monitor", nullptr, nullptr, nullptr, "fPMI"},
-    {"mnuSample", "mnuSampleTwoPanels", "&All Panels", nullptr, nullptr, WithPanels},
+    {"mnuSample", "mnuSampleTwoPanels", "&All Panels", nullptr, SampleAllPanels, nullptr},
 
     {"mnuView", "mnuViewQVN", "Read Skarvelin file", nullptr, ViewLoggerFile, nullptr},
     {"mnuView", "mnuViewScanQVN", "Scan Skarvelin file", nullptr, ViewScannedFile, nullptr},

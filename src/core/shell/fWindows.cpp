@@ -15,6 +15,7 @@
 #include "ergometer/fPMI.h"
 #include "files/mRawLog.h"
 #include "live/catch/fData01Catch.h"
+#include "live/coach/fData01Coach.h"
 #include "live/ergo/fData01RP3.h"
 #include "live/rower/fData01real.h"
 #include "platform/mHost.h"
@@ -141,6 +142,7 @@ constexpr WindowKind Windows[] = {
     {"fData01real", "The rower's panel", MakePanel<fData01real>, One, Kept, NeedsLink | NeedsTargets, "fData01real"},
     {"fData01Catch", "The catch training panel", MakePanel<fData01Catch>, One, Kept, NeedsLink | NeedsTargets,
      "fData01Catch"},
+    {"fData01Coach", "The coach's panel", MakePanel<fData01Coach>, One, Kept, NeedsLink | NeedsTargets, "fData01Coach"},
     {"fData01RP3", "The ergometer panel", MakePanel<fData01RP3>, One, Kept, NeedsTargets, "fData01RP3"},
     {"fPMI", "The performance monitor", Make<fPMI>, One, Kept, NeedsNothing, "fPMI", "", {860, 560}},
     {"fData02view", "The data view", MakeDataView, OneAnew, Kept, NeedsNothing, "fData02view"},
@@ -204,7 +206,7 @@ void Show(frmMain& Main, const WindowKind& Row, const WindowArgs& Args, QWidget&
 
 QWidget* MakeAndShow(frmMain& Main, const WindowKind& Row, const WindowArgs& Args)
 {
-    if (Row.Needs & NeedsTargets) InitTargets(); // what it reports stands ahead of the window
+    if ((Row.Needs & NeedsTargets) && Args.ChoosesTargets) InitTargets(); // what it reports stands ahead of the window
     QWidget* Made = nullptr;
     Guard(Row.Title, [&] { return (Made = Row.Make(Main, Args)) != nullptr; });
     if (!Made) return nullptr;

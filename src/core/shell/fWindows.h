@@ -19,7 +19,8 @@ struct WindowArgs
     int16_t Sample = 0; // row of gFile.Desc
     int32_t First = 0;  // samples of gRaw
     int32_t Last = 0;
-    bool OpensLink = true; // false: a file is played, or the link is open
+    bool OpensLink = true;      // false: a file is played, or the link is open
+    bool ChoosesTargets = true; // false: they were chosen for a window before it
 };
 
 enum class eCount

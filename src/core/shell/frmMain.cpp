@@ -171,6 +171,17 @@ void frmMain::Tile(Qt::Orientation Direction)
     Area->Tile(Direction);
 }
 
+void frmMain::PlaceBeside(const std::vector<QWidget*>& Windows)
+{
+    QList<QMdiSubWindow*> Frames;
+    for (QWidget* Window : Windows)
+        for (QMdiSubWindow* Frame : Area->subWindowList())
+            if (Frame->widget() == Window) Frames.push_back(Frame);
+    Area->Tile(Qt::Vertical, Frames);
+    for (auto Window = Windows.rbegin(); Window != Windows.rend(); ++Window)
+        Activate(**Window);
+}
+
 // A place kept on a screen that is gone would hide the window, so it is moved onto one that is there.
 void frmMain::PlaceWindow()
 {

@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 class QAction;
 class QProgressBar;
@@ -45,6 +46,9 @@ public:
 
     /// Fills the area: Horizontal as bands across it, Vertical side by side.
     void Tile(Qt::Orientation Direction);
+
+    /// Puts these windows of the area side by side in front of the others, the first one on the left.
+    void PlaceBeside(const std::vector<QWidget*>& Windows);
 
     /// Shows toolbar and status bar as their menu entries are checked.
     void ShowBars();

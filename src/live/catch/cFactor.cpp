@@ -7,12 +7,6 @@ namespace {
 constexpr double RateOfRange = 20; // strokes per minute at which a range holds as it is set
 } // namespace
 
-std::string_view VerdictName(eVerdict Verdict)
-{
-    constexpr std::string_view Names[] = {"green", "blue", "red"};
-    return Names[static_cast<std::size_t>(Verdict)];
-}
-
 FactorRange FactorRange::AtRate(double Rate, double Slope) const
 {
     const double Shift = (Rate - RateOfRange) * Slope;

@@ -1,20 +1,10 @@
 // A factor of the catch panel: its good range, which may follow the stroke rate, its place on the bar, its average.
 #pragma once
 
+#include "live/panel/mVerdict.h"
+
 #include <cstdint>
 #include <optional>
-#include <string_view>
-
-/// How a factor is judged.
-enum class eVerdict
-{
-    Green,
-    Blue,
-    Red
-};
-
-/// "green", "blue" or "red".
-std::string_view VerdictName(eVerdict Verdict);
 
 /// The range that is good, and how far the bar reaches beyond it.
 struct FactorRange

@@ -2,7 +2,6 @@
 #include "live/catch/fData01Catch.h"
 
 #include "base/mNumText.h"
-#include "core/mIni.h"
 #include "core/mModes.h"
 #include "core/mSettings.h"
 #include "platform/qt/qText.h"
@@ -16,6 +15,7 @@ namespace {
 constexpr double ValueShare = 0.085; // of the panel's height
 constexpr double CaptionShare = 0.030;
 constexpr double ShareByWidth = 0.66; // letters are no higher than this part of their share of the panel's width
+constexpr double WidestValue = 4.2;   // letters' heights that "-199.9" is wide
 constexpr int LeastPixels = 8;
 constexpr int Seconds = 60; // in a minute
 
@@ -64,13 +64,11 @@ void SetText(QLabel& Label, double Value, const char* Format)
 }
 } // namespace
 
-fData01Catch::fData01Catch()
-    : fPanel("fData01Catch", "Catch Training", SourceFrames), PB(new qSurface(Body)), Panel(*PB)
+fData01Catch::fData01Catch() : fCurvePanel("fData01Catch", "Catch Training", SourceFrames, "PB")
 {
-    PB->setObjectName("PB");
     auto* Middle = new QHBoxLayout;
     Middle->setSpacing(8);
-    Middle->addWidget(PB, 9);
+    Middle->addWidget(Surface, 9);
     Middle->addLayout(BuildFigures(), 11);
     auto* Layout = new QVBoxLayout(Body);
     Layout->setContentsMargins(6, 2, 6, 6);
@@ -78,13 +76,10 @@ fData01Catch::fData01Catch()
     Layout->addLayout(BuildTop());
     Layout->addLayout(Middle, 1);
     Body->setToolTip("F11 fills the screen and comes back, Space holds a replay, Esc closes the panel");
-    AddFading(*PB);
     InitLabels();
-    PB->SetBackground(gBackground);
     Panel.Load();
     cCatch::InitMode();
     SetMargins();
-    PB->OnResize = [this] { Panel.Resize(); };
     Begin();
 }
 
@@ -179,12 +174,15 @@ void fData01Catch::SetMargins()
 
 void fData01Catch::FitLabels(QSize Size)
 {
+    Body->layout()->activate();
     for (const auto& [Label, Share] : Sized) {
         QFont Letters = Label->font();
-        const double Height = std::min(Size.height() * Share, Size.width() * Share * ShareByWidth);
+        double Height = std::min(Size.height() * Share, Size.width() * Share * ShareByWidth);
+        if (Share == ValueShare) Height = std::min(Height, Label->width() / WidestValue);
         Letters.setPixelSize(std::max(LeastPixels, static_cast<int>(Height)));
         Label->setFont(Letters);
-        if (Share == ValueShare) Label->setFixedHeight(Label->sizeHint().height());
+        // That of the letters, since a value may still be empty; rounding may cost the label a pixel.
+        if (Share == ValueShare) Label->setFixedHeight(QFontMetrics(Letters).height() + 1);
     }
 }
 

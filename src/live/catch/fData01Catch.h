@@ -4,8 +4,7 @@
 
 #include "live/catch/cCatch.h"
 #include "live/catch/fFactorBar.h"
-#include "live/panel/fPanel.h"
-#include "platform/qt/qSurface.h"
+#include "live/panel/fCurvePanel.h"
 
 #include <array>
 #include <vector>
@@ -14,17 +13,13 @@ class QGridLayout;
 class QLabel;
 class QLayout;
 
-class fData01Catch : public fPanel
+class fData01Catch : public fCurvePanel<cCatch>
 {
 public:
     /// The targets are those that InitTargets has chosen.
     fData01Catch();
 
-    void TakeSample() override { Panel.TakeSample(); }
-    void NewRun() override { Panel.NewRun(); }
-
 protected:
-    void DrawPanel() override { Panel.DrawData(); }
     void ShowLabels() override;
     void LoadSession() override;
     void FitLabels(QSize Size) override;
@@ -58,8 +53,6 @@ private:
     };
 
     std::vector<SizedLabel> Sized;
-    qSurface* PB;
-    cCatch Panel;
     std::array<QLabel*, 2> lbData{}; // minutes, seconds
     QLabel* lbStrokeN = nullptr;
     std::array<QLabel*, 2> lbRate{};

@@ -6,8 +6,9 @@
 #include <algorithm>
 
 namespace {
-constexpr double MarkOffset = 0.3; // of its height, from its left edge to the value
-constexpr double ZoneTop = 0.2;    // of the bar's height, above and below the zones: the mark is higher than they are
+constexpr double MarkOffset = 0.3;  // of its height, from its left edge to the value
+constexpr double MarkHeight = 0.16; // at most, of the bar's width: the zones below it stay to be seen
+constexpr double ZoneTop = 0.2;     // of the bar's height, above and below the zones: the mark is higher than they are
 
 QFrame* NewBox(QWidget* Parent, const QString& Name, const char* Colour)
 {
@@ -59,7 +60,8 @@ void fFactorBar::PlaceMark()
 {
     Mark->setVisible(Place.has_value());
     if (!Place) return;
-    const double Offset = MarkOffset * height();
+    const int Height = std::min(height(), static_cast<int>(MarkHeight * width()));
+    const double Offset = MarkOffset * Height;
     const double At = std::clamp(*Place, 0.0, 1.0) * width();
-    Mark->setGeometry(static_cast<int>(At - Offset), 0, static_cast<int>(2 * Offset), height());
+    Mark->setGeometry(static_cast<int>(At - Offset), (height() - Height) / 2, static_cast<int>(2 * Offset), Height);
 }

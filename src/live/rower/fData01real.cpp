@@ -1,8 +1,6 @@
 // Labels and plots of the rower's panel.
 #include "live/rower/fData01real.h"
 
-#include "core/mIni.h"
-
 #include <QVBoxLayout>
 
 namespace {
@@ -12,21 +10,16 @@ constexpr ReadoutShape Shapes[] = {{"lbData_0", "lbLabs_0", "Time (s)", 4},
 } // namespace
 
 fData01real::fData01real(int16_t InitSource, const std::string& RawPath)
-    : fPanel("fData01real", "Rower's Panel", InitSource), Readouts(new fReadouts(Body, Shapes)),
-      Surface(new qSurface(Body)), Panel(*Surface)
+    : fCurvePanel("fData01real", "Rower's Panel", InitSource, "picPanel"), Readouts(new fReadouts(Body, Shapes))
 {
-    Surface->setObjectName("picPanel");
     auto* Layout = new QVBoxLayout(Body);
     Layout->setContentsMargins(0, 0, 0, 0);
     Layout->setSpacing(0);
     Layout->addWidget(Readouts);
     Layout->addWidget(Surface, 1);
     AddReadouts(*Readouts);
-    AddFading(*Surface);
-    Surface->SetBackground(gBackground);
     Panel.Load(Source);
     Panel.InitMode(RawPath);
-    Surface->OnResize = [this] { Panel.Resize(); };
     Begin();
 }
 
