@@ -15,7 +15,7 @@ namespace {
 constexpr double ValueShare = 0.085; // of the panel's height
 constexpr double CaptionShare = 0.030;
 constexpr double ShareByWidth = 0.66; // letters are no higher than this part of their share of the panel's width
-constexpr double WidestValue = 4.2;   // letters' heights that "-199.9" is wide
+constexpr double LetterWidth = 0.7;   // of its height
 constexpr int LeastPixels = 8;
 constexpr int Seconds = 60; // in a minute
 
@@ -64,12 +64,12 @@ void SetText(QLabel& Label, double Value, const char* Format)
 }
 } // namespace
 
-fData01Catch::fData01Catch() : fCurvePanel("fData01Catch", "Catch Training", SourceFrames, "PB")
+fData01Catch::fData01Catch()
+    : fCurvePanel("fData01Catch", "Catch Training", SourceFrames, "PB"), Middle(new QBoxLayout(QBoxLayout::LeftToRight))
 {
-    auto* Middle = new QHBoxLayout;
     Middle->setSpacing(8);
-    Middle->addWidget(Surface, 9);
-    Middle->addLayout(BuildFigures(), 11);
+    Middle->addWidget(Surface);
+    Middle->addLayout(BuildFigures());
     auto* Layout = new QVBoxLayout(Body);
     Layout->setContentsMargins(6, 2, 6, 6);
     Layout->setSpacing(2);
@@ -90,13 +90,14 @@ QLabel* fData01Catch::AddLabel(const char* Name, double Share)
     Label->setAlignment(Qt::AlignCenter);
     Label->setMinimumWidth(1);
     Label->setWordWrap(Share == CaptionShare);
-    Sized.push_back({Label, Share});
+    Sized.push_back({Label, Share, ValueLetters});
     return Label;
 }
 
-QLabel* fData01Catch::AddValue(const QString& Name)
+QLabel* fData01Catch::AddValue(const QString& Name, int Letters)
 {
     QLabel* Label = AddLabel(Plain(Name).c_str(), ValueShare);
+    Sized.back().Letters = Letters;
     SetColour(*Label, "black");
     AddFading(*Label);
     return Label;
@@ -107,11 +108,11 @@ QLayout* fData01Catch::BuildTop()
     auto* Row = new QHBoxLayout;
     Row->addWidget(AddLabel("lbTime", CaptionShare), 2);
     for (std::size_t i = 0; i < lbData.size(); ++i) {
-        Row->addWidget(lbData[i] = AddValue(QString("lbData_%1").arg(i)), 2);
+        Row->addWidget(lbData[i] = AddValue(QString("lbData_%1").arg(i), 2), 2);
         Row->addWidget(AddLabel(i == 0 ? "lbMin" : "lbSec", CaptionShare), 1);
     }
     Row->addWidget(AddLabel("lbStrokes", CaptionShare), 3);
-    Row->addWidget(lbStrokeN = AddValue("lbStrokeN"), 3);
+    Row->addWidget(lbStrokeN = AddValue("lbStrokeN", 3), 3);
     return Row;
 }
 
@@ -172,13 +173,23 @@ void fData01Catch::SetMargins()
     Finish.Bar->SetMargin(gFFmarg);
 }
 
+// In a high and narrow panel, as beside others, the figures stand below the curves.
+void fData01Catch::Arrange(QSize Size)
+{
+    const bool IsHigh = Size.height() > Size.width();
+    Middle->setDirection(IsHigh ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    Middle->setStretch(0, IsHigh ? 2 : 9);
+    Middle->setStretch(1, IsHigh ? 3 : 11);
+    Body->layout()->activate();
+}
+
 void fData01Catch::FitLabels(QSize Size)
 {
-    Body->layout()->activate();
-    for (const auto& [Label, Share] : Sized) {
+    Arrange(Size);
+    for (const auto& [Label, Share, Count] : Sized) {
         QFont Letters = Label->font();
         double Height = std::min(Size.height() * Share, Size.width() * Share * ShareByWidth);
-        if (Share == ValueShare) Height = std::min(Height, Label->width() / WidestValue);
+        if (Share == ValueShare) Height = std::min(Height, Label->width() / (LetterWidth * Count));
         Letters.setPixelSize(std::max(LeastPixels, static_cast<int>(Height)));
         Label->setFont(Letters);
         // That of the letters, since a value may still be empty; rounding may cost the label a pixel.

@@ -9,6 +9,7 @@
 #include <array>
 #include <vector>
 
+class QBoxLayout;
 class QGridLayout;
 class QLabel;
 class QLayout;
@@ -26,6 +27,8 @@ protected:
     void Closing() override { cCatch::Unload(); }
 
 private:
+    static constexpr int ValueLetters = 6; // "-199.9"
+
     // A factor's row: last stroke, average, and the bar below them.
     struct FactorRow
     {
@@ -39,7 +42,8 @@ private:
     FactorRow AddFactor(QGridLayout& Grid, const char* Caption, const char* Value, const char* Bar,
                         const std::array<const char*, 3>& Colours);
     QLabel* AddLabel(const char* Name, double Share);
-    QLabel* AddValue(const QString& Name);
+    QLabel* AddValue(const QString& Name, int Letters = ValueLetters);
+    void Arrange(QSize Size);
     void InitLabels();
     void SetMargins();
     static void ShowFactor(const FactorRow& Row, const std::optional<FactorShown>& Factor, const char* AverageFormat,
@@ -50,8 +54,10 @@ private:
     {
         QLabel* Label;
         double Share;
+        int Letters; // that a value has, at most
     };
 
+    QBoxLayout* Middle; // curves and figures
     std::vector<SizedLabel> Sized;
     std::array<QLabel*, 2> lbData{}; // minutes, seconds
     QLabel* lbStrokeN = nullptr;
