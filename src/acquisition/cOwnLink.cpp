@@ -138,6 +138,7 @@ void cOwnLink::Connect()
 void cOwnLink::Opened()
 {
     WasOpen = true;
+    Tried = LinkName(); // another port may have been found
     FromPort.Begin();
     FromSocket.Begin();
     Port.RThreshold = FrameMin();

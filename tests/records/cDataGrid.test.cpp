@@ -3,7 +3,7 @@
 #include "core/mIni.h"
 #include "records/mAntro.h"
 
-TEST_CASE("a text that the file has longer than its field stays whole, in its row and in others; a new one is measured")
+TEST_CASE("a text that the file has longer than its field stays whole, in its row and in others, and a new one is measured")
 {
     OpenedDemo Demo;
     gFile.Crew[1].Name = "A name of more than thirty characters";
@@ -89,7 +89,7 @@ TEST_CASE("a sample takes its patterns along when it is renamed, and they go wit
     }
 }
 
-TEST_CASE("the rowers' database is made, filled and read; a rower who is known is asked about")
+TEST_CASE("the rowers' database is made, filled and read, and a rower who is known is asked about")
 {
     OpenedDemo Demo;
     gRowersDBFN = Demo.Folder.Path("rowers.txt");

@@ -99,7 +99,8 @@ TEST_CASE("the ergometer panel finds strokes, forces, work and turns as they wer
                 return Finish >= Row[FinishT] + 0.99 * Step && Finish <= Row[FinishT] + 3.01 * Step;
             });
             if (True == Truth.end()) continue; // ahead of the first boundary or behind the last one
-            CAPTURE(++Compared);
+            ++Compared;
+            CAPTURE(Compared);
             const ErgStroke& Stroke = Found.Strokes[i];
             CHECK(std::fabs(Stroke.DriveTime - (*True)[DriveT]) <= 1.01 * Step);
             CHECK(std::fabs(Stroke.Length - (*True)[Length]) <= 0.001 + 8 * Step * Step);
