@@ -35,14 +35,15 @@ const SessionPar Pars[SessionParCnt] = {
 // The letters of a form beside those of a session.
 struct LetterField
 {
+    const char* Name;
     std::string SessionForm::*InForm;
     std::string DataFile::*InFile;
 };
 constexpr LetterField Letters[] = {
-    {&SessionForm::Sex, &DataFile::Sex},
-    {&SessionForm::Category, &DataFile::Category},
-    {&SessionForm::BoatType, &DataFile::BoatType},
-    {&SessionForm::AgeGroup, &DataFile::AgeGroup},
+    {"gender", &SessionForm::Sex, &DataFile::Sex},
+    {"category", &SessionForm::Category, &DataFile::Category},
+    {"boat type", &SessionForm::BoatType, &DataFile::BoatType},
+    {"age group", &SessionForm::AgeGroup, &DataFile::AgeGroup},
 };
 
 struct TextField
@@ -88,6 +89,16 @@ std::string Proposal(const SessionPar& Par, const SessionTemplate* Template)
     if (!Template || !IsNumber(Par)) return {};
     const std::string Text = ParText(Par, Template->Setup);
     return TypedNumber(Text) == 0.0 ? "" : Text;
+}
+
+// A reminder of the groups without a choice, which leave their field empty.
+std::string NotChosen(const SessionForm& Form)
+{
+    std::string Names;
+    for (const LetterField& Each : Letters)
+        if ((Form.*Each.InForm).empty() && (gFile.*Each.InFile).empty())
+            Names.append(Names.empty() ? "" : ", ").append(Each.Name);
+    return Names.empty() ? "" : " Targets are found by what is not chosen: " + Names + ".";
 }
 
 bool StartBlank(const std::string& Path, DataFile New, const std::string& RefFolder)
@@ -218,7 +229,7 @@ std::vector<FormFault> CheckSession(const SessionForm& Form, eSessionMode Mode)
 
 std::string SessionPlan(const SessionForm& Form, eSessionMode Mode)
 {
-    if (MakesFile(Mode)) return NewFilePlan(FormPath(Form, Mode));
+    if (MakesFile(Mode)) return NewFilePlan(FormPath(Form, Mode)) + NotChosen(Form);
     const bool IsMoved = ParseDate(Form.Date) != gFile.SessDate && gFile.SessDate != 0;
     return IsMoved ? "The session's date, " + LongDate(gFile.SessDate) + ", becomes the one above." : "";
 }

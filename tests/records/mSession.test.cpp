@@ -121,6 +121,9 @@ TEST_CASE_FIXTURE(SessionState, "identifier and path follow what is typed, and w
         CHECK(Names(CheckSession(Form, SessionNew)) == Each.Faults);
     }
     SessionForm Form = Typed(SessionNew);
+    CHECK(SessionPlan(Form, SessionNew).ends_with("as it was saved last."));
+    gFile.AgeGroup = Form.AgeGroup = "";
+    CHECK(SessionPlan(Form, SessionNew).ends_with("by what is not chosen: age group."));
     Form.SessNum = std::string(300, '9');
     Form.Pars[0] = "warm";
     Form.Pars[5] = "14,5";
