@@ -4,10 +4,12 @@
 #include "acquisition/cOwnLink.h"
 #include "acquisition/mComFast.h"
 #include "acquisition/mSlaveSetUp.h"
+#include "base/mError.h"
 #include "base/mNumText.h"
 #include "core/mGlobData.h"
 #include "core/mModes.h"
 #include "core/mSettings.h"
+#include "files/mTextIO.h"
 #include "platform/mHost.h"
 
 #include <algorithm>
@@ -23,6 +25,14 @@ std::string SpeedText()
 {
     const std::string Line = LineOfModel();
     return Line.substr(0, Line.find(','));
+}
+
+// A session without samples is going to have those of the new rate.
+void FollowRate()
+{
+    if (gCurFile.empty() || gFile.Desc.UBound() > 0) return;
+    gFile.TimeStep = SafeDiv(1, gDataFreq);
+    WriteSession();
 }
 } // namespace
 
@@ -83,6 +93,7 @@ void cLoggerSetUp::Apply(eLoggerSetting Which, int Choice)
     if (IsOfDevices || !IsStored(Which, Choice) || IsKnownOther) {
         Set(CommandFor(Which, Choice), SettingOf(Which).Key);
         if (!IsStored(Which, Choice)) StoreChoice(Which, Choice);
+        if (Which == SettingFreq) FollowRate();
     }
     SaveSetting(SettingOf(Which).Store);
     AskFor(SettingOf(Which).Key);
