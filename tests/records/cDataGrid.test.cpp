@@ -3,7 +3,8 @@
 #include "core/mIni.h"
 #include "records/mAntro.h"
 
-TEST_CASE("a text that the file has longer than its field stays whole, in its row and in others, and a new one is measured")
+TEST_CASE(
+    "a text that the file has longer than its field stays whole, in its row and in others, and a new one is measured")
 {
     OpenedDemo Demo;
     gFile.Crew[1].Name = "A name of more than thirty characters";
