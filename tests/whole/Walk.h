@@ -71,6 +71,12 @@ public:
         Former = std::move(Calls);
     }
 
+    /// Takes down a line of a window when it has changed; What names its place there.
+    void NoteNew(const std::string& What, const std::string& Line)
+    {
+        if (std::exchange(Shown[What], Line) != Line) Lines.push_back("  " + Line);
+    }
+
     /// Starts a program anew and opens a session in it.
     void Open(const std::string& Session)
     {
@@ -193,6 +199,7 @@ private:
 
     std::filesystem::path Before = std::filesystem::current_path();
     std::map<std::string, std::string> Files;
+    std::map<std::string, std::string> Shown;
     std::map<const SurfaceLog*, Texts> Drawn;
     std::set<std::string> Known; // lines of all of them so far
 };

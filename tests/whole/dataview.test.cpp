@@ -12,7 +12,6 @@ struct Desk : Walk
 
     using Command = cData02view::Command;
     std::size_t Wide = 7; // columns of drawings that are summed up
-    std::string Words, Numbers;
 
     Desk() { FewLines = 8; }
 
@@ -21,8 +20,7 @@ struct Desk : Walk
     {
         std::string Line = View.Caption() + " | " + View.PointerText + " | " + View.Inputs[0] + " " + View.Inputs[1] +
                            (View.IsEdited ? " edited" : "") + (View.IsStrip() ? " strip" : "");
-        if (std::exchange(Words, Line) != Line) Lines.push_back(Line);
-        Line.clear();
+        NoteNew("words", std::exchange(Line, {}));
         for (const ViewNumber& Each : View.Numbers.Selected)
             Line += Each.Text + (Each.IsCurrent ? " " : "(old) ");
         for (const std::string& Each : View.Numbers.AtCursor)
@@ -33,8 +31,8 @@ struct Desk : Walk
               cDataRange::ScrollPage(), gRaw.UBound(), View.Nav.FirstRow, View.Nav.LastRow, View.Nav.Cursor})
             Line += " " + FormatNum(X, "0");
         Line += " " + View.Numbers.LoggedAtCursor + (Range.IsOpen() ? " open" : "");
-        if (std::exchange(Numbers, Line) != Line) Lines.push_back(Line);
-        if (View.HasStrokeTable()) Lines.push_back(View.StripText());
+        NoteNew("numbers", Line);
+        if (View.HasStrokeTable()) NoteNew("strip", View.StripText());
         NoteDrawing("plot", PlotLog, 4, Wide);
         NoteDrawing("strip", StripLog, 4, Wide);
         NoteTold();

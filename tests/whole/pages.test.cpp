@@ -97,15 +97,16 @@ TEST_CASE("derived variables of every operation and their axes are those of the 
     LoadSamplePattern(gFile.Desc[1]);
     ViewRow& Row3 = gFile.View3[1];
     ViewRow& Row4 = gFile.View4[1];
+    cData04play Play;
     for (int16_t Oper = -1; Oper <= 14; ++Oper)
         for (const char* Arguments : {"A1,A1", "A1,H1,A1", "T1,S1,T1,H1,H2", "A1,A2,Acc,G1,G2", "None,V1,None,V2,Roll",
                                       "S1,Vs,Dist,Lat,Lon,In3", "Acc,AccZ,AccY", "", "A1"}) {
             Row3.Oper = Row4.Oper = Oper;
             Row3.Arguments = Row4.Arguments = Arguments;
             const std::string What = FormatNum(Oper, "0") + " " + Arguments;
+            cData03report Plot; // taken twice: nothing of the first row stays
             for (const int16_t Mode : {RowOverPosition, RowOverArgument}) {
                 Row3.Mode = Mode;
-                cData03report Plot;
                 NoteRow(Walking, What + " " + AxisText(QuantityX(Row3)) + " | " + AxisText(QuantityY(Row3)) + " |",
                         [&] {
                             Plot.InitViewID(1);
@@ -114,7 +115,6 @@ TEST_CASE("derived variables of every operation and their axes are those of the 
                             return All;
                         });
             }
-            cData04play Play;
             NoteRow(Walking, What + " play", [&] {
                 Play.InitViewID(1, 1);
                 return std::vector<double>(Play.Ys().begin(), Play.Ys().end());

@@ -21,7 +21,7 @@ struct PanelCase
 // A row for each operation and each function, over what a scull has.
 void AddRows()
 {
-    for (int16_t Oper = 0; Oper <= 12; ++Oper) {
+    for (int16_t Oper = 0; Oper <= 16; ++Oper) {
         ViewRow& Row = gFile.View1.Grow();
         Row.ID = "Oper " + FormatNum(Oper, "0");
         Row.Mode = static_cast<int16_t>(Oper % 2);
@@ -29,8 +29,8 @@ void AddRows()
         Row.Color = Oper % 9;
         Row.MinXPar = Row.MinYPar = -60;
         Row.MaxXPar = Row.MaxYPar = 90;
-        Row.X1 = static_cast<float>(7 * Oper);
-        Row.X2 = static_cast<float>(7 * Oper + 20);
+        Row.X1 = static_cast<float>(5 * Oper);
+        Row.X2 = static_cast<float>(5 * Oper + 20);
         Row.Y2 = 60;
         Row.Offset = static_cast<int16_t>(Oper - 5);
         Row.Arguments = Oper % 3 == 0 ? "A1,A1,S1,V1,T1" : Oper % 3 == 1 ? "A1,V1" : "T1,S1,V1,H1,Acc,Roll";
@@ -97,6 +97,8 @@ TEST_CASE("the rower's panel draws a recording as in the golden list")
         Panel.Load();
         Panel.InitMode();
         Panel.Resize();
+        for (const int16_t Value : {gSeatChan, gCFLow, gCFHigh, gRSFLow, gRSFHigh, gRSFmode})
+            Walking.Lines.push_back(FormatNum(Value, "0"));
         Walking.NoteDrawing("begin", Surface);
         Play(std::string(Each.Session) + ".qvn", Panel, Each.Burst, [&](int Frame) {
             if (Frame == 90) Panel.Resize();
