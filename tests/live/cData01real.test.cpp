@@ -334,4 +334,9 @@ TEST_CASE("the figure is drawn over its last place once something has placed it"
     const auto Second = Panel.Sample(2, 0, 0);
     CHECK(Second.size() == 10);
     CHECK(Second[1] == "circle 30 40 0 #FFFFFF wide 3 empty");
+    gFile.Crew.Grow().Head = 0.75F; // m, of the first rower
+    gFile.Crew.Grow().Head = 8;
+    Panel.Plot.InitViewID(1, SourceFrames);
+    Panel.Plot.SetScales();
+    CHECK(Panel.Sample(3, 0, 0)[1 + 6] == "circle 30 40 0.9375 #FF0000 wide 3 empty");
 }

@@ -1,8 +1,10 @@
 // What live panels decide alike.
 #include "live/panel/cPanelFrame.h"
 
+#include "files/mRawLog.h"
 #include "live/panel/cData01real.h"
 #include "support/Case.h"
+#include "support/ScriptedLink.h"
 
 TEST_CASE_FIXTURE(FreshState, "the space bar asks for what the source can do, and a table's values hold without frames")
 {
@@ -34,4 +36,23 @@ TEST_CASE_FIXTURE(FreshState, "playback moves the play row to the play clock, an
         CHECK(cPanelFrame::DoAction(Code) == Wish);
         CHECK(gPlayIdx == Row);
     }
+}
+
+TEST_CASE_FIXTURE(LinkState, "a recording ends with its panel and is handed on, but of sources without a view")
+{
+    const std::string Path = Folder.Path("a.qvn");
+    const std::pair<int16_t, std::string> Cases[] = {{SourceTimer, Path}, {SourceDots, Path}, {SourceNoView, ""}};
+    for (const auto& [Source, Shown] : Cases) {
+        cPanelFrame Frame(Source);
+        CHECK((Frame.AskToClose() && Frame.EndLogging().empty()));
+        REQUIRE(OpenLog(Path, OldBytes::Kept));
+        Dialogs.AnswerYes = false;
+        CHECK_FALSE(Frame.AskToClose());
+        CHECK(gLogging);
+        Dialogs.AnswerYes = true;
+        CHECK(Frame.AskToClose());
+        CHECK(Frame.EndLogging() == Shown);
+        CHECK_FALSE(gLogging);
+    }
+    CHECK(Dialogs.Told.size() == 6);
 }
