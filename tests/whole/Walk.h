@@ -164,11 +164,15 @@ private:
         if (Wrong.empty() && Each->Objection) Wrong = Each->Objection(Line);
         if (!Wrong.empty()) return Lines.push_back("wrong: " + Wrong);
         LoadSettings();
-        std::ostringstream Out;
+        std::ostringstream Out, Err;
         std::streambuf* const Screen = std::cout.rdbuf(Out.rdbuf());
+        std::streambuf* const Errors = std::cerr.rdbuf(Err.rdbuf());
+        gHost.Dialogs = &gBatchDialogs;
         const bool IsDone = Guard(Each->Name, [&] { return Each->Run(Line); });
         std::cout.rdbuf(Screen);
+        std::cerr.rdbuf(Errors);
         AddText(Out.str());
+        AddText(Err.str());
         if (!IsDone) Lines.push_back("failed");
     }
 

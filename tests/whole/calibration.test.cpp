@@ -84,7 +84,11 @@ TEST_CASE("the calibration workbench shows, draws and writes what the golden lis
     const std::pair<const char*, std::function<bool()>> Steps[] = {
         {"begin", [] { return true; }},
         {"no channel", [&] { return Work->StartData(); }},
+        {"auto of none", [&] { return Work->SetAutoCal(); }},
+        {"save none", [&] { return Work->Save(); }},
         {"channel 19", [&] { return Work->SetBox(BoxChan, "19"), Work->StartData(); }},
+        {"limits of none", [&] { return Work->FindLimits(); }},
+        {"auto without a line", [&] { return Work->SetAutoCal(); }},
         {"loop", [&] { return Take(Loop); }},
         {"line", [&] { return Apply(ApproxLinear, "0"); }},
         {"store", [&] { return Work->Store(); }},
@@ -117,6 +121,13 @@ TEST_CASE("the calibration workbench shows, draws and writes what the golden lis
         {"few",
          [&] {
              return Take({{1700, 5}, {2100, 60}}) && Apply(ApproxTwoLines, "0");
+         }},
+        {"few on one", [&] { return Apply(ApproxOneLine, "0"); }},
+        {"no table yet", [&] { return Work->SetApprox(ApproxRefTable), Work->SaveData(); }},
+        {"limits of few", [&] { return Work->FindLimits(); }},
+        {"limits of two",
+         [&] {
+             return Take({{1700, 60}, {2100, 60.5}}) && Work->FindLimits();
          }},
         {"level", [&] { return Work->SetBox(BoxQ1, "0"), Work->SaveData(); }},
         {"no name", [&] { return Work->SetSensID("a/b"), Work->Save(); }},

@@ -85,6 +85,11 @@ void Meet(Desk& Test, const Situation& Each, const char* Session, int16_t Mode)
     Test.Lines.push_back(Is ? "opened" : "not opened");
     Test.Note();
     if (Each.Name != std::string("usual")) Test.Wide = 0;
+    if (Each.Name == std::string("broken")) {
+        gFile.Calibr[15].ParamID = "Zz"; // no speed
+        for (int i = 300; i <= gRaw.UBound(); ++i)
+            gRaw(0, i) += i < 600 ? 5 : -12; // nothing for a while, later the clock is set back
+    }
     Test.Dialogs.AnswerYes = Each.AnswerYes;
     Test.Status.CancelAt = Each.CancelAt;
     if (!Each.IsGone) return;
@@ -99,7 +104,6 @@ TEST_CASE("the data view works on a recording as in the golden list")
     cData02view& View = Test.View;
     Test.Run("sim single.txt --file=a.qvn --strokes=16 --seed=11 --rate=27 --spread=5 --spikes=3");
     Test.Run("sim single.txt --file=short.qvn --seconds=1");
-    Test.Run("sim single.txt --file=fast.qvn --freq=100 --seconds=9 --rate=48");
     REQUIRE(SaveWhole("empty.qvn", ""));
     View.OnPlot = [&](int Kind, int32_t First, int32_t Last) {
         Test.Lines.push_back("plot " + FormatNum(Kind, "0") + " " + FormatNum(First, "0") + " " + FormatNum(Last, "0"));
@@ -163,7 +167,8 @@ TEST_CASE("the data view works on a recording as in the golden list")
                                   {"gone", "a.qvn", true, true},
                                   {"short", "short.qvn"},
                                   {"empty", "empty.qvn"},
-                                  {"fast", "fast.qvn"}}) {
+                                  {"broken", "a.qvn"},
+                                  {"broken", "a.qvn"}}) {
         Meet(Test, Each, "single.txt", DataRaw);
         Test.Settings.SaveSetting("AutoSplit", "gSplitPar", Each.IsGone ? "0" : "1");
         Test.Settings.SaveSetting("AutoSplit", "gSplitsCnt", "2");
@@ -215,6 +220,14 @@ TEST_CASE("the data view works on strokes of a scanned recording as in the golde
         {"undo trim", [&] { Test.Do("undo", &cData02view::Undo); }},
         {"filter", [&] { Test.Do("filter", &cData02view::Filter); }},
         {"get", [&] { Test.Do("get", &cData02view::GetData); }},
+        {"get none",
+         [&] {
+             View.Nav.SelectAll();
+             std::error_code Gone;
+             std::filesystem::rename("a.qvn", "b.qvn", Gone);
+             Test.Do("get", &cData02view::GetData);
+             std::filesystem::rename("b.qvn", "a.qvn", Gone);
+         }},
         {"close", [&] { View.Close(), Test.Lines.push_back(View.MayClose() ? "may close" : "stays"); }}};
     for (const Situation& Each : {Situation{"usual", "a.qvn"},
                                   {"refused", "a.qvn", false},

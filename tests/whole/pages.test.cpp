@@ -68,6 +68,14 @@ TEST_CASE("reports, pictures and corrections of stored samples are those of the 
             "Rowed against a strong wind, which turned after a third of the distance; the stroke seat's oar "
             "was changed for a longer one before the start.";
         NotePages(Walking, std::string(Name) + " stored", ReportStored, 1);
+        gFile.Crew[1].Name = "Alexandra Maximiliana of the Long Lake Rowing Club and its Neighbours";
+        gFile.View3[1].ID = "A name of a curve that is much longer than its column in the table";
+        gFile.View3[2].ID = std::string(90, 'W');
+        gFile.Place = std::string(300, 'm') + " \xC3\xA4\xC3\xB6\xC3\xBC";
+        gFile.Desc[1].Comment = "";
+        SurfaceLog Picture(240, 160);
+        DrawSamplePicture(Picture, OarCurves("S01"));
+        Walking.NoteDrawing("picture", Picture);
         NotePages(Walking, std::string(Name) + " primary", ReportPrimary, 0);
         NotePages(Walking, std::string(Name) + " both", ReportStored | ReportPrimary, 1);
         gFile.View3[3].Arguments = "A1,Zz,Q7";
@@ -82,7 +90,11 @@ TEST_CASE("reports, pictures and corrections of stored samples are those of the 
         Swap.AverTo = "S1";
         Walking.Lines.push_back(Swap.Average());
         Walking.Lines.push_back(Swap.OffScale('S', 1.5));
+        SetSessID("elsewhere/other.txt", gFile);
         Walking.Lines.push_back(Swap.Save() ? "saved" : "not saved");
+        gCurFile.clear();
+        Walking.Lines.push_back(Swap.Save() ? "saved" : "not saved");
+        Walking.NoteTold();
         Walking.NoteFiles();
     }
     CheckGolden("whole-pages.txt", Walking.Lines);

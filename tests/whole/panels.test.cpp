@@ -112,6 +112,24 @@ TEST_CASE("the rower's panel draws a recording as in the golden list")
         Walking.NoteDrawing("anew", Surface, 60);
         Walking.NoteTold();
     }
+    Prepare(Walking, {"single.txt", 1, {800, 600}, "", "cvisg"});
+    for (const SourceMode Source : {SourceTable, SourceDots}) {
+        SurfaceLog Surface(800, 600);
+        cRower Panel(Surface);
+        Panel.Load(Source);
+        Walking.Lines.push_back(Panel.InitMode("single.txt.qvn") ? "read" : "not read");
+        for (gPlayTime = 0; gPlayTime < 6; gPlayTime += 0.05) {
+            FindTimeIdx(gPlayTime);
+            Panel.TakeSample();
+            Panel.DrawData();
+            if (Panel.NewStroke()) Walking.NoteDrawing(Panel.TimeText() + " " + Panel.RateText(), Surface, 6);
+        }
+        Walking.Lines.push_back(Panel.InitMode("none.qvn") ? "read" : "not read");
+        Panel.Unload();
+        Walking.Lines.push_back(FormatShortest(gDeltaT) + " " + FormatShortest(gTimeStep));
+        Walking.NoteDrawing("end", Surface);
+    }
+    Walking.NoteTold();
     CheckGolden("whole-rower.txt", Walking.Lines);
 }
 
@@ -157,6 +175,8 @@ TEST_CASE("the catch panel shows and draws a recording as in the golden list")
             if (New.NewStroke) Walking.NoteDrawing("drawn", Surface, 3);
         });
         Panel.NewRun();
+        cCatch::Unload();
+        Walking.Lines.push_back(FormatShortest(gDeltaT));
         Walking.NoteDrawing("end", Surface);
     }
     CheckGolden("whole-catch.txt", Walking.Lines);
