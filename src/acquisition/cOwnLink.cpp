@@ -79,6 +79,7 @@ void cOwnLink::Tick()
 {
     if (!IsWanted) return;
     if (gOwnLink == this) TakeRest();
+    if (Tried != LinkName() && !gLogging) Suspend();
     if (State.State() == cLinkWatch::eState::Closed)
         TryOpen();
     else
@@ -104,6 +105,7 @@ std::string cOwnLink::Words() const
 void cOwnLink::TryOpen()
 {
     if (IsReplayOpen() || gLinkWatch.State() != cLinkWatch::eState::Closed) return State.Closed();
+    Tried = LinkName();
     if (gOwnLink && gOwnLink != this) return Refuse(gOwnLink->Owner() + " has the link");
     if (gConnection == ConnectionTCP)
         Connect();
@@ -134,6 +136,7 @@ void cOwnLink::Connect()
 void cOwnLink::Opened()
 {
     WasOpen = true;
+    Tried = LinkName(); // another port may have been found
     FromPort.Begin();
     FromSocket.Begin();
     Port.RThreshold = FrameMin();

@@ -28,8 +28,8 @@ public:
     /// Closes it until nothing else brings frames.
     void Suspend();
 
-    /// Takes the frames that have come, notices silence, and tries again what could not be opened. To be called many
-    /// times a second.
+    /// Takes the frames that have come, notices silence, tries again what could not be opened, and follows the settings
+    /// to another link unless a recording runs. To be called many times a second.
     void Tick();
 
     /// Takes all whole frames that wait, however few.
@@ -55,6 +55,7 @@ private:
     cFrameFeed FromPort;
     cFrameFeed FromSocket;
     cLinkWatch State;
+    std::string Tried; // name of the link that was opened or tried last
     bool IsWanted = false;
     bool WasOpen = false; // since Open: a line that comes back goes on with all that was sent
 };

@@ -17,6 +17,7 @@ struct OwnLink : LinkState
 
     OwnLink()
     {
+        gAppDir = Folder.Path("");
         gFile.Model = 67;
         gCOMport = 1;
         Port.Plugged = OwnPort.Plugged = {"/dev/none-such"};
@@ -94,9 +95,13 @@ TEST_CASE_FIXTURE(OwnLink, "one thing brings frames at a time: the main link, a 
     StopReplay();
     Go(50);
     CHECK(OwnPort.IsOpen());
-    EndAcquisition(); // another session is opened, on another link
+    EndAcquisition(); // another session is opened
+    CHECK_FALSE(OwnPort.IsOpen());
+    Go(50);
+    CHECK(OwnPort.IsOpen());
     gConnection = 1;
     Go(50);
+    CHECK_FALSE(OwnPort.IsOpen());
     OwnSocket.Answer();
     CHECK(OwnSocket.Sent == "#RUN\r");
     OwnSocket.Feed(ShortFrame(20) + ShortFrame(40));

@@ -1,6 +1,7 @@
 // Recordings of the demonstration sessions through the whole processing, against the table of what was simulated.
 #include "sim/mRecord.h"
 
+#include "TruthNumbers.h"
 #include "files/mBinIO.h"
 #include "files/mTextIO.h"
 #include "processing/mProcess.h"
@@ -25,25 +26,6 @@ public:
 
     SimOptions Options;
 };
-
-using Table = std::vector<std::vector<double>>;
-
-// The numbers of a tab-separated text behind its header line.
-Table Numbers(const std::string& Text)
-{
-    Table Rows;
-    for (std::size_t From = Text.find('\n') + 1; From < Text.size();) {
-        const std::size_t End = Text.find('\n', From);
-        std::vector<double>& Row = Rows.emplace_back();
-        while (From < End) {
-            const std::size_t Tab = std::min(Text.find('\t', From), End);
-            Row.push_back(Val(Text.substr(From, Tab - From)));
-            From = Tab + 1;
-        }
-        From = End + 1;
-    }
-    return Rows;
-}
 
 struct Piece
 {
