@@ -16,7 +16,7 @@ public:
     }
 
     QSize sizeHint() const override { return Within(Label.sizeHint()); }
-    QSize minimumSizeHint() const override { return Within(Label.minimumSizeHint()); }
+    QSize minimumSizeHint() const override { return Within(QSize(0, Label.minimumSizeHint().height())); }
 
 protected:
     void resizeEvent(QResizeEvent* /*Event*/) override { Label.setGeometry(rect()); }

@@ -168,6 +168,7 @@ private:
         std::streambuf* const Screen = std::cout.rdbuf(Out.rdbuf());
         std::streambuf* const Errors = std::cerr.rdbuf(Err.rdbuf());
         gHost.Dialogs = &gBatchDialogs;
+        gBatchDialogs.Answer.reset(); // of the command before: each has a program of its own
         const bool IsDone = Guard(Each->Name, [&] { return Each->Run(Line); });
         std::cout.rdbuf(Screen);
         std::cerr.rdbuf(Errors);

@@ -117,7 +117,7 @@ TEST_CASE_FIXTURE(GridState, "cells are typed into, a wrong one says why and sta
     Type("3");
     Key(Qt::Key_Return);
     GoTo(17, "ParamID");
-    Type("A1");
+    Type("G1");
     Key(Qt::Key_Return);
     CHECK(At(17, "ParamID").data(Qt::ToolTipRole).toString() ==
           "Row 17 has the same: what looks for it finds that one.");
@@ -138,7 +138,7 @@ TEST_CASE_FIXTURE(GridState, "cells are typed into, a wrong one says why and sta
     Key(Qt::Key_K, Qt::AltModifier);
     CHECK(!IsOpen("fDataGrid_Calibr"));
     REQUIRE(OpenSession(gCurFile));
-    CHECK((gFile.Calibr[17].Seat == 3 && gFile.Calibr[18].ParamID == "A1"));
+    CHECK((gFile.Calibr[17].Seat == 3 && gFile.Calibr[18].ParamID == "G1"));
     CHECK((gFile.Calibr[19].ProcMode == 3 && gFile.Calibr[20].Q0 == 1.5));
     CHECK(std::filesystem::exists(Folder.Path("s.bak")));
 }
