@@ -137,7 +137,7 @@ void qCellDelegate::Close(QWidget* Editor, bool IsTaken)
 }
 
 // Nothing leaves a cell that does not take its text: neither Enter and Tab nor a click elsewhere, which reaches what
-// was clicked only when the editor has lost the keyboard. The button that drops what is typed is told from the others.
+// was clicked only when the editor has lost the keyboard. The button that drops what is typed is an exception.
 bool qCellDelegate::eventFilter(QObject* Object, QEvent* Event)
 {
     auto* Editor = qobject_cast<QWidget*>(Object);

@@ -1,4 +1,4 @@
-// Cells as the toolkit asks for them, and changes as it wants to be told of them.
+// Cells as the toolkit asks for them, and changes as it has to be notified of them.
 #include "widgets/qGridModel.h"
 
 #include "base/mError.h"

@@ -104,9 +104,9 @@ TEST_CASE("an answer that is missing, cut or too short is named")
                                                                       {0, "pace; the monitor refused the command"}};
     for (const auto& [Length, Name] : Lengths) {
         CAPTURE(Length);
-        std::vector<uint8_t> Part(Whole.begin(), Whole.begin() + static_cast<std::ptrdiff_t>(Length));
-        if (Length == 0) Part = {0x91};
-        CHECK(FaultOf(PackFrame(Part)) == std::string("it lacks the answer on ") + Name);
+        const std::vector<uint8_t> Part(Whole.begin(), Whole.begin() + static_cast<std::ptrdiff_t>(Length));
+        CHECK(FaultOf(PackFrame(Length == 0 ? std::vector<uint8_t>{0x91} : Part)) ==
+              std::string("it lacks the answer on ") + Name);
     }
     CHECK(FaultOf(PackFrame(Hex("01 A6 01 F2 A7 03 1C 00 54"))) == "it lacks the answer on pace");
     // The same commands outside the wrapper are others.

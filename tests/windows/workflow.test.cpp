@@ -40,8 +40,6 @@ struct Newcomer : ShellState
         Logger.terminate();
         Logger.waitForFinished();
     }
-    // Windows that this program does not have yet are passed by.
-    bool Has(const char* Entry) { return Find<QAction>(Entry).isEnabled(); }
     // Presses a button of a window that it closes.
     void Leave(const char* Name, const char* Button)
     {
@@ -70,7 +68,6 @@ struct Newcomer : ShellState
     }
     void Enter(const char* Entry, const char* Name, const std::vector<Cell>& Cells)
     {
-        if (!Has(Entry)) return;
         Choose(Entry);
         auto* Grid = Find<QWidget>(Name).findChild<QTableView*>("DataGrid");
         const QAbstractItemModel& Table = *Grid->model();
@@ -92,13 +89,10 @@ struct Newcomer : ShellState
     void Link()
     {
         Click("opConnection_1");
-        if (Has("mnuSetGlobals")) {
-            Choose("mnuSetGlobals");
-            Type("txtLinkAddress", "127.0.0.1");
-            Type("txtLinkPort", Port);
-            Leave("fOpts", "cmdOK");
-        } else
-            gLinkPort = Port.toInt();
+        Choose("mnuSetGlobals");
+        Type("txtLinkAddress", "127.0.0.1");
+        Type("txtLinkPort", Port);
+        Leave("fOpts", "cmdOK");
         Logger.start(PROGRAM_FOLDER "/skarvelin-sim",
                      {"--tcp", Port, Shown(gCurFile), "--speed", "10", "--rate", "30"});
         REQUIRE(Logger.waitForReadyRead());
@@ -135,14 +129,11 @@ struct Newcomer : ShellState
     }
     void Print(const std::string& Path)
     {
-        if (Has("mnuSetCrew")) {
-            Choose("mnuViewTyp");
-            auto* Grid = Find<QWidget>("fDataGrid_Desc").findChild<QTableView*>("DataGrid");
-            const QPoint Place = Grid->visualRect(Grid->model()->index(0, 0)).center();
-            QTest::mouseClick(Grid->viewport(), Qt::LeftButton, {}, Place);
-            QTest::mouseDClick(Grid->viewport(), Qt::LeftButton, {}, Place);
-        } else
-            Click("cmdPlotProc");
+        Choose("mnuViewTyp");
+        auto* Grid = Find<QWidget>("fDataGrid_Desc").findChild<QTableView*>("DataGrid");
+        const QPoint Place = Grid->visualRect(Grid->model()->index(0, 0)).center();
+        QTest::mouseClick(Grid->viewport(), Qt::LeftButton, {}, Place);
+        QTest::mouseDClick(Grid->viewport(), Qt::LeftButton, {}, Place);
         Dialogs.Files = {Path};
         QTest::keyClick(&Find<QWidget>("fData03report"), Qt::Key_S, Qt::ControlModifier);
     }
@@ -171,10 +162,8 @@ TEST_CASE_FIXTURE(Newcomer, "a newcomer makes a session for a double scull, sets
     REQUIRE(ReadDataFile(gCurFile, Saved, SectionFilter::Any));
     CHECK(Saved.Desc[1].Rate == doctest::Approx(30).epsilon(0.03));
     CHECK((Saved.Place == "North Lake" && Saved.Data.UBound() >= 32));
-    if (Has("mnuSetCrew")) {
-        CHECK((Saved.Crew[1].Name == "Ann Brook" && Saved.Crew[2].Name == "Bea Ford" && Saved.Crew[1].Weight == 59.5F));
-        CHECK((Saved.Boat[1].OarInboard == 0.885F && Saved.Boat[4].OarInboard == 0.875F));
-    }
+    CHECK((Saved.Crew[1].Name == "Ann Brook" && Saved.Crew[2].Name == "Bea Ford" && Saved.Crew[1].Weight == 59.5F));
+    CHECK((Saved.Boat[1].OarInboard == 0.885F && Saved.Boat[4].OarInboard == 0.875F));
     for (const std::string& Each : Dialogs.Told)
         CHECK_MESSAGE((!Each.starts_with("Warning") && !Each.starts_with("Error")), Each);
 }
