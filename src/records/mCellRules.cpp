@@ -57,7 +57,7 @@ std::string WithPoint(std::string_view Text, eFrom From)
 
 std::string NumberText(const GridColumn& Column, double X)
 {
-    if (Column.Kind != eCell::Number) return FormatNum(X, "0");
+    if (Column.Kind != eCell::Number) return FormatNum(X + 0.0, "0"); // a typed -0 is kept as 0
     return Column.IsSingle ? FormatShortest(static_cast<float>(X)) : FormatShortest(X);
 }
 

@@ -14,6 +14,7 @@ TEST_CASE("a cell takes what its field can keep, in one form, and says why it ta
     };
     const Typed Cases[] = {
         {"Calibr", "Seat", " 07 ", "7"},
+        {"Calibr", "Seat", "-0", "0"},
         {"Calibr", "Seat", "1.5", "takes whole numbers only"},
         {"Calibr", "Seat", "32768", "takes numbers from -32768 to 32767"},
         {"Calibr", "Seat", "1st", "\"1st\" is no number"},
