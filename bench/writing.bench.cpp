@@ -5,6 +5,7 @@
 #include "base/mNumText.h"
 #include "base/mSafeSave.h"
 #include "core/mGlobData.h"
+#include "core/mSettings.h"
 #include "files/mBinIO.h"
 #include "files/mExport.h"
 #include "files/mTextIO.h"
@@ -92,7 +93,7 @@ void Session(benchmark::State& State)
     SetCurFile(Path);
     for (auto _ : State) {
         ReadDataFile(Path, gFile, SectionFilter::Any);
-        const std::string Bytes = EncodeText(DataFileText(gFile, SectionFilter::Any), gFile.Encoding);
+        const std::string Bytes = EncodeText(DataFileText(gFile, SectionFilter::Any), gFile.Encoding, TextPage());
         benchmark::DoNotOptimize(SaveWhole(Copy, Bytes, Durability::Fast));
     }
     State.SetBytesProcessed(State.iterations() * static_cast<int64_t>(ReadWhole(Path)->size()));
