@@ -58,6 +58,14 @@ std::size_t AnswerStart(std::string_view Text)
     return std::string_view::npos;
 }
 
+// Whether the last line of Text is an answer, with nothing behind its CR.
+bool EndsWithAnswer(std::string_view Text)
+{
+    if (!Text.ends_with('\r')) return false;
+    Text.remove_suffix(1);
+    return AnswerStart(Text.substr(Text.rfind('\r') + 1)) != std::string_view::npos;
+}
+
 std::size_t ByteAt(const std::string& Bytes, std::size_t At)
 {
     return static_cast<uint8_t>(Bytes[At]);
@@ -86,8 +94,9 @@ void cAnswerFinder::Add(std::span<const uint8_t> Bytes)
 void cAnswerFinder::Settle(bool IsOver)
 {
     Resolve(true);
-    if (!IsOver || !Lines.empty()) return;
-    AddLinesAtEnd(std::exchange(LastFrame, {}), 0);
+    if (!IsOver) return;
+    if (Lines.empty() && AddLinesAtEnd(std::exchange(LastFrame, {}), 0) == 0) AddLinesAtEnd(AnswerFrame, 0);
+    AnswerFrame.clear();
 }
 
 std::vector<std::string> cAnswerFinder::TakeLines()
@@ -110,6 +119,7 @@ bool cAnswerFinder::PassFrame(bool IsCalm)
         HasHead ? FrameHeadSize + ByteAt(Pending, 2) + 128 * ByteAt(Pending, 3) + 1 : FrameHeadSize;
     if (HasHead && Size <= Next) {
         LastFrame = Pending.substr(0, Size);
+        if (EndsWithAnswer(LastFrame)) AnswerFrame = LastFrame;
         Pending.erase(0, Size);
         IsInText = false;
         return true;

@@ -17,7 +17,8 @@ public:
     void Add(std::span<const uint8_t> Bytes);
 
     /// Nothing has come for a while: a frame whose end is missing will not be completed. IsOver: the wait for an answer
-    /// is over and there was none, so that one may have been taken for the rest of the last frame, which broke off.
+    /// is over and there was none, so that one may have been taken for the rest of a frame, which broke off: of the
+    /// last one, or of the last one that ends with an answer as if it had been filled up by it exactly.
     void Settle(bool IsOver = false);
 
     /// The lines found since the last call, without CR and blanks around them.
@@ -32,10 +33,11 @@ private:
     bool PassText(bool IsCalm);
     std::size_t AddLinesAtEnd(std::string_view Text, std::size_t EndsBehind);
 
-    std::string Pending;   // bytes that are neither of a whole frame nor of a finished text
-    std::string LastFrame; // the last whole frame, while nothing else has come
-    std::string Begun;     // beginning of a line
-    bool IsInText = false; // the last bytes were lines: others than answers are lines too
+    std::string Pending;     // bytes that are neither of a whole frame nor of a finished text
+    std::string LastFrame;   // the last whole frame, while nothing else has come
+    std::string AnswerFrame; // the last frame that ended with an answer, since the last wait was over
+    std::string Begun;       // beginning of a line
+    bool IsInText = false;   // the last bytes were lines: others than answers are lines too
     std::vector<std::string> Lines;
 };
 

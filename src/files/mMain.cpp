@@ -9,45 +9,16 @@
 #include "core/mSettings.h"
 #include "files/mTextIO.h"
 #include "platform/mHost.h"
-#include "processing/mRefTable.h"
 
 namespace {
-// What a session file is read into. A failure in the middle of the reading, which goes on in place, puts it back.
-class cRollback
+bool Load(const std::string& Path)
 {
-public:
-    cRollback() = default;
-    ~cRollback()
-    {
-        if (IsDone) return;
-        gFile = std::move(File);
-        gSessID = std::move(SessID);
-        gKeyMode = KeyMode;
-        gDots = std::move(Dots);
-        gSegs = std::move(Segs);
-        gVideoID = std::move(VideoID);
-        gVidCoords = std::move(Coords);
-        gVidAngles = std::move(Angles);
-        gRefTabs = std::move(RefTabs);
-        gRefCnt = RefCnt;
-    }
-    cRollback(const cRollback&) = delete;
-    cRollback& operator=(const cRollback&) = delete;
-
-    bool IsDone = false;
-
-private:
-    DataFile File = gFile;
-    std::string SessID = gSessID;
-    int16_t KeyMode = gKeyMode;
-    RowArray<DotRow> Dots = gDots;
-    RowArray<SegRow> Segs = gSegs;
-    RowArray<VideoIDRow> VideoID = gVideoID;
-    RowArray<VidCoordsRow> Coords = gVidCoords;
-    decltype(gVidAngles) Angles = gVidAngles;
-    std::vector<RefTable> RefTabs = gRefTabs;
-    int16_t RefCnt = gRefCnt;
-};
+    std::string Kept;
+    if (!ReadDataFile(Path, gFile, SectionFilter::Any, &Kept)) return false;
+    if (!Kept.empty()) UpdateStatus("Kept from the session before: " + Kept);
+    ResolveChannels();
+    return true;
+}
 } // namespace
 
 bool StartUp(const std::string& Folder)
@@ -64,19 +35,13 @@ bool StartUp(const std::string& Folder)
 
 bool LoadCurrentFile()
 {
-    cRollback Former;
-    std::string Kept;
-    if (!ReadDataFile(gCurFile, gFile, SectionFilter::Any, &Kept)) return false;
-    if (!Kept.empty()) UpdateStatus("Kept from the session before: " + Kept);
-    ResolveChannels();
-    Former.IsDone = true;
-    return true;
+    return Load(gCurFile);
 }
 
 bool OpenSession(const std::string& Path)
 {
+    if (!Load(Path)) return false;
     SetCurFile(Path);
-    if (!LoadCurrentFile()) return false;
     CreateData(); // the former session's counts mean nothing in this one
     Notify(eNotice::SessionReplaced);
     return true;

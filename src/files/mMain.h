@@ -11,8 +11,8 @@ bool StartUp(const std::string& Folder);
 /// (reported to the user); the former session stays, also when reading ends in an exception.
 bool LoadCurrentFile();
 
-/// Makes Path the current session data file, loads it and notifies all windows. False when it cannot be read (reported
-/// to the user).
+/// Loads Path, makes it the current session data file and notifies all windows. False when it cannot be read (reported
+/// to the user); the former session stays, also when reading ends in an exception.
 bool OpenSession(const std::string& Path);
 
 /// Saves what belongs to the program rather than to a session: the ini file and the display settings.

@@ -21,48 +21,61 @@
 
 namespace {
 template <class Row>
-void NameSession(RowArray<Row>& Rows)
+void NameSession(RowArray<Row>& Rows, const std::string& SessID)
 {
     for (Row& Each : Rows)
-        Each.SessID = gSessID;
+        Each.SessID = SessID;
 }
 
-void ReadCrew(LineReader& Lines, RowArray<CrewRow>& Rows)
+void ReadCrew(LineReader& Lines, LoadedSession& Into)
 {
-    ReadCrewRows(Lines, Rows);
-    NameSession(Rows);
+    ReadCrewRows(Lines, Into.File.Crew);
+    NameSession(Into.File.Crew, Into.SessID);
 }
 
 // The oldest files name the session ahead of each channel.
-void ReadCalibr(LineReader& Lines, DataFile& File)
+void ReadCalibr(LineReader& Lines, LoadedSession& Into)
 {
+    DataFile& File = Into.File;
     int16_t Chan = 0;
     ReadRows(Lines, File.Calibr, [&](CalibrRow& Row, const LineFields& Cells) {
         const std::size_t Skipped = File.Model == ModelOldest && !Cells.Closed.empty() ? 1 : 0;
         SetFields<CalibrRow>(Row, CalibrFields(), std::span(Cells.Closed).subspan(Skipped));
         Row.Chan = ++Chan;
     });
-    NameSession(File.Calibr);
+    NameSession(File.Calibr, Into.SessID);
     File.ChanCnt = Chan;
-    if (IsOpenFile(File)) LoadRefTables();
+    if (Into.IsOpen) Into.Tables = ReadRefTables(File.Calibr, Into.Folder);
 }
 
-void ReadBoat(LineReader& Lines, RowArray<BoatRow>& Rows)
+void ReadBoat(LineReader& Lines, LoadedSession& Into)
 {
-    ReadClosedRows(Lines, BoatFields(), Rows);
-    NameSession(Rows);
+    ReadClosedRows(Lines, BoatFields(), Into.File.Boat);
+    NameSession(Into.File.Boat, Into.SessID);
 }
 
-void ReadDesc(LineReader& Lines, RowArray<DescRow>& Rows)
+void ReadDesc(LineReader& Lines, LoadedSession& Into)
 {
-    ReadSplitRows(Lines, DescFields(), Rows);
-    NameSession(Rows);
+    ReadSplitRows(Lines, DescFields(), Into.File.Desc);
+    NameSession(Into.File.Desc, Into.SessID);
 }
 
-void ReadView1(LineReader& Lines, DataFile& File)
+template <auto Table>
+void ReadView(LineReader& Lines, LoadedSession& Into)
 {
-    ReadSplitRows(Lines, ViewFields(), File.View1);
-    File.View1Cnt = static_cast<int16_t>(File.View1.UBound());
+    ReadSplitRows(Lines, ViewFields(), Into.File.*Table);
+}
+
+void ReadView1(LineReader& Lines, LoadedSession& Into)
+{
+    ReadView<&DataFile::View1>(Lines, Into);
+    Into.File.View1Cnt = static_cast<int16_t>(Into.File.View1.UBound());
+}
+
+template <auto Table>
+void ReadSamples(LineReader& Lines, LoadedSession& Into)
+{
+    ReadSampleRows(Lines, Into.File, Into.SessID, Into.File.*Table);
 }
 
 enum class Kind
@@ -73,56 +86,55 @@ enum class Kind
 };
 
 template <auto Table>
-int RowsIn(const DataFile& File)
+int RowsIn(const LoadedSession& Read)
 {
-    return (File.*Table).UBound();
+    return (Read.File.*Table).UBound();
 }
 
-template <auto& Table>
-int RowsBeside(const DataFile& File)
+template <auto Table>
+int RowsBeside(const LoadedSession& Read)
 {
-    return IsOpenFile(File) ? Table.UBound() : 0;
+    return Read.IsOpen ? (Read.*Table).UBound() : 0;
 }
 
 struct Section
 {
     std::string_view Keyword;
     Kind Belongs;
-    void (*Read)(LineReader& Lines, DataFile& File);
-    int (*Held)(const DataFile& File) = nullptr; // rows that stay when a file does not name the section; null: none
+    void (*Read)(LineReader& Lines, LoadedSession& Into);
+    int (*Held)(const LoadedSession& Read) = nullptr; // rows that stay when a file does not name it; null: none
 };
 
 constexpr Section Sections[] = {
-    {"Main", Kind::OfFile, ReadMain, [](const DataFile& File) { return File.KeyChanID.empty() ? 0 : 1; }},
-    {"Sess", Kind::OfFile, ReadSess, [](const DataFile& File) { return File.SessID.empty() ? 0 : 1; }},
-    {"Crew", Kind::OfFile, [](LineReader& Lines, DataFile& File) { ReadCrew(Lines, File.Crew); },
-     RowsIn<&DataFile::Crew>},
+    {"Main", Kind::OfFile, ReadMain, [](const LoadedSession& Read) { return Read.File.KeyChanID.empty() ? 0 : 1; }},
+    {"Sess", Kind::OfFile, ReadSess, [](const LoadedSession& Read) { return Read.File.SessID.empty() ? 0 : 1; }},
+    {"Crew", Kind::OfFile, ReadCrew, RowsIn<&DataFile::Crew>},
     {"Calibr", Kind::OfFile, ReadCalibr, RowsIn<&DataFile::Calibr>},
     {"View1", Kind::OfFile, ReadView1, RowsIn<&DataFile::View1>},
-    {"View3", Kind::OfFile, [](LineReader& Lines, DataFile& File) { ReadSplitRows(Lines, ViewFields(), File.View3); },
-     RowsIn<&DataFile::View3>},
-    {"View4", Kind::OfFile, [](LineReader& Lines, DataFile& File) { ReadSplitRows(Lines, ViewFields(), File.View4); },
-     RowsIn<&DataFile::View4>},
-    {"Boat", Kind::OfFile, [](LineReader& Lines, DataFile& File) { ReadBoat(Lines, File.Boat); },
-     RowsIn<&DataFile::Boat>},
-    {"Desc", Kind::OfSamples, [](LineReader& Lines, DataFile& File) { ReadDesc(Lines, File.Desc); }},
-    {"Data", Kind::OfSamples, [](LineReader& Lines, DataFile& File) { ReadSampleRows(Lines, File, File.Data); }},
-    {"Calc", Kind::OfSamples, [](LineReader& Lines, DataFile& File) { ReadSampleRows(Lines, File, File.Data); }},
-    {"STD", Kind::OfSamples, [](LineReader& Lines, DataFile& File) { ReadSampleRows(Lines, File, File.STD); },
-     RowsIn<&DataFile::STD>},
-    {"Models", Kind::OfSamples, [](LineReader& Lines, DataFile& File) { ReadSampleRows(Lines, File, File.Models); },
-     RowsIn<&DataFile::Models>},
-    {"VidDots", Kind::OfVideo, [](LineReader& Lines, DataFile&) { ReadSplitRows(Lines, DotFields(), gDots); },
-     RowsBeside<gDots>},
-    {"VidSegs", Kind::OfVideo, [](LineReader& Lines, DataFile&) { ReadSplitRows(Lines, SegFields(), gSegs); },
-     RowsBeside<gSegs>},
-    {"VideoID", Kind::OfVideo, [](LineReader& Lines, DataFile&) { ReadSplitRows(Lines, VideoIDFields(), gVideoID); },
-     RowsBeside<gVideoID>},
-    {"VidCoords", Kind::OfVideo, [](LineReader& Lines, DataFile&) { ReadVideoPoints(Lines, gVidCoords); },
-     RowsBeside<gVidCoords>},
-    {"VidAngles", Kind::OfVideo, [](LineReader& Lines, DataFile&) { ReadVideoPoints(Lines, gVidAngles); },
-     RowsBeside<gVidAngles>},
+    {"View3", Kind::OfFile, ReadView<&DataFile::View3>, RowsIn<&DataFile::View3>},
+    {"View4", Kind::OfFile, ReadView<&DataFile::View4>, RowsIn<&DataFile::View4>},
+    {"Boat", Kind::OfFile, ReadBoat, RowsIn<&DataFile::Boat>},
+    {"Desc", Kind::OfSamples, ReadDesc},
+    {"Data", Kind::OfSamples, ReadSamples<&DataFile::Data>},
+    {"Calc", Kind::OfSamples, ReadSamples<&DataFile::Data>},
+    {"STD", Kind::OfSamples, ReadSamples<&DataFile::STD>, RowsIn<&DataFile::STD>},
+    {"Models", Kind::OfSamples, ReadSamples<&DataFile::Models>, RowsIn<&DataFile::Models>},
+    {"VidDots", Kind::OfVideo,
+     [](LineReader& Lines, LoadedSession& Into) { ReadSplitRows(Lines, DotFields(), Into.Dots); },
+     RowsBeside<&LoadedSession::Dots>},
+    {"VidSegs", Kind::OfVideo,
+     [](LineReader& Lines, LoadedSession& Into) { ReadSplitRows(Lines, SegFields(), Into.Segs); },
+     RowsBeside<&LoadedSession::Segs>},
+    {"VideoID", Kind::OfVideo,
+     [](LineReader& Lines, LoadedSession& Into) { ReadSplitRows(Lines, VideoIDFields(), Into.VideoID); },
+     RowsBeside<&LoadedSession::VideoID>},
+    {"VidCoords", Kind::OfVideo, [](LineReader& Lines, LoadedSession& Into) { ReadVideoPoints(Lines, Into.Coords); },
+     RowsBeside<&LoadedSession::Coords>},
+    {"VidAngles", Kind::OfVideo, [](LineReader& Lines, LoadedSession& Into) { ReadVideoPoints(Lines, Into.Angles); },
+     RowsBeside<&LoadedSession::Angles>},
 };
+
+using SectionSet = std::set<const Section*>;
 
 constexpr std::string_view LastLine = "EOF";
 constexpr const char* NoSession = "This is no session data file: ";
@@ -144,50 +156,58 @@ bool IsSession(std::string_view Text)
 }
 
 // Gives the sections that were read.
-std::set<const Section*> ReadSections(std::string_view Text, DataFile& File, SectionFilter Filter)
+SectionSet ReadSections(std::string_view Text, LoadedSession& Into, SectionFilter Filter)
 {
-    std::set<const Section*> Named;
+    SectionSet Named;
     LineReader Lines(Text);
     for (std::string_view Line; Lines.Take(Line);) {
         const Section* Found = FindSection(Line);
         if (!Found || (Found->Belongs == Kind::OfSamples && Filter == SectionFilter::Non)) continue;
-        if (Found->Belongs != Kind::OfVideo || IsOpenFile(File)) Found->Read(Lines, File);
+        if (Found->Belongs != Kind::OfVideo || Into.IsOpen) Found->Read(Lines, Into);
         Named.insert(Found);
     }
     return Named;
 }
 
-// Reads the bytes of a file into File. Gives the sections that it has; nothing when there is none at all.
-std::optional<std::set<const Section*>> ReadText(std::string Bytes, const std::string& SessID, DataFile& File,
-                                                 SectionFilter Filter)
+// Reads the bytes of a file. Gives the sections that it has; nothing when there is none at all.
+std::optional<SectionSet> ReadText(std::string Bytes, LoadedSession& Into, SectionFilter Filter)
 {
-    TextEncoding Encoding{};
-    const std::string Text = DecodeText(std::move(Bytes), Encoding, TextPage());
+    const std::string Text = DecodeText(std::move(Bytes), Into.File.Encoding, TextPage());
     if (!IsSession(Text)) return {};
-    File.Encoding = Encoding;
-    File.Model = ModelOldest;
-    File.SampleCnt = 0;
-    File.Desc.Clear();
-    File.Data.Clear();
-    gSessID = SessID;
-    return ReadSections(Text, File, Filter);
+    Into.File.Model = ModelOldest;
+    Into.File.SampleCnt = 0;
+    Into.File.Desc.Clear();
+    Into.File.Data.Clear();
+    return ReadSections(Text, Into, Filter);
 }
 
 // What a file that names these sections left as it was, as "Sess, STD (26 rows)".
-std::string KeptSections(const DataFile& File, const std::set<const Section*>& Named)
+std::string KeptSections(const LoadedSession& Read, const SectionSet& Named)
 {
     // The oldest files make these two by their session.
-    const bool IsMade = File.Model == 0 && Named.contains(FindSection("Sess"));
+    const bool IsMade = Read.File.Model == ModelOldest && Named.contains(FindSection("Sess"));
     std::string Text;
     for (const Section& Each : Sections) {
         const bool IsHeld = Each.Held && !Named.contains(&Each);
-        const int Rows = IsHeld ? Each.Held(File) : 0;
+        const int Rows = IsHeld ? Each.Held(Read) : 0;
         if (Rows < 1 || (IsMade && (Each.Keyword == "Crew" || Each.Keyword == "Boat"))) continue;
         Text.append(Text.empty() ? "" : ", ").append(Each.Keyword);
         if (Each.Keyword != "Main" && Each.Keyword != "Sess")
             Text += " (" + FormatNum(Rows, "0") + (Rows == 1 ? " row)" : " rows)");
     }
     return Text;
+}
+
+std::string TitleOf(const std::string& Path)
+{
+    return std::filesystem::path(Path).stem().string();
+}
+
+// With the separator behind it, as gCurDir.
+std::string FolderOf(const std::string& Path)
+{
+    const std::filesystem::path Name(Path);
+    return Name.has_parent_path() ? (Name.parent_path() / "").string() : "";
 }
 
 void AppendCalibr(std::string& Text, const DataFile& File)
@@ -202,6 +222,15 @@ void AppendCalibr(std::string& Text, const DataFile& File)
         Text += "\r\n";
     }
     Text += "End\r\n";
+}
+
+bool Parse(std::string Bytes, LoadedSession Read, DataFile& File, SectionFilter Filter, std::string* Kept)
+{
+    const auto Named = ReadText(std::move(Bytes), Read, Filter);
+    if (!Named) return false;
+    if (Kept) *Kept = KeptSections(Read, *Named);
+    Publish(std::move(Read), File);
+    return true;
 }
 } // namespace
 
@@ -218,29 +247,28 @@ bool ReadDataFile(const std::string& Path, DataFile& File, SectionFilter Filter,
 {
     auto Bytes = ReadWhole(Path);
     if (!Bytes) return FileFailed(CantOpen, Path, TitleWarning);
-    return ParseDataFile(std::move(*Bytes), std::filesystem::path(Path).stem().string(), File, Filter, Kept) ||
-           FileFailed(NoSession, Path, TitleWarning);
+    if (!Parse(std::move(*Bytes), BeginLoading(File, TitleOf(Path), FolderOf(Path)), File, Filter, Kept))
+        return FileFailed(NoSession, Path, TitleWarning);
+    gSessID = TitleOf(Path);
+    return true;
 }
 
 bool ParseDataFile(std::string Bytes, const std::string& SessID, DataFile& File, SectionFilter Filter,
                    std::string* Kept)
 {
-    const auto Named = ReadText(std::move(Bytes), SessID, File, Filter);
-    if (Kept && Named) *Kept = KeptSections(File, *Named);
-    return Named.has_value();
+    return Parse(std::move(Bytes), BeginLoading(File, SessID, gCurDir), File, Filter, Kept);
 }
 
 bool ReadOtherFile(const std::string& Path, DataFile& File, std::set<std::string>& Found)
 {
     auto Bytes = ReadWhole(Path);
     if (!Bytes) return FileFailed(CantOpen, Path, TitleWarning);
-    const std::string Own = gSessID;
-    const auto Named =
-        ReadText(std::move(*Bytes), std::filesystem::path(Path).stem().string(), File, SectionFilter::Any);
-    gSessID = Own;
+    LoadedSession Read = BeginLoading(File, TitleOf(Path), FolderOf(Path));
+    const auto Named = ReadText(std::move(*Bytes), Read, SectionFilter::Any);
     if (!Named) return FileFailed(NoSession, Path, TitleWarning);
     for (const Section* Each : *Named)
         Found.emplace(Each->Keyword);
+    Publish(std::move(Read), File);
     return true;
 }
 
@@ -272,7 +300,7 @@ bool WriteDataFile(const std::string& Path, const DataFile& File, SectionFilter 
     WholeFile New(Path);
     New.Append(EncodeText(DataFileText(File, Filter), File.Encoding, TextPage()));
     if (!New.Commit()) return FileFailed(CantWrite, Path, TitleWarning, New.Failure());
-    if (IsOpenFile(File) && Path == gCurFile && Filter == SectionFilter::Any) Notify(eNotice::SessionSaved);
+    if (&File == &gFile && Path == gCurFile && Filter == SectionFilter::Any) Notify(eNotice::SessionSaved);
     return true;
 }
 

@@ -23,11 +23,12 @@ extern float gOldBladeLen;
 /// Reads Path into File, section by section: what the file does not name keeps its value, apart from the model and the
 /// samples. Sets gSessID; into gFile also gKeyMode, the old oar dimensions, the video tables and the reference tables.
 /// Kept, unless null, becomes the list of what it does not name and what therefore stays, as "Sess, STD (26 rows)".
-/// False when it cannot be opened or has no section at all (reported to the user): File is as it was.
+/// False when it cannot be opened or has no section at all (reported to the user): nothing has changed, and nothing
+/// does when reading ends in an exception.
 bool ReadDataFile(const std::string& Path, DataFile& File, SectionFilter Filter, std::string* Kept = nullptr);
 
-/// The same from the bytes of a file; SessID is the identifier that its rows get. False when they have no section at
-/// all: File is as it was.
+/// The same from the bytes of a file; SessID is the identifier that its rows get, and becomes gSessID only with gFile.
+/// Reference tables come from gCurDir. False when the bytes have no section at all: nothing has changed.
 bool ParseDataFile(std::string Bytes, const std::string& SessID, DataFile& File, SectionFilter Filter,
                    std::string* Kept = nullptr);
 

@@ -7,27 +7,14 @@
 
 #include <array>
 
-float gOldInboard = 0;
-float gOldOarLen = 0;
-float gOldBladeLen = 0;
-
 namespace {
 constexpr FieldFormat OarFormat{FieldForm::Number, 1, 2};
 
-struct OldOars
+void ReadOldOars(std::span<const std::string_view> Values, OldOars& Oars)
 {
-    float Inboard = gOldInboard;
-    float OarLen = gOldOarLen;
-    float BladeLen = gOldBladeLen;
-};
-
-OldOars ReadOldOars(std::span<const std::string_view> Values)
-{
-    OldOars Oars;
     const std::array Fields = {&Oars.Inboard, &Oars.OarLen, &Oars.BladeLen};
     for (std::size_t i = 0; i < std::min(Fields.size(), Values.size()); ++i)
         StoreText(*Fields[i], OarFormat, Values[i]);
-    return Oars;
 }
 
 // The oldest files have no table of the boat: its rows are made for the crew, all with the same oar.
@@ -44,27 +31,21 @@ void SpreadOldOars(DataFile& File, const OldOars& Oars)
         Row.BladeLength = Oars.BladeLen;
     }
 }
-
-void KeepOldOars(const OldOars& Oars)
-{
-    gOldInboard = Oars.Inboard;
-    gOldOarLen = Oars.OarLen;
-    gOldBladeLen = Oars.BladeLen;
-}
 } // namespace
 
-void ReadMain(LineReader& Lines, DataFile& File)
+void ReadMain(LineReader& Lines, LoadedSession& Into)
 {
     std::string_view Line;
     if (!Lines.Take(Line)) return;
     LineFields Cells;
     Cells.Cut(Line);
-    SetFields<DataFile>(File, MainFields(), Cells.Closed);
-    if (IsOpenFile(File)) gKeyMode = IsKeyMode(File.KeyMode) ? File.KeyMode : gKeyModeSet;
+    SetFields<DataFile>(Into.File, MainFields(), Cells.Closed);
+    Into.KeyMode = IsKeyMode(Into.File.KeyMode) ? Into.File.KeyMode : gKeyModeSet;
 }
 
-void ReadSess(LineReader& Lines, DataFile& File)
+void ReadSess(LineReader& Lines, LoadedSession& Into)
 {
+    DataFile& File = Into.File;
     std::string_view Line;
     if (!Lines.Take(Line)) return;
     LineFields Cells;
@@ -75,9 +56,8 @@ void ReadSess(LineReader& Lines, DataFile& File)
         SetFields<DataFile>(File, SessTailFields(), Rest);
         return;
     }
-    const OldOars Oars = ReadOldOars(Rest);
-    if (IsOpenFile(File)) KeepOldOars(Oars);
-    if (File.Model == ModelOldest) SpreadOldOars(File, Oars);
+    ReadOldOars(Rest, Into.Oars);
+    if (File.Model == ModelOldest) SpreadOldOars(File, Into.Oars);
 }
 
 void AppendMain(std::string& Text, const DataFile& File)

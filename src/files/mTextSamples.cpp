@@ -36,17 +36,17 @@ bool IsComplete(const std::vector<std::string_view>& Fields, int Count)
     return Count >= 0 && Fields.size() >= HeadSize + static_cast<std::size_t>(Count) + 1;
 }
 
-void FillRow(DataRow& Row, std::span<const std::string_view> Fields, int Count)
+void FillRow(DataRow& Row, const std::string& SessID, std::span<const std::string_view> Fields, int Count)
 {
     SetFields(Row, DataFields(), Fields);
-    Row.SessID = gSessID;
+    Row.SessID = SessID;
     Row.Values.reserve(static_cast<std::size_t>(Count) + 1);
     for (const std::string_view Value : Fields.subspan(HeadSize, static_cast<std::size_t>(Count) + 1))
         Row.Values.push_back(Val(Value));
 }
 } // namespace
 
-void ReadSampleRows(LineReader& Lines, const DataFile& File, RowArray<DataRow>& Rows)
+void ReadSampleRows(LineReader& Lines, const DataFile& File, const std::string& SessID, RowArray<DataRow>& Rows)
 {
     const SampleCounts Counts(File);
     LineFields Cells;
@@ -55,7 +55,7 @@ void ReadSampleRows(LineReader& Lines, const DataFile& File, RowArray<DataRow>& 
         Cells.Cut(Line);
         if (!Cells.Open.empty()) Cells.Closed.push_back(Cells.Open);
         const int Count = Cells.Closed.empty() ? -1 : Counts.Of(Cells.Closed.front());
-        if (IsComplete(Cells.Closed, Count)) FillRow(Rows.Grow(), Cells.Closed, Count);
+        if (IsComplete(Cells.Closed, Count)) FillRow(Rows.Grow(), SessID, Cells.Closed, Count);
     }
 }
 

@@ -57,36 +57,45 @@ bool ReadRow(std::string_view Line, RefTable& Table, std::size_t Index)
     return true;
 }
 
-// Gives gRefCnt, or 0 when there is no table in Text (reported to the user).
-int16_t TakeTable(const std::optional<std::string>& Text, const std::string& Path, RefTable& Table)
+// False when there is no table in Text (reported to the user).
+bool TakeTable(const std::optional<std::string>& Text, const std::string& Path, RefTable& Table)
 {
     RefTable Read;
-    if (Text && ParseRefTable(*Text, Read)) {
-        Table = std::move(Read);
-        return gRefCnt;
-    }
-    FileFailed("Can't open reference table: ", Path, TitleError);
-    return 0;
+    if (!Text || !ParseRefTable(*Text, Read)) return FileFailed("Can't open reference table: ", Path, TitleError);
+    Table = std::move(Read);
+    return true;
 }
 } // namespace
 
+RefTableSet ReadRefTables(RowArray<CalibrRow>& Rows, const std::string& Folder, const ComingRefFile* Coming)
+{
+    RefTableSet Read;
+    for (CalibrRow& Row : Rows) {
+        if (Row.ProcMode != ApproxRefTable) continue;
+        Read.Cnt = ToInt16(Read.Cnt + 1);
+        // A table that cannot be read keeps its number, so that no channel comes to use the table of another.
+        RefTable& Table = Read.Tables.emplace_back();
+        const std::string Path = Folder + Row.SensorID + ".ref";
+        const bool IsComing = Coming && Coming->Path == Path;
+        if (!TakeTable(IsComing ? Coming->Text : ReadWhole(Path), Path, Table)) continue;
+        Row.Threshold = Read.Cnt;
+        Row.RefTabFN = Row.SensorID;
+        if (Row.Log0 != 0) ShiftRefTable(Row, Table);
+    }
+    return Read;
+}
+
+void Publish(RefTableSet&& Read)
+{
+    gRefTabs = std::move(Read.Tables);
+    gRefCnt = Read.Cnt;
+}
+
 void LoadRefTables(const ComingRefFile* Coming)
 {
-    gRefCnt = 0;
-    gRefTabs.assign(1, {});
-    for (int Chan = 1; Chan <= gFile.Calibr.UBound(); ++Chan) {
-        CalibrRow& Row = gFile.Calibr[Chan];
-        if (Row.ProcMode != ApproxRefTable) continue;
-        gRefCnt = ToInt16(gRefCnt + 1);
-        // A table that cannot be read keeps its number, so that no channel comes to use the table of another.
-        RefTable& Table = gRefTabs.emplace_back();
-        const std::string Path = gCurDir + Row.SensorID + ".ref";
-        const bool IsComing = Coming && Coming->Path == Path;
-        if ((IsComing ? TakeTable(Coming->Text, Path, Table) : ReadRefTable(Path, Table)) == 0) continue;
-        Row.Threshold = gRefCnt;
-        Row.RefTabFN = Row.SensorID;
-        if (Row.Log0 != 0) ShiftRefTable(Chan);
-    }
+    RowArray<CalibrRow> Rows = gFile.Calibr;
+    Publish(ReadRefTables(Rows, gCurDir, Coming));
+    gFile.Calibr = std::move(Rows);
 }
 
 bool ParseRefTable(std::string_view Text, RefTable& Table)
@@ -104,7 +113,7 @@ bool ParseRefTable(std::string_view Text, RefTable& Table)
 
 int16_t ReadRefTable(const std::string& Path, RefTable& Table)
 {
-    return TakeTable(ReadWhole(Path), Path, Table);
+    return TakeTable(ReadWhole(Path), Path, Table) ? gRefCnt : int16_t{0};
 }
 
 std::string RefTableText(const RefTable& Table)
@@ -126,8 +135,11 @@ bool WriteRefTable(const std::string& Path, const RefTable& Table)
 
 double RefLookup(int Tab, double V)
 {
-    if (Tab < 1 || Tab > gRefCnt) return 0;
-    const RefTable& Table = gRefTabs[static_cast<std::size_t>(Tab)];
+    return Tab < 1 || Tab > gRefCnt ? 0 : RefLookup(gRefTabs[static_cast<std::size_t>(Tab)], V);
+}
+
+double RefLookup(const RefTable& Table, double V)
+{
     const auto Last = static_cast<std::size_t>(Table.Cnt);
     const auto [Lo, Hi] = std::minmax(Table.X[0], Table.X[Last]);
     if (V < Lo || V > Hi) return RefExtrapolate(Table, V);

@@ -1,6 +1,8 @@
 // The reference tables of the open session: loading, the .ref format both ways, and the look-up with extrapolation.
 #pragma once
 
+#include "core/mGlobData.h"
+
 #include <array>
 #include <cstdint>
 #include <string>
@@ -19,6 +21,13 @@ struct RefTable
     std::array<double, MaxRow + 1> Y{}; // output of the look-up
 };
 
+/// The tables of a session in the order of the channels that use them; element 0 stays empty.
+struct RefTableSet
+{
+    std::vector<RefTable> Tables = std::vector<RefTable>(1);
+    int16_t Cnt = 0;
+};
+
 /// Tables of the open session in the order of the channels that use them; element 0 stays empty.
 extern std::vector<RefTable> gRefTabs;
 extern int16_t gRefCnt;
@@ -30,9 +39,15 @@ struct ComingRefFile
     std::string Text;
 };
 
-/// Reloads the tables of all channel rows with ProcMode 4 from gCurDir. A row whose table was read gets its number in
-/// Threshold and its SensorID in RefTabFN, and its zero when it has one; a table that cannot be read is reported to the
-/// user and its row is left alone. Coming stands for the file of its path.
+/// Reads the tables of all rows with ProcMode 4 from Folder. A row whose table was read gets its number in Threshold
+/// and its SensorID in RefTabFN, and its zero when it has one; a table that cannot be read is reported to the user and
+/// its row is left alone. Coming stands for the file of its path.
+RefTableSet ReadRefTables(RowArray<CalibrRow>& Rows, const std::string& Folder, const ComingRefFile* Coming = nullptr);
+
+/// Makes them the tables of the open session.
+void Publish(RefTableSet&& Read);
+
+/// The same for the open session: reloads the tables of its channels from gCurDir.
 void LoadRefTables(const ComingRefFile* Coming = nullptr);
 
 /// Reads a table file. Gives gRefCnt, or 0 when it cannot be opened (reported to the user).
@@ -48,7 +63,10 @@ std::string RefTableText(const RefTable& Table);
 /// Writes a table file whole. False when that fails (reported to the user).
 bool WriteRefTable(const std::string& Path, const RefTable& Table);
 
-/// Output of table number Tab at input V; 0 for a number without a table and at V equal to the last input.
+/// Output of a table at input V; 0 at V equal to the last input.
+double RefLookup(const RefTable& Table, double V);
+
+/// The same of table number Tab of the open session; 0 for a number without a table.
 double RefLookup(int Tab, double V);
 
 /// Output beyond the ends of a table by a cubic through its seven rows at that end; 0 for a shorter table.

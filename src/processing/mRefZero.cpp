@@ -2,9 +2,7 @@
 #include "processing/mRefZero.h"
 
 #include "base/mNumText.h"
-#include "core/mGlobData.h"
 #include "core/mModes.h"
-#include "processing/mRefTable.h"
 
 #include <utility>
 
@@ -17,13 +15,10 @@ int TableOf(const CalibrRow& Row)
 }
 } // namespace
 
-void ShiftRefTable(int Chan)
+void ShiftRefTable(CalibrRow& Row, RefTable& Table)
 {
-    CalibrRow& Row = gFile.Calibr[Chan];
-    const int Number = TableOf(Row);
-    if (Number == 0 || Row.Side < SideRight || Row.Side > SideLeftScull) return;
-    RefTable& Table = gRefTabs[static_cast<std::size_t>(Number)];
-    const double Z = RefLookup(Number, Row.Log0);
+    if (Row.Side < SideRight || Row.Side > SideLeftScull) return;
+    const double Z = RefLookup(Table, Row.Log0);
     const double A = Table.Y[0], B = Table.Y[static_cast<std::size_t>(Table.Cnt)];
     const bool IsTurned = Row.Side == SideLeft || Row.Side == SideLeftScull;
     Row.Min = IsTurned ? Z - B : A - Z;
@@ -34,13 +29,13 @@ void ShiftRefTable(int Chan)
 
 bool ZeroRefTable(int Chan)
 {
-    const CalibrRow& Row = gFile.Calibr[Chan];
+    CalibrRow& Row = gFile.Calibr[Chan];
     const int Number = TableOf(Row);
     if (Number == 0) return true;
     RefTable Fresh;
     if (ReadRefTable(gCurDir + Row.SensorID + ".ref", Fresh) == 0) return false;
+    ShiftRefTable(Row, Fresh);
     gRefTabs[static_cast<std::size_t>(Number)] = std::move(Fresh);
-    ShiftRefTable(Chan);
     return true;
 }
 

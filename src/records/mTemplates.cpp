@@ -20,10 +20,8 @@ void AddTemplate(TemplateList& List, const fs::path& Path)
 {
     SessionTemplate New{Path.stem().string(), Path.string(), {}};
     auto Bytes = ReadWhole(New.Path);
-    const std::string Open = gSessID; // reading any file sets it
-    const bool IsRead = Bytes && ParseDataFile(std::move(*Bytes), "", New.Setup, SectionFilter::Non);
-    gSessID = Open;
-    if (!IsRead) return List.Unreadable.push_back(New.Path);
+    if (!Bytes || !ParseDataFile(std::move(*Bytes), "", New.Setup, SectionFilter::Non))
+        return List.Unreadable.push_back(New.Path);
     std::erase_if(List.Templates, [&](const SessionTemplate& Each) { return Each.Name == New.Name; });
     List.Templates.push_back(std::move(New));
 }

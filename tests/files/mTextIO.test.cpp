@@ -1,5 +1,7 @@
 // The session data file: what is read, what is written, and that neither loses anything.
 #include "files/mTextIO.h"
+#include "files/mMain.h"
+#include "processing/mRefTable.h"
 #include "support/Case.h"
 
 #include <algorithm>
@@ -201,6 +203,46 @@ TEST_CASE_FIXTURE(Session, "what cannot be read is reported and leaves the open 
     CHECK(Dialogs.Told ==
           Texts{"Warning!: Can't open file: " + Missing, "Warning!: Can't open file: " + Folder.Path(""),
                 "Warning!: This is no session data file: " + Path, "Warning!: This is no session data file: " + Path});
+}
+
+namespace {
+// The memory ends at the first message.
+struct NoMemory : ScriptedDialogs
+{
+    eAnswer MsgBox(const std::string& Text, const std::string& Title, eButtons Buttons) override
+    {
+        if (Told.empty()) {
+            Told.push_back(Text);
+            throw std::bad_alloc();
+        }
+        return ScriptedDialogs::MsgBox(Text, Title, Buttons);
+    }
+};
+} // namespace
+
+TEST_CASE_FIXTURE(Session, "a reading that breaks off with an exception leaves all of the session before as it was")
+{
+    const auto Oldest = [](const char* Mode, const char* Oar) {
+        return Tabbed("Main\n1|||||" + std::string(Mode) + "|\nEnd\nSess\nX|1/2/98|P|C|M|1x|H|A|.88|" + Oar +
+                      "|.4|\nEnd\n");
+    };
+    REQUIRE(Read(Golden("session-typed.txt")));
+    REQUIRE(Read(Oldest("1", "2.9")));
+    SetCurFile(Path);
+    const std::string Before = DataFileText(gFile, SectionFilter::Any);
+    DataFile Other;
+    Other.Model = 61;
+    Other.Calibr.Grow().ProcMode = ApproxRefTable; // whose table is missing
+    REQUIRE(SaveWhole(Folder.Path("OTHER.txt"), Tabbed("VidDots\nP7|Hip|1|\nEnd\n") + Oldest("3", "2.5") +
+                                                    DataFileText(Other, SectionFilter::Any)));
+    NoMemory Failing;
+    gHost.Dialogs = &Failing;
+    CHECK_FALSE(Guard("Opening", [&] { return OpenSession(Folder.Path("OTHER.txt")); }));
+    gHost.Dialogs = &Dialogs;
+    CHECK(DataFileText(gFile, SectionFilter::Any) == Before);
+    CHECK((gKeyMode == 1 && gSessID == "SESSION" && gCurFile == Path && gOldOarLen == 2.9F && gRefCnt == 0));
+    CHECK(OpenSession(Folder.Path("OTHER.txt")));
+    CHECK((gSessID == "OTHER" && gCurFile == Folder.Path("OTHER.txt") && gOldOarLen == 2.5F && gRefCnt == 1));
 }
 
 TEST_CASE_FIXTURE(Session, "a save that fails is reported with its reason, and the backup is a copy beside the file")

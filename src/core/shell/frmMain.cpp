@@ -111,11 +111,8 @@ bool frmMain::EndForSession()
 void frmMain::OpenFile(const std::string& Path)
 {
     if (!EndForSession()) return;
-    const std::string Former = gCurFile;
-    if (!Guard("Opening the session", [&] { return OpenSession(Path); }))
-        SetCurFile(Former);
-    else if (const auto Rate = SessionRate())
-        AskDataFreq(*Rate, "The session is sampled");
+    if (!Guard("Opening the session", [&] { return OpenSession(Path); })) return;
+    if (const auto Rate = SessionRate()) AskDataFreq(*Rate, "The session is sampled");
 }
 
 QAction* frmMain::Command(const char* Name) const
