@@ -43,7 +43,7 @@ struct LinkInUse
     std::string Device;
     std::vector<std::string> Known; // devices that were there when it was opened
     bool IsRun = false;             // the logger was asked to stream
-    bool HasServed = false;         // windows with live data
+    bool HasServed = false;         // windows with live data, or a recording
 };
 LinkInUse Used;
 
@@ -283,7 +283,7 @@ void CloseUnusedLink()
     if (gLinkWatch.State() == cLinkWatch::eState::Closed || IsLinkDiverted()) return;
     const bool IsNeeded = IsLinkNeeded();
     if (Used.HasServed && !IsNeeded && !gLogging) return CloseLink();
-    Used.HasServed = Used.HasServed || IsNeeded;
+    Used.HasServed = Used.HasServed || IsNeeded || gLogging;
 }
 
 void SendRun()

@@ -68,7 +68,7 @@ void BeginLive();
 /// Closes the link and stores in the session whether its samples are signed.
 void CloseLink();
 
-/// Closes a link that windows have used once the last of them is closed, unless a recording runs.
+/// Closes a link that windows or a recording have used once the last of them is closed, unless a recording runs.
 void CloseUnusedLink();
 
 /// Asks the logger to stream, now or once the link is open, and again whenever a lost link is open again.

@@ -261,6 +261,16 @@ bool IsReplayOpen()
     return Timer1 != 0;
 }
 
+void StartRecording()
+{
+    const bool IsIdle = !IsAcquiring();
+    if (IsIdle && !OpenLink()) return;
+    if (IsIdle) SendRun();
+    StartLog();
+    if (IsIdle && !gLogging) CloseLink();
+    CloseUnusedLink(); // takes note that the recording uses it
+}
+
 void StopAll()
 {
     if (gLogging) TakeRest();

@@ -65,6 +65,11 @@ void StopReplay();
 /// Whether a raw file is played or held.
 bool IsReplayOpen();
 
+/// Starts the recording of a new sample (StartLog). Where nothing comes, it opens the link first and starts the logger;
+/// when there is no port (reported in panel 3) nothing is recorded. When the user gives the recording up, a link that
+/// was opened for it is closed again.
+void StartRecording();
+
 /// Closes the raw log, the replay file and the dump, as far as they are open.
 void StopAll();
 

@@ -12,7 +12,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTextEdit>
 #include <QToolTip>
 
 #include <utility>
@@ -23,25 +22,11 @@ bool IsLinkClosed()
     return gLinkWatch.State() == cLinkWatch::eState::Closed;
 }
 
-// An unchanged text leaves the cursor where it is; a text that is too long shows its beginning.
-void Show(QLineEdit& Box, const std::string& Text)
-{
-    if (Plain(Box.text()) == Text) return;
-    Box.setText(Shown(Text));
-    if (!Box.hasFocus()) Box.setCursorPosition(0);
-}
 } // namespace
 
 void fDoCalibr::ShowTexts()
 {
-    for (std::size_t i = 0; i < Boxes.size(); ++i)
-        Show(*Boxes[i], Calibr.Box(static_cast<eCalBox>(i)));
-    Show(*txtSensID, Calibr.SensID());
-    Show(*txtArrMin, Calibr.ArrMin());
-    Show(*txtArrMax, Calibr.ArrMax());
-    const std::string Hint = Calibr.AnalysHint().empty() ? "" : "\n" + Calibr.AnalysHint();
-    if (const QString Text = Shown(Calibr.Analys() + Hint).remove('\r').trimmed(); txtAnalys->toPlainText() != Text)
-        txtAnalys->setPlainText(Text);
+    Texts->ShowTexts();
     if (Plain(State->text()) != Calibr.State()) State->setText(Shown(Calibr.State()));
     if (Plain(windowTitle()) != Calibr.Caption()) setWindowTitle(Shown(Calibr.Caption()));
     Buttons[cmdUndo]->setEnabled(Calibr.CanUndo());
@@ -68,13 +53,13 @@ bool fDoCalibr::ShowPoint(bool IsPoint)
 {
     if (IsPoint) Graph.AddPoints();
     ShowTexts();
-    if (IsPoint && Boxes[BoxPhys]->hasFocus()) AwaitLoad();
+    if (IsPoint && Texts->Box(BoxPhys).hasFocus()) AwaitLoad();
     return IsPoint;
 }
 
 void fDoCalibr::SetLive(bool Live)
 {
-    Boxes[BoxLog]->setEnabled(Live);
+    Texts->Box(BoxLog).setEnabled(Live);
     ShowTexts();
 }
 
@@ -132,8 +117,8 @@ bool fDoCalibr::StartData()
 void fDoCalibr::AwaitLoad()
 {
     if (Calibr.Flag(FlagAutomatic)) return;
-    Boxes[BoxPhys]->setFocus();
-    Boxes[BoxPhys]->selectAll();
+    Texts->Box(BoxPhys).setFocus();
+    Texts->Box(BoxPhys).selectAll();
 }
 
 bool fDoCalibr::StopData()
@@ -161,12 +146,6 @@ bool fDoCalibr::SaveTable()
 void fDoCalibr::Leave()
 {
     if (Calibr.CheckModified()) Unload();
-}
-
-// Only the sensor's identifier may contain letters and blanks.
-bool fDoCalibr::IsTyping() const
-{
-    return txtSensID->hasFocus();
 }
 
 bool fDoCalibr::TakeLetter(int Key)
@@ -208,7 +187,7 @@ bool fDoCalibr::TakeKey(const QKeyEvent& Event)
             Obey(cmdStop);
         return true;
     default:
-        return !IsTyping() && TakeLetter(Event.key());
+        return !Texts->IsTyping() && TakeLetter(Event.key());
     }
 }
 
@@ -219,7 +198,7 @@ bool fDoCalibr::eventFilter(QObject* Watched, QEvent* Event)
     const bool IsSpace = (Event->type() == QEvent::KeyPress || Event->type() == QEvent::KeyRelease) &&
                          static_cast<QKeyEvent*>(Event)->key() == Qt::Key_Space;
     if (IsSpace && qobject_cast<QPushButton*>(Watched)) return true;
-    if (Event->type() == QEvent::MouseMove) {
+    if (Watched == CalGr && Event->type() == QEvent::MouseMove) {
         const auto* Move = static_cast<QMouseEvent*>(Event);
         QToolTip::showText(Move->globalPosition().toPoint(),
                            Shown(Graph.TextAt(Move->position().x(), Move->position().y())), CalGr);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "calibration/cCalGraph.h"
+#include "calibration/fCalTexts.h"
 #include "platform/qt/qSurface.h"
 #include "widgets/qDataWindow.h"
 
@@ -11,11 +12,8 @@
 
 class QButtonGroup;
 class QCheckBox;
-class QGridLayout;
 class QLabel;
 class QLayout;
-class QLineEdit;
-class QTextEdit;
 class QPushButton;
 
 class fDoCalibr : public qDataWindow
@@ -55,13 +53,9 @@ private:
         CommandCnt
     };
 
-    QLayout* BuildBoxes();
-    QLayout* BuildRanges();
     QLayout* BuildChoices();
     QWidget* BuildApply();
     QLayout* BuildButtons();
-    void AddBox(QGridLayout& Grid, int Index, int Row, int Column);
-    QLineEdit* AddText(const char* Name, const QString& Text, const char* Tip);
 
     void Obey(int Command);
     bool Work(int Command);
@@ -72,7 +66,6 @@ private:
     bool SaveTable();
     void AwaitLoad();
     void DrawAnew();
-    bool IsTyping() const;
     bool TakeKey(const QKeyEvent& Event);
     bool TakeLetter(int Key);
     void Leave();
@@ -81,14 +74,10 @@ private:
     qSurface* CalGr;
     cCalGraph Graph;
     QLabel* State;
-    std::array<QLineEdit*, CalBoxCnt> Boxes{};
+    fCalTexts* Texts = nullptr;
     std::array<QCheckBox*, 4> Flags{};
     std::array<QPushButton*, CommandCnt> Buttons{};
     QButtonGroup* Apply;
-    QLineEdit* txtSensID = nullptr;
-    QLineEdit* txtArrMin = nullptr;
-    QLineEdit* txtArrMax = nullptr;
-    QTextEdit* txtAnalys = nullptr;
     bool HasNewPoints = false; // since they were drawn last
     QTimer Look;               // at the link, which may be gone without a frame
 };

@@ -156,8 +156,7 @@ void AddColours(std::vector<OptionGroup>& Groups)
                         .Help = "Lies under the curves in place of the background's colour.",
                         .Fault = FileFault,
                         .FileTitle = "Background Picture File",
-                        .FileExt = "*"}},
-                      AtOpening});
+                        .FileExt = "*"}}});
 }
 
 void AddGeneral(std::vector<OptionGroup>& Groups)

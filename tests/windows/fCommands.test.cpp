@@ -83,6 +83,25 @@ TEST_CASE_FIXTURE(LiveState, "channels are checked, recorded byte for byte, and 
     CHECK(gData[8] == 60);
 }
 
+TEST_CASE_FIXTURE(LiveState, "a recording without a live window opens the link for itself, and closes it behind itself")
+{
+    Dialogs.AnswerYes = false;
+    REQUIRE(SaveWhole(Folder.Path("crew_000.qvn"), "older"));
+    Choose("mnuCalibrLog"); // and not over the older one
+    CHECK((!gLogging && gFile.SampleCnt == 0 && Socket.State() == eSocketState::Closed));
+    Dialogs.AnswerYes = true;
+    Click("cmdToolBar_6");
+    const auto IsRunning = [&] {
+        if (Server.hasPendingConnections()) Logger = Server.nextPendingConnection();
+        return Logger && Logger->bytesAvailable() == 5;
+    };
+    REQUIRE(QTest::qWaitFor(IsRunning, 4000));
+    Send(1, 20);
+    Click("cmdToolBar_6");
+    CHECK(ReadWhole(Folder.Path("crew_000.qvn")) == Sent.toStdString());
+    CHECK(QTest::qWaitFor([&] { return Socket.State() == eSocketState::Closed; }, 2000));
+}
+
 TEST_CASE_FIXTURE(LiveState, "the keys of the indicators hold the link, dump what comes, and close everything")
 {
     Check();

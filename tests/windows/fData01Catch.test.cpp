@@ -2,6 +2,8 @@
 #include "live/catch/fData01Catch.h"
 #include "ShellState.h"
 #include "core/mIni.h"
+#include "core/mNotice.h"
+#include "core/mSettings.h"
 #include "files/mTextIO.h"
 #include "support/SurfaceLog.h"
 
@@ -61,6 +63,28 @@ struct CatchWindow : ShellState
     cCatch Beside{Screen};
 };
 } // namespace
+
+TEST_CASE_FIXTURE(CatchWindow, "an open panel takes other ranges and another background at once, and goes on counting")
+{
+    Row(200);
+    const QString Sheet = Find<QLabel>("lbCatch_0").styleSheet();
+    const std::string Strokes = Label("lbStrokeN");
+    gCFLow = 900;
+    gCFHigh = 950;
+    for (const char* Key : {"gCFLow", "gCFHigh"})
+        SaveSetting(Key);
+    QImage Picture(8, 8, QImage::Format_RGB32);
+    Picture.fill(QColor(1, 2, 3));
+    gBackground = Folder.Path("b.png");
+    REQUIRE(Picture.save(Shown(gBackground)));
+    Notify(eNotice::OptionsSaved);
+    const QImage Shot = Find<QWidget>("PB").grab().toImage();
+    CHECK(Shot.pixelColor(Shot.width() / 2, 2) == QColor(1, 2, 3));
+    Row(100);
+    CHECK(Find<QLabel>("lbCatch_0").styleSheet() != Sheet);
+    CHECK(Label("lbStrokeN") > Strokes);
+    CHECK(Strokes != "000");
+}
 
 TEST_CASE_FIXTURE(CatchWindow,
                   "labels and marks show the factors of the strokes that were rowed, grey when frames stop")

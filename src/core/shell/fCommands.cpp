@@ -185,7 +185,7 @@ void SampleAllPanels(frmMain& Main)
 
 void LogChannels(frmMain&)
 {
-    StartLog();
+    StartRecording();
 }
 
 void ReadLog(frmMain& Main)
@@ -218,7 +218,7 @@ void ToggleLog(frmMain&)
     if (gLogging)
         StopAll();
     else
-        StartLog();
+        StartRecording();
 }
 
 void ShowHelp(frmMain&)

@@ -16,6 +16,9 @@ public:
     /// drawn.
     void Load();
 
+    /// Takes the ranges of the factors from the settings, for the strokes to come.
+    void LoadRanges() { Timing.LoadRanges(); }
+
     /// Counts the frames of the source anew.
     static void InitMode();
 

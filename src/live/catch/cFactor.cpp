@@ -16,8 +16,13 @@ FactorRange FactorRange::AtRate(double Rate, double Slope) const
 void cTimeFactor::Load(const FactorRange& InitRange, double InitSlope)
 {
     *this = {};
-    Range = InitRange;
-    Slope = InitSlope;
+    SetRange(InitRange, InitSlope);
+}
+
+void cTimeFactor::SetRange(const FactorRange& NewRange, double NewSlope)
+{
+    Range = NewRange;
+    Slope = NewSlope;
 }
 
 void cTimeFactor::Take(double Value, double Rate, double RateAver)
@@ -39,7 +44,7 @@ void cTimeFactor::Take(double Value, double Rate, double RateAver)
 void cStyleFactor::Load(const FactorRange& InitRange)
 {
     *this = {};
-    Range = InitRange;
+    SetRange(InitRange);
 }
 
 eVerdict cStyleFactor::Verdict(double Value) const

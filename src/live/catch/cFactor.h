@@ -37,6 +37,9 @@ class cTimeFactor
 public:
     void Load(const FactorRange& InitRange, double InitSlope);
 
+    /// Another range for the strokes to come; what was counted stays.
+    void SetRange(const FactorRange& NewRange, double NewSlope);
+
     /// Takes the factor of a stroke at the rate of that stroke and the mean rate.
     void Take(double Value, double Rate, double RateAver);
 
@@ -56,6 +59,9 @@ class cStyleFactor
 {
 public:
     void Load(const FactorRange& InitRange);
+
+    /// Another range for the strokes to come; what was counted stays.
+    void SetRange(const FactorRange& NewRange) { Range = NewRange; }
 
     /// Takes the factor of a stroke. The average is formed over all StrokeN strokes that were counted, none: no
     /// average.

@@ -48,12 +48,12 @@ void cTiming::Load()
     HandleSignal.Load(gKeyChan);
     SeatSignal.Load(gSeatChan);
     TrunkSignal.Load(gTrunkChan);
-    LoadFactors();
+    LoadRanges();
     gFirstCycle = true;
     StyleTravel = gRSFval1;
 }
 
-void cTiming::LoadFactors()
+void cTiming::LoadRanges()
 {
     for (const char* Key : {"gCFLow", "gCFHigh", "gCFmarg", "gCFslope", "gRSFLow", "gRSFHigh", "gRSFmarg", "gFFLow",
                             "gFFHigh", "gFFmarg", "gFFslope"})
@@ -61,9 +61,9 @@ void cTiming::LoadFactors()
     const auto Range = [](int16_t Low, int16_t High, int16_t Margin) {
         return FactorRange{static_cast<double>(Low), static_cast<double>(High), static_cast<double>(Margin)};
     };
-    CF.Load(Range(gCFLow, gCFHigh, gCFmarg), gCFslope);
-    FF.Load(Range(gFFLow, gFFHigh, gFFmarg), gFFslope);
-    RSF.Load(Range(gRSFLow, gRSFHigh, gRSFmarg));
+    CF.SetRange(Range(gCFLow, gCFHigh, gCFmarg), gCFslope);
+    FF.SetRange(Range(gFFLow, gFFHigh, gFFmarg), gFFslope);
+    RSF.SetRange(Range(gRSFLow, gRSFHigh, gRSFmarg));
 }
 
 int32_t cTiming::Elapsed() const

@@ -37,6 +37,9 @@ public:
     /// Reads the session's channels and the settings, and begins all figures with the sample that is taken next.
     void Load();
 
+    /// Takes the ranges of the factors from the settings, for the strokes to come.
+    void LoadRanges();
+
     /// Takes the newest sample: turns, factors and strokes.
     void TakeSample();
 
@@ -63,7 +66,6 @@ private:
         double Value() const;
     };
 
-    void LoadFactors();
     bool TakeSignals();
     void CheckFactors();
     void CheckCatch();

@@ -166,6 +166,14 @@ void fData01Catch::InitLabels()
         Body->findChild<QLabel*>(Each.Name)->setText(gLanguage == LanguageRussian ? Each.Russian : Each.English);
 }
 
+void fData01Catch::OptionsChanged()
+{
+    fCurvePanel::OptionsChanged();
+    Panel.LoadRanges();
+    SetMargins();
+    ShowLabels();
+}
+
 void fData01Catch::SetMargins()
 {
     Catch.Bar->SetMargin(gCFmarg);

@@ -23,6 +23,7 @@ public:
 protected:
     void ShowLabels() override;
     void LoadSession() override;
+    void OptionsChanged() override;
     void FitLabels(QSize Size) override;
     void Closing() override { cCatch::Unload(); }
 

@@ -28,7 +28,7 @@ ePanelWish cPanelFrame::DoAction(int Code)
 
 void cPanelFrame::Obey(ePanelWish Wish)
 {
-    if (Wish == ePanelWish::StartLog) StartLog();
+    if (Wish == ePanelWish::StartLog) StartRecording();
     if (Wish == ePanelWish::StopLog) StopAll();
     // Without a file there is nothing to hold or to go on with.
     if (Wish == ePanelWish::ToggleReplay && IsReplayOpen()) gReplaying = !gReplaying;
