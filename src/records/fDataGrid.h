@@ -3,8 +3,8 @@
 
 #include "core/mNotice.h"
 #include "records/cDataGrid.h"
-#include "widgets/qGridModel.h"
-#include "widgets/qGridView.h"
+#include "records/qGridModel.h"
+#include "records/qGridView.h"
 
 #include <QWidget>
 

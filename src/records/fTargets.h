@@ -2,8 +2,8 @@
 #pragma once
 
 #include "records/cGrid.h"
-#include "widgets/qGridModel.h"
-#include "widgets/qGridView.h"
+#include "records/qGridModel.h"
+#include "records/qGridView.h"
 
 #include <QWidget>
 

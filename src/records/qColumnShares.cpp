@@ -1,11 +1,11 @@
 // Shares to widths, and the room that a column needs.
-#include "widgets/qColumnShares.h"
+#include "records/qColumnShares.h"
 
 #include "base/mError.h"
 #include "base/mNumText.h"
 #include "platform/mHost.h"
 #include "platform/qt/qText.h"
-#include "widgets/qGridModel.h"
+#include "records/qGridModel.h"
 
 #include <QHeaderView>
 #include <QTableView>

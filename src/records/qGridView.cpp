@@ -1,10 +1,10 @@
 // The grid's commands and its editing.
-#include "widgets/qGridView.h"
+#include "records/qGridView.h"
 
 #include "platform/qt/qText.h"
-#include "widgets/qCellDelegate.h"
+#include "records/qCellDelegate.h"
+#include "records/qGridModel.h"
 #include "widgets/qFrozenColumns.h"
-#include "widgets/qGridModel.h"
 
 #include <QApplication>
 #include <QClipboard>

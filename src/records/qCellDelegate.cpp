@@ -1,11 +1,11 @@
 // Making, checking and closing of editors.
-#include "widgets/qCellDelegate.h"
+#include "records/qCellDelegate.h"
 
 #include "base/mError.h"
 #include "platform/qt/qColour.h"
 #include "platform/qt/qText.h"
+#include "records/qGridModel.h"
 #include "widgets/qDateBox.h"
-#include "widgets/qGridModel.h"
 
 #include <QAbstractItemView>
 #include <QApplication>

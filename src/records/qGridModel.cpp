@@ -1,5 +1,5 @@
 // Cells as the toolkit asks for them, and changes as it has to be notified of them.
-#include "widgets/qGridModel.h"
+#include "records/qGridModel.h"
 
 #include "base/mError.h"
 #include "platform/qt/qColour.h"

@@ -1,6 +1,6 @@
 // The grid's keys, and its menu of commands.
-#include "widgets/qGridModel.h"
-#include "widgets/qGridView.h"
+#include "records/qGridModel.h"
+#include "records/qGridView.h"
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>

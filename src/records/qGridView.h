@@ -2,7 +2,7 @@
 #pragma once
 
 #include "records/mGridSteps.h"
-#include "widgets/qColumnShares.h"
+#include "records/qColumnShares.h"
 
 #include <QTableView>
 
