@@ -52,7 +52,7 @@ public:
     }
 
 private:
-    std::string Wrong(const std::string& Words) const { return "line " + FormatNum(LineNo, "0") + ": " + Words; }
+    std::string Wrong(const std::string& Words) const { return "Line " + FormatNum(LineNo, "0") + ": " + Words; }
 
     std::string TakeQuoted(std::string& Cell)
     {

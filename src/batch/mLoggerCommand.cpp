@@ -29,13 +29,15 @@ private:
     void AskCommands();
     void AskAll();
     void AddRows(const LoggerQuery& Query, const LoggerExchange& Done);
+    void PrintNew();
     bool Report() const;
 
     const Args& Line;
     cBatchLink Link;
     std::optional<cLoggerTalk> Talk;
-    std::string Table;  // of all questions
-    std::string Silent; // those without an answer
+    std::string Table;       // of all questions
+    std::string Silent;      // those without an answer
+    std::size_t Printed = 0; // exchanges
     bool IsAnswered = false;
 };
 
@@ -49,6 +51,7 @@ bool SetUp::Run()
         Link.Loop.Wait(LookMs);
         UpdateProgress(Talk->Percent());
     }
+    if (!Line.Has("--read")) PrintNew();
     const bool IsDone = Report();
     Link.OnSignal = nullptr;
     Talk.reset();
@@ -74,11 +77,18 @@ void SetUp::AskCommands()
         LoggerRequest Request{Command, Wait(Command)};
         Request.Then = [this](const LoggerExchange& Done) {
             IsAnswered = IsAnswered || !Done.Received.empty();
-            for (const std::string& Text : Done.Received)
-                std::cout << Text << std::endl;
+            PrintNew();
         };
         Talk->Ask(std::move(Request));
     }
+}
+
+// What has come since the last time, at the end that of an exchange that was broken off, too.
+void SetUp::PrintNew()
+{
+    for (; Printed < Talk->Log().size(); ++Printed)
+        for (const std::string& Text : Talk->Log()[Printed].Received)
+            std::cout << Text << std::endl;
 }
 
 void SetUp::AskAll()

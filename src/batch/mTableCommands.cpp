@@ -24,6 +24,14 @@ bool Refuse(const std::string& Question)
     return false;
 }
 
+std::string TableNames()
+{
+    std::string Names;
+    for (const GridKind& Each : AllGridKinds())
+        if (Each.Section) Names += (Names.empty() ? "" : ", ") + std::string(Each.Name);
+    return Names;
+}
+
 bool StoreAndSave(cDataGrid& Table, const Args& Line)
 {
     const std::string& Session = Line.Files[0];
@@ -33,7 +41,7 @@ bool StoreAndSave(cDataGrid& Table, const Args& Line)
 
 std::string TableObjection(const Args& Line)
 {
-    if (!KindInFile(Line.Files[1])) return "there is no table " + Line.Files[1];
+    if (!KindInFile(Line.Files[1])) return "there is no table " + Line.Files[1] + "; there are " + TableNames();
     if (Line.Has("--from") == (Line.Files.size() == 3)) return "either OUT.csv or --from FILE is needed";
     if (Line.Has("--out") && !Line.Has("--from")) return "--out belongs to --from";
     return {};

@@ -12,6 +12,8 @@
 #include <cctype>
 #include <filesystem>
 #include <set>
+#include <system_error>
+#include <unistd.h>
 #include <utility>
 
 namespace {
@@ -38,6 +40,15 @@ constexpr std::pair<const char*, float AntroRow::*> Measured[] = {
     {"Ankle Extension (mm)", &AntroRow::AnkleExt},
     {"Hips to seat (mm)", &AntroRow::HipSeat},
 };
+
+// Why the file at Path, which could not be read, is none to be read.
+std::string WhyUnread(const std::string& Path)
+{
+    std::error_code Error;
+    static_cast<void>(std::filesystem::file_size(Path, Error)); // fails for a folder, too
+    if (Error) return Error.message();
+    return access(Path.c_str(), R_OK) == 0 ? "it is too large" : "you have no permission to read it";
+}
 } // namespace
 
 cDataGrid::cDataGrid(const GridKind& InitKind) : Kind(InitKind) {}
@@ -113,7 +124,7 @@ std::optional<GridStep> cDataGrid::Import(const std::string& Path,
     }
     const auto Bytes = ReadWhole(Path);
     if (!Bytes) {
-        FileFailed(CantOpen, Path, TitleWarning);
+        FileFailed(CantOpen, Path, TitleWarning, WhyUnread(Path));
         return {};
     }
     ReadTable Read = RowsFromCsv(Grid, *Bytes);

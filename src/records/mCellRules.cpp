@@ -101,7 +101,8 @@ std::string TakeText(const GridColumn& Column, std::string& Text)
     if (Column.BeginsLine && Text.starts_with("End"))
         return "cannot begin with \"End\": it would end the table in the file";
     if (Column.Most > 0 && CountCharacters(Text) > Column.Most)
-        return "takes " + FormatNum(Column.Most, "0") + " characters, these are " +
+        return "takes " + FormatNum(Column.Most, "0") +
+               (Column.Most == 1 ? " character, these are " : " characters, these are ") +
                FormatNum(CountCharacters(Text), "0");
     return {};
 }

@@ -122,6 +122,10 @@ TEST_CASE("a scan waits as long as it takes, and a logger left with --stay sends
         usleep(2000);
     const std::string Log = Folder.Bytes("sim.log");
     CHECK(Val(Log.substr(Log.find('\n') + 1)) < 50); // of 100 in four seconds
+    Folder.Simulate("--seconds 3", false);
+    const Outcome Lost = Folder.Logger("--wait 2 '#SN?'"); // its link breaks off within the second wait
+    CHECK((Lost.Exit == 1 && Lost.Err.find("closed by the logger") != std::string::npos));
+    CHECK(Lost.Out == "#SETUP: OK\n#SN: SIM-0001\n");
     PseudoTerminal Line(Folder.Path("line"));
     Folder.Link = "--serial " + Folder.Path("line");
     CHECK(Folder.Logger("--wait 0.05 --stay '#SN?'").Exit == 1);

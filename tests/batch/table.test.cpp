@@ -49,14 +49,16 @@ TEST_CASE_FIXTURE(Tables,
     CHECK(Bytes("crew.txt").find("Kim Ferry\tR01\t1.86\t82.00\t") != std::string::npos);
     Csv.replace(Csv.find("1.94"), 4, "1,94");
     REQUIRE(SaveWhole(Path("crew.csv"), Csv));
+    std::filesystem::create_directory(Path("folder.csv"));
     REQUIRE(SaveWhole(Path("bare.txt"), "Crew\r\nEnd\r\nEOF\r\n"));
     const std::string Before = Bytes("single.txt");
     const std::tuple<std::string, int, std::string> Cases[] = {
         {"table single.txt Crew --from crew.csv", 1, "Line 5 has 26 cells, the first line 25"},
-        {"table single.txt Crew --from none.csv", 1, "none.csv"},
+        {"table single.txt Crew --from none.csv", 1, "none.csv (No such file or directory)"},
+        {"table single.txt Crew --from folder.csv", 1, "folder.csv (Is a directory)"},
         {"table single.txt Boat --from bare.txt", 1, "There is no table Boat in file: bare.txt"},
         {"table single.txt Segs --from eight.txt", 1, "Nothing was copied"},
-        {"table single.txt Antro a.csv", 2, "there is no table Antro"},
+        {"table single.txt Antro a.csv", 2, "there is no table Antro; there are Calibr, Crew, Boat, Desc, View1,"},
         {"table single.txt Crew", 2, "either OUT.csv or --from FILE is needed"},
         {"table single.txt Crew a.csv --from crew.csv", 2, "either OUT.csv or --from FILE is needed"},
         {"table single.txt Crew a.csv --out b.txt", 2, "--out belongs to --from"},

@@ -48,9 +48,9 @@ TEST_CASE("a table that is no such table, or whose rows would become others, is 
         {Head + "A,\"x\",0\nB,b\n", "Line 3 has 2 cells, the first line 3"},
         {Head + "A,a,0\nEnd,b,0\n", "Line 3, Point ID: cannot begin with \"End\": it would end the table in the file"},
         {Head + "A,a,no\n", "Line 2, IsAngle: \"no\" is no number"},
-        {Head + "A,\"a,0\n", "line 2: a quote is not closed"},
-        {Head + "A,\"a\"b,0\n", "line 2: something stands behind a closing quote"},
-        {Head + "A,a\"b,0\n", "line 2: a quote stands within a cell without quotes"},
+        {Head + "A,\"a,0\n", "Line 2: a quote is not closed"},
+        {Head + "A,\"a\"b,0\n", "Line 2: something stands behind a closing quote"},
+        {Head + "A,a\"b,0\n", "Line 2: a quote stands within a cell without quotes"},
     };
     for (const auto& [Text, Reason] : Cases) {
         CAPTURE(Text);
