@@ -15,6 +15,7 @@
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTabWidget>
 #include <QTreeWidget>
 
@@ -60,6 +61,8 @@ void fADCsetup::ShowLog()
     const std::size_t Count = Logger.Talk().Log().size();
     const std::size_t From = Log->property("Shown").toULongLong();
     const std::size_t Anew = From > 0 ? From - 1 : 0;
+    const QScrollBar& Bar = *Log->verticalScrollBar();
+    const bool IsAtEnd = Bar.value() == Bar.maximum(); // one who has scrolled up reads there
     while (Log->topLevelItemCount() > 0 &&
            Log->topLevelItem(Log->topLevelItemCount() - 1)->data(TimeColumn, Qt::UserRole).toULongLong() >= Anew)
         delete Log->takeTopLevelItem(Log->topLevelItemCount() - 1);
@@ -70,7 +73,7 @@ void fADCsetup::ShowLog()
             const bool IsFailure = Line.endsWith('\t' + Shown(Logger.Talk().Log()[i].Failure));
             if (IsFailure) Item->setForeground(Columns - 1, QColor(FailureColour));
         }
-    if (Count != From) Log->scrollToBottom();
+    if (IsAtEnd) Log->scrollToBottom();
     Log->setProperty("Shown", static_cast<qulonglong>(Count));
 }
 

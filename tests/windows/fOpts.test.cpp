@@ -11,6 +11,7 @@
 #include "support/Fresh.h"
 #include "widgets/qSwatch.h"
 
+#include <QButtonGroup>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTabBar>
@@ -18,6 +19,7 @@
 #include <QToolButton>
 
 #include <cmath>
+#include <map>
 
 namespace {
 constexpr int32_t NewColour = 0x00336699;
@@ -67,6 +69,26 @@ struct Program : ShellState
     }
     void Press(const std::string& Name, Qt::Key Key) { QTest::keyClick(&Find<QWidget>(Name.c_str()), Key); }
 
+    // What every control of the window that can be changed shows: buttons of which one is down give its number.
+    std::map<QString, QString> State()
+    {
+        std::map<QString, QString> Shown;
+        for (const auto* Each : Find<QWidget>("fOpts").findChildren<QWidget*>()) {
+            const QString Name = Each->objectName();
+            const auto* Box = qobject_cast<const QLineEdit*>(Each);
+            const auto* Button = qobject_cast<const QAbstractButton*>(Each);
+            const auto* Swatch = dynamic_cast<const qSwatch*>(Each);
+            if (Name == "txtSearch" || !(Box || Swatch || (Button && Button->isCheckable()))) continue;
+            const bool IsOfGroup = Button && Button->group();
+            REQUIRE_MESSAGE(!Name.isEmpty(), Each->metaObject()->className());
+            if (Box) Shown[Name] = Box->text();
+            if (Swatch) Shown[Name] = Swatch->Colour().name();
+            if (Button && !IsOfGroup) Shown[Name] = Button->isChecked() ? "on" : "off";
+            if (IsOfGroup && Button->isChecked()) Shown[Button->group()->buttons().first()->objectName()] = Name;
+        }
+        return Shown;
+    }
+
     // Changes a control as a user does. Gives what it is to show afterwards.
     std::string Change(const cOptions& Options, int Index)
     {
@@ -113,12 +135,21 @@ TEST_CASE("every control of the options is changed and found again after a resta
 {
     const TempFolder Home;
     std::vector<std::string> Wanted;
+    std::map<QString, QString> AtEnd;
     {
         Program First(Home.Path(""));
         const cOptions Options;
+        const auto Before = First.State();
         for (int i = 0; i < Options.Count(); ++i) {
             First.Find<QTabWidget>("SSTab1").setCurrentIndex(static_cast<int>(Options.Page(i)));
             Wanted.push_back(First.Change(Options, i));
+        }
+        First.Click("cmdApply");
+        AtEnd = First.State();
+        CHECK((Before.size() > 100 && Before.size() == AtEnd.size()));
+        for (const auto& [Name, Text] : Before) {
+            CAPTURE(Plain(Name));
+            CHECK(AtEnd[Name] != Text);
         }
         First.Click("cmdOK");
         CHECK(First.Chooser.Told.empty());
@@ -128,6 +159,10 @@ TEST_CASE("every control of the options is changed and found again after a resta
     }
     StartFresh();
     Program Second(Home.Path(""));
+    for (const auto& [Name, Text] : Second.State()) {
+        CAPTURE(Plain(Name));
+        CHECK(Plain(Text) == Plain(AtEnd[Name]));
+    }
     const cOptions Options;
     for (const char* Place : {"0", "1", "2"}) // the active sensor's values have taken their place
         Wanted[static_cast<std::size_t>(Options.Find(std::string("txtCalibr_") + Place))] =
