@@ -57,11 +57,14 @@ std::string Row(const PMStroke& Own, const std::optional<PMFigures>& PMI)
     return Line + (PMI ? Cell(Has.Pace500()) : "") + "\t" + Cell(Own.MaxForceT) + LineEnd;
 }
 
-bool MayReplace(const std::string& Path)
+// One question for both files: they belong together.
+bool MayReplace(const std::string& HeadPath, const std::string& RowsPath)
 {
     std::error_code Ignored;
-    return !std::filesystem::exists(Path, Ignored) ||
-           AskYesNo("Are you sure to replace file " + Path + "?", TitleWarning);
+    for (const std::string& Path : {HeadPath, RowsPath})
+        if (std::filesystem::exists(Path, Ignored))
+            return AskYesNo("Are you sure to replace file " + Path + "?", TitleWarning);
+    return true;
 }
 } // namespace
 
@@ -73,7 +76,7 @@ bool cPMLog::PMStartLog()
     }
     const int16_t Next = ToInt16(int64_t{gFile.SampleCnt} + 1);
     const std::string Base = gCurDir + "PMlog" + FormatNum(gFile.SampleCnt, "000");
-    if (!MayReplace(Base + ".csv")) return false;
+    if (!MayReplace(Base + ".csv", Base + "_strokes.csv")) return false;
     Waiting.reset();
     for (auto& [File, Path] : {std::pair{&Head, Base + ".csv"}, {&Rows, Base + "_strokes.csv"}})
         if (!File->Open(Path, OldBytes::Dropped)) {

@@ -9,7 +9,7 @@
 #include <algorithm>
 
 namespace {
-constexpr int Smallest = 280; // length of a share in which a window is of use
+constexpr int Smallest = 240; // length of a share in which a window is of use
 
 // Lengths that together fill Room: equal, but for those that need more.
 QList<int> Shares(const QList<int>& Needs, int Room)

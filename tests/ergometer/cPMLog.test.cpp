@@ -96,12 +96,14 @@ TEST_CASE_FIXTURE(Logged, "a row waits for the monitor's figures of the same str
 
 TEST_CASE_FIXTURE(Logged, "a comparison that cannot be opened counts no sample, and one that is there is asked for")
 {
-    REQUIRE(SaveWhole(Folder.Path("PMlog007.csv"), "mine"));
     Dialogs.AnswerYes = false;
-    CHECK_FALSE(Log.PMStartLog());
-    CHECK(Text("PMlog007.csv") == "mine");
-    CHECK(Dialogs.Told == Texts{"Warning!: Are you sure to replace file " + Folder.Path("PMlog007.csv") + "?"});
-    std::filesystem::remove(Folder.Path("PMlog007.csv"));
+    for (const char* Name : {"PMlog007.csv", "PMlog007_strokes.csv"}) {
+        REQUIRE(SaveWhole(Folder.Path(Name), "mine"));
+        CHECK_FALSE(Log.PMStartLog());
+        CHECK(Text(Name) == "mine");
+        CHECK(Dialogs.Told.back() == "Warning!: Are you sure to replace file " + Folder.Path(Name) + "?");
+        std::filesystem::remove(Folder.Path(Name));
+    }
     std::filesystem::create_directory(Folder.Path("PMlog007.csv"));
     Dialogs.AnswerYes = true;
     CHECK_FALSE(Log.PMStartLog());

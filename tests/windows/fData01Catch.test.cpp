@@ -1,5 +1,6 @@
 // The catch training panel as a window: its figures, colours and bars are those of the panel without a window.
 #include "live/catch/fData01Catch.h"
+#include "LabelWatch.h"
 #include "ShellState.h"
 #include "core/mIni.h"
 #include "core/mNotice.h"
@@ -9,6 +10,7 @@
 
 #include <QFrame>
 #include <QLabel>
+#include <QProcess>
 
 #include <cmath>
 
@@ -135,4 +137,55 @@ TEST_CASE_FIXTURE(CatchWindow,
     QTest::keyClick(&Window(), Qt::Key_Escape);
     QTest::qWait(5);
     CHECK(!Main.findChild<QWidget*>("fData01Catch"));
+}
+
+TEST_CASE_FIXTURE(CatchWindow, "a recording replayed through the window shows what the batch program prints of it")
+{
+    const QString Session = SOURCE_FOLDER "/demo/single.txt";
+    const QString Raw = Shown(Folder.Path("a.qvn"));
+    const QString Out = Shown(Folder.Path("a.tsv"));
+    const auto Run = [](const char* Program, const QStringList& Words) {
+        REQUIRE(QProcess::execute(QString(PROGRAM_FOLDER "/skarvelin-") + Program, Words) == 0);
+    };
+    Run("sim", {"--file", Raw, Session, "--strokes=8", "--spread=9"});
+    Run("batch", {"--set", "gSeatChan=23", "--set", "gTrunkChan=24", "live", Session, Raw, Out, "--panel", "catch"});
+
+    // Labels of each line's kind and key, with their format.
+    const std::map<QString, std::pair<std::string, const char*>> Labels = {
+        {"N Strokes", {"lbStrokeN", "000"}},        {"N Rate", {"lbRate_0", "00.0"}},
+        {"N RateAver", {"lbRate_1", "00.0"}},       {"N Length", {"lbStrokeLength", "0.00"}},
+        {"N SeatTravel", {"lbSeatTravel", "0.00"}}, {"N MaxHandle", {"lbMaxHandleVel", "0.00"}},
+        {"N MaxSeat", {"lbMaxSeatVel", "0.00"}},    {"CF Last", {"lbCatch_0", "0"}},
+        {"CF Average", {"lbCatch_1", "0.0"}},       {"FF Last", {"lbFF_0", "0"}},
+        {"FF Average", {"lbFF_1", "0.0"}},          {"RSF Last", {"lbRSF_0", "0.0"}},
+        {"RSF Average", {"lbRSF_1", "0.0"}}};
+    const std::map<QString, const char*> Sheets = {
+        {"green", "rgb(0,200,0)"}, {"blue", "rgb(0,0,255)"}, {"red", "rgb(255,0,0)"}};
+    std::map<std::string, Texts> Printed;
+    std::map<std::string, QStringList> Newest;
+    for (const QString& Line : Shown(*ReadWhole(Plain(Out))).split('\n', Qt::SkipEmptyParts).sliced(1)) {
+        const QStringList Cells = Line.split('\t');
+        const auto& [Name, Format] = Labels.at(Cells[2] + " " + Cells[3]);
+        LabelWatch::Add(Printed[Name], FormatNum(Val(Plain(Cells[4])), Format));
+        Newest[Name] = Cells;
+    }
+    REQUIRE(Printed.size() == Labels.size());
+
+    LabelWatch Watch(Window());
+    Watch.DrawData();
+    const std::map<std::string, Texts> Before = Watch.Seen;
+    StartReplay(Plain(Raw));
+    SetReplayInterval(2);
+    Watch.WaitForEnd();
+    for (const auto& [Name, Lines] : Printed) {
+        CAPTURE(Name);
+        CHECK(Watch.Shown(Name, Before.at(Name).back()) == Lines);
+        const QStringList& Cells = Newest[Name];
+        if (!Cells[5].isEmpty()) CHECK(Find<QLabel>(Name.c_str()).styleSheet().contains(Sheets.at(Cells[5])));
+        if (Cells[6].isEmpty()) continue;
+        const auto& Mark = Find<QFrame>(Plain(Cells[2] + "mark").c_str());
+        const double At = Val(Plain(Cells[6])) / 1000 * Mark.parentWidget()->width();
+        CHECK(std::abs(Mark.geometry().center().x() - At) <= 2);
+    }
+    StopAll();
 }

@@ -1,5 +1,6 @@
 // The coach's panel as a window: fed by the simulated logger over a serial line, by a replay, and by hand.
 #include "live/coach/fData01Coach.h"
+#include "LabelWatch.h"
 #include "ShellState.h"
 #include "acquisition/mComFast.h"
 #include "core/mIni.h"
@@ -27,25 +28,6 @@ struct Beside : cDataWindow
     void NewSession() override {}
 
     cCoach Panel;
-};
-
-// Collects the texts that each label showed, one behind the other.
-struct Watcher : cDataWindow
-{
-    explicit Watcher(const QWidget& InitOn) : cDataWindow(DataTag), On(InitOn) {}
-    void DrawData() override
-    {
-        for (const auto* Label : On.findChildren<QLabel*>()) {
-            Texts& Of = Seen[Plain(Label->objectName())];
-            const std::string Now = Plain(Label->text());
-            if (Of.empty() || Of.back() != Now) Of.push_back(Now);
-        }
-    }
-    void SetLive(bool) override {}
-    void Unload() override {}
-
-    const QWidget& On;
-    std::map<std::string, Texts> Seen;
 };
 
 struct CoachWindow : ShellState
@@ -116,6 +98,8 @@ TEST_CASE_FIXTURE(CoachWindow,
     Same.Panel.SetScullMode(ScullSeparate);
     CHECK(Label("lbSeatName_1") == "Alex Brook Left");
     CHECK(Label("txtTargets_4") == "360.0");
+    CHECK(Label("lbTargets") == "Target");
+    CHECK(Cell(0).height() <= Cell(0).width()); // one line does not become a bar
     Strokes(5);
     Click("opDisplay_1");
     Same.Panel.SetDisplayMode(DisplayAverage);
@@ -162,9 +146,8 @@ TEST_CASE_FIXTURE(CoachWindow, "a recording that is replayed shows what the batc
         if (Cells.size() != 7 || (Cells[2] == "S" && Cells[4] != "Strokes")) continue;
         const bool IsValue = Cells[2] == "V";
         const int Number = IsValue ? 8 * Cells[4].toInt() + Cells[3].toInt() - 1 : 1;
-        Texts& Of = Printed[(IsValue ? "lbV_" : "lbData_") + std::to_string(Number)];
-        const std::string Text = FormatNum(Val(Plain(Cells[5])), IsValue ? "0.0" : "0");
-        if (Of.empty() || Of.back() != Text) Of.push_back(Text);
+        LabelWatch::Add(Printed[(IsValue ? "lbV_" : "lbData_") + std::to_string(Number)],
+                        FormatNum(Val(Plain(Cells[5])), IsValue ? "0.0" : "0"));
     }
     REQUIRE(Printed.size() == 57);
 
@@ -172,14 +155,13 @@ TEST_CASE_FIXTURE(CoachWindow, "a recording that is replayed shows what the batc
     Dialogs.Files = {Folder.Path("a.qvn")};
     Choose("mnuPlayRawCoach");
     SetReplayInterval(2);
-    Watcher Watch(Window());
-    REQUIRE(QTest::qWaitFor([] { return !gReplaying; }, 30000));
+    LabelWatch Watch(Window());
+    Watch.WaitForEnd();
     for (const auto& [Name, Lines] : Printed) {
         CAPTURE(Name);
-        auto Seen = Watch.Seen[Name];
-        if (!Seen.empty() && (Seen.front().empty() || Seen.front() == "0")) Seen.erase(Seen.begin());
-        CHECK(Seen == Lines);
+        CHECK(Watch.Shown(Name, Name == "lbData_1" ? "0" : "") == Lines);
     }
+    StopAll();
 }
 
 TEST_CASE_FIXTURE(CoachWindow, "all panels stand side by side, and the table follows the session and its targets")
@@ -200,6 +182,13 @@ TEST_CASE_FIXTURE(CoachWindow, "all panels stand side by side, and the table fol
     REQUIRE(OpenSession(Folder.Path("eight.txt")));
     CHECK(Cells() == 56);
     CHECK(Label("lbTargGroup") == "Men's eights");
+    gFile.Crew[3].Name = "Bartholomew van den Berghe"; // beside two other panels
+    Window().NewSession();
+    const auto& Longest = Find<QLabel>("lbSeatName_2");
+    const QRect Room = Longest.contentsRect();
+    const auto Need = Longest.fontMetrics().boundingRect(Room, Qt::TextWordWrap, Longest.text()).size();
+    CHECK(Need.width() <= Room.width());
+    CHECK(Need.height() <= Room.height());
     for (const auto& [Type, Words] : {std::pair{"4+", "the boat type \"4+\""}, {"8+", "No targets"}}) {
         gFile.BoatType = Type;
         gFile.Sex = "X";

@@ -3,6 +3,7 @@
 
 #include <QPainter>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -109,10 +110,15 @@ void fCoachCell::paintEvent(QPaintEvent*)
     if (!Held.HasValue) return;
     const int Pixels = font().pixelSize();
     const double Size = MarkShare * Pixels;
-    const QPointF Corner = Mark == eMark::Beside ? QPointF(GapShare * Pixels, (height() - Size) / 2)
-                                                 : QPointF((width() - Size) / 2, GapShare * Pixels);
+    QRectF Place = contentsRect();
+    QPointF Corner(GapShare * Pixels, (height() - Size) / 2);
+    if (Mark == eMark::Above) { // close to its value, however high the cell is
+        const double Spare = std::max(0.0, (Place.height() - QFontMetricsF(font()).height()) / 2);
+        Place.adjust(0, Spare, 0, -Spare);
+        Corner = QPointF((width() - Size) / 2, GapShare * Pixels + Spare);
+    }
     if (Held.Verdict) DrawMark(Painter, {Corner, QSizeF(Size, Size)}, *Held.Verdict, Ink());
     Painter.setPen(Ink());
     Painter.setFont(font());
-    Painter.drawText(contentsRect(), static_cast<int>(alignment()), text());
+    Painter.drawText(Place, static_cast<int>(alignment()), text());
 }

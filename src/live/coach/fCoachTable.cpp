@@ -84,12 +84,11 @@ void fCoachTable::Build(const cCoach& Panel)
     for (int Row = 0; Row < Panel.RowCount(); ++Row)
         AddRow(Panel, Row);
     if (const std::string Note = Panel.Note(); !Note.empty()) AddNote(Note, HasRows);
-    Stretch();
     setMinimumSize((Columns + static_cast<int>(std::ceil(NameShare))) * LeastColumn,
                    (Panel.RowCount() + HeadRows) * LeastRow);
     for (QWidget* Part : findChildren<QWidget*>())
         Part->show();
-    Grid->activate();
+    StretchColumns();
     Fit();
 }
 
@@ -104,6 +103,9 @@ void fCoachTable::AddHeads(const cCoach& Panel)
         Targets.back()->setAlignment(Qt::AlignCenter);
         Targets.back()->setToolTip("Target");
     }
+    if (Columns == 0 || Panel.TargetText(0).empty()) return;
+    Targets.push_back(AddLabel("lbTargets", "Target", 1, 0));
+    Targets.back()->setContentsMargins(Gap, 0, Gap, 0);
 }
 
 void fCoachTable::AddRow(const cCoach& Panel, int Row)
@@ -114,6 +116,8 @@ void fCoachTable::AddRow(const cCoach& Panel, int Row)
     const QColor Colour(Ink & 255, (Ink >> 8) & 255, (Ink >> 16) & 255);
     Names.back()->setStyleSheet(QString("color: %1").arg(Colour.name()));
     Names.back()->setContentsMargins(Gap, 0, Gap, 0);
+    Names.back()->setWordWrap(true); // a long one would make all of them small
+    Names.back()->setToolTip(Shown(Panel.RowName(Row)));
     QFont Letters = Names.back()->font();
     Letters.setBold(true);
     Names.back()->setFont(Letters);
@@ -136,17 +140,30 @@ void fCoachTable::AddNote(const std::string& Words, bool HasRows)
     if (HasRows) Grid->addWidget(Note, 0, 1, -1, 1);
 }
 
-void fCoachTable::Stretch()
+void fCoachTable::StretchColumns()
 {
     constexpr int Column = 100;
+    for (int i = 0; i <= std::max(Columns, 1); ++i)
+        Grid->setColumnStretch(i, i == 0 ? static_cast<int>(NameShare * Column) : Columns > 0 ? Column : 5 * Column);
+    Grid->activate();
+}
+
+// A line is no higher than its cells are wide, since letters would not grow with it; what is left stays below.
+void fCoachTable::StretchLines()
+{
+    constexpr int Usual = 100;
     constexpr int Head = 90;
     constexpr int Target = 70;
     constexpr int Body = 420; // lines together, at least: one alone would leave most of the room to the heads
-    const int Line = std::max(Column, Body / std::max(static_cast<int>(Names.size()), 1));
-    for (int i = 0; i <= std::max(Columns, 1); ++i)
-        Grid->setColumnStretch(i, i == 0 ? static_cast<int>(NameShare * Column) : Columns > 0 ? Column : 5 * Column);
-    for (int i = 0; i < Grid->rowCount(); ++i)
+    const int Lines = std::max(static_cast<int>(Names.size()), 1);
+    const int Most = std::max(Usual, Body / Lines);
+    int Line = Most;
+    if (!Cells.empty() && height() > 0)
+        Line = std::clamp(Cells.back()->width() * (Head + Target + Lines * Most) / height(), 1, Most);
+    for (int i = 0; i < HeadRows + Lines; ++i)
         Grid->setRowStretch(i, i == 0 && Columns > 0 ? Head : i == 1 && Columns > 0 ? Target : Line);
+    Grid->setRowStretch(HeadRows + Lines, Lines * (Most - Line));
+    Grid->activate();
 }
 
 void fCoachTable::ShowValues(const cCoach& Panel)
@@ -175,6 +192,7 @@ void fCoachTable::resizeEvent(QResizeEvent* Event)
 
 void fCoachTable::Fit()
 {
+    StretchLines();
     FitValues();
     const int Value = Cells.empty() ? height() : Cells.front()->font().pixelSize();
     FitAll(Names, Value);

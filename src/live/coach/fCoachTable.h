@@ -32,7 +32,8 @@ private:
     void AddHeads(const cCoach& Panel);
     void AddRow(const cCoach& Panel, int Row);
     void AddNote(const std::string& Words, bool HasRows);
-    void Stretch();
+    void StretchColumns();
+    void StretchLines();
     void Fit();
     void FitValues();
 
