@@ -130,6 +130,10 @@ TEST_CASE_FIXTURE(CatchWindow,
 
     Window().LoseFrames();
     CHECK(!Find<QLabel>("lbCatch_0").isEnabled());
+    auto& Mark = Find<QFrame>("CFmark");
+    const QColor Grey = Mark.grab().toImage().pixelColor(2, 2);
+    CHECK(Grey.lightness() > 100);
+    CHECK(Grey.saturation() < 40);
     Window().NewRun();
     Row(5);
     CHECK(QTest::qWaitFor([this] { return Label("lbStrokeN") == "000"; }));

@@ -10,11 +10,14 @@ constexpr double MarkOffset = 0.3;  // of its height, from its left edge to the 
 constexpr double MarkHeight = 0.16; // at most, of the bar's width: the zones below it stay to be seen
 constexpr double ZoneTop = 0.2;     // of the bar's height, above and below the zones: the mark is higher than they are
 
-QFrame* NewBox(QWidget* Parent, const QString& Name, const char* Colour)
+constexpr std::array<const char*, 3> GreyZones = {"#D2D7DC", "#E6E9EC", "#D2D7DC"};
+
+// Grey while the bar is: what it shows is old then.
+QFrame* NewBox(QWidget* Parent, const QString& Name, const char* Colour, const char* Grey)
 {
     auto* Box = new QFrame(Parent);
     Box->setObjectName(Name);
-    Box->setStyleSheet(QString("background: %1").arg(Colour));
+    Box->setStyleSheet(QString("QFrame { background: %1 } QFrame:disabled { background: %2 }").arg(Colour, Grey));
     return Box;
 }
 } // namespace
@@ -22,8 +25,8 @@ QFrame* NewBox(QWidget* Parent, const QString& Name, const char* Colour)
 fFactorBar::fFactorBar(QWidget* Parent, const char* Name, const std::array<const char*, 3>& Colours) : QWidget(Parent)
 {
     for (std::size_t i = 0; i < Boxes.size(); ++i)
-        Boxes[i] = NewBox(this, QString("%1box_%2").arg(Name).arg(i), Colours[i]);
-    Mark = NewBox(this, QString("%1mark").arg(Name), "#202428");
+        Boxes[i] = NewBox(this, QString("%1box_%2").arg(Name).arg(i), Colours[i], GreyZones[i]);
+    Mark = NewBox(this, QString("%1mark").arg(Name), "#202428", "#8C949C");
     Mark->hide();
     setMinimumHeight(16);
 }

@@ -3,6 +3,8 @@
 
 #include "base/mNumText.h"
 #include "core/mIni.h"
+#include "core/mModes.h"
+#include "core/mSettings.h"
 #include "ergometer/cMonitorLink.h"
 #include "files/mRawLog.h"
 #include "platform/qt/qText.h"
@@ -13,6 +15,7 @@
 #include <QPushButton>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 constexpr int TimerInterval = 40;      // ms
@@ -55,6 +58,27 @@ constexpr FigureShape FigureShapes[] = {
     {"lbMaxSeatVel", "Max. seat (m/s)", "Highest speed of the seat"},
 };
 
+// Captions in Russian, by the names of their labels; units as they stand there.
+constexpr std::pair<const char*, const char*> RussianCaptions[] = {
+    {"lbLabs_0", "Время (с)"},
+    {"lbLabs_2", "Темп"},
+    {"lbLabs_3", "Гребки"},
+    {"lbPower_caption", "Мощность (Вт)"},
+    {"lbStrokeLength_caption", "Длина гребка (м)"},
+    {"lbWork_caption", "Работа (Дж)"},
+    {"lbDrive_caption", "Проводка (с)"},
+    {"lbRecov_caption", "Подготовка (с)"},
+    {"lbMaxForce_caption", "Макс. усилие (Н)"},
+    {"lbAverForce_caption", "Сред. усилие (Н)"},
+    {"lbMaxForceT_caption", "До максимума (с)"},
+    {"lbCatch_caption", "Ф. захвата (мс)"},
+    {"lbRSF_caption", "Ф. стиля (%)"},
+    {"lbSeatTravel_caption", "Ход банки (м)"},
+    {"lbMaxHandleVel_caption", "Рукоятка, макс. (м/с)"},
+    {"lbMaxSeatVel_caption", "Банка, макс. (м/с)"},
+    {"lbPMI", "Монитор"},
+};
+
 // A whole stroke as the comparison with the monitor has it.
 PMStroke Compared(const ErgStroke& Stroke)
 {
@@ -93,6 +117,7 @@ fData01RP3::fData01RP3()
     for (std::size_t i = 0; i < Figures->Count(); ++i)
         AddFading(Figures->Value(i));
     Picture1->SetBackground(gBackground);
+    InitLabels();
     Panel.Load();
     cErg::InitMode();
     Picture1->OnResize = [this] { Panel.Resize(); };
@@ -118,6 +143,13 @@ void fData01RP3::TakeSample()
     Panel.TakeSample();
     if (Panel.Newest().Stroke && Panel.Stroke().IsWhole)
         PMLog.AddStroke(Compared(Panel.Stroke()), gMonitorLink.Snapshot(), cMonitorLink::Now());
+}
+
+void fData01RP3::InitLabels()
+{
+    if (gLanguage != LanguageRussian) return;
+    for (const auto& [Name, Caption] : RussianCaptions)
+        Body->findChild<QLabel*>(Name)->setText(Caption);
 }
 
 QLabel* fData01RP3::AddLabel(const char* Name)

@@ -42,6 +42,7 @@ protected:
     void Closing() override;
 
 private:
+    void InitLabels();
     QLayout* BuildMonitor();
     QLayout* BuildBottom();
     QLabel* AddLabel(const char* Name);

@@ -117,6 +117,7 @@ void qSerialPort::TellFailure()
     // Closing throws away what was received, so it comes last, unless the port was opened anew.
     IsBroken = true;
     NextTurn.stop();
-    if (OnError) OnError(Plain(Port.errorString()));
+    // The system's own words, as "No such file or directory", would not say what to do.
+    if (OnError) OnError("the line was hung up: plug the logger in");
     if (IsBroken) Close();
 }
