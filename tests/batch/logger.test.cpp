@@ -1,25 +1,17 @@
 // The logger's set-up without a window, as a process of its own against the simulated logger over real links.
-#include "support/Case.h"
+#include "Programs.h"
 #include "support/LinkPeers.h"
 
 #include <algorithm>
 #include <csignal>
-#include <cstdlib>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
-struct Outcome
-{
-    int Exit = 0;
-    std::string Out, Err;
-};
-
 // A folder with a session and a simulated logger.
-class Bench : public TempFolder
+class Bench : public ProgramFolder
 {
 public:
-    Bench() { std::filesystem::copy_file(SOURCE_FOLDER "/demo/eight.txt", Path("eight.txt")); }
+    Bench() : ProgramFolder({"eight.txt"}) {}
     ~Bench() { Stop(); }
     Bench(const Bench&) = delete;
     Bench& operator=(const Bench&) = delete;
@@ -29,8 +21,9 @@ public:
         Stop();
         Link = IsSerial ? "--serial " + Path("tty") : "--tcp 127.0.0.1:" + Port;
         const std::string Where = IsSerial ? "--pty " + Path("tty") : "--tcp " + Port;
-        Run("'" PROGRAM_FOLDER "/skarvelin-sim' " + Where + " " + Fault + " " + Path("eight.txt") + " >" +
-            Path("sim.log") + " & echo $! >" + Path("pid"));
+        const std::string Command = "'" PROGRAM_FOLDER "/skarvelin-sim' " + Where + " " + Fault + " " +
+                                    Path("eight.txt") + " >" + Path("sim.log") + " & echo $! >" + Path("pid");
+        REQUIRE(std::system(Command.c_str()) == 0);
         for (int Turn = 0; Turn < 2500 && Bytes("sim.log").find("Streaming") == std::string::npos; ++Turn)
             usleep(2000);
     }
@@ -42,29 +35,11 @@ public:
         std::filesystem::remove(Path("pid"));
         std::filesystem::remove(Path("sim.log"));
     }
-    Outcome Logger(const std::string& Words) const
-    {
-        const int Status = Run("'" PROGRAM_FOLDER "/skarvelin-batch' logger " + Path("eight.txt") + " " + Link + " " +
-                               Words + " >" + Path("out") + " 2>" + Path("err"));
-        return {Status, Bytes("out"), Bytes("err")};
-    }
-    Outcome Batch(const std::string& Words) const
-    {
-        const int Status =
-            Run("'" PROGRAM_FOLDER "/skarvelin-batch' " + Words + " >" + Path("out") + " 2>" + Path("err"));
-        return {Status, Bytes("out"), Bytes("err")};
-    }
-    std::string Bytes(const std::string& Name) const { return ReadWhole(Path(Name)).value_or(""); }
+    Outcome Logger(const std::string& Words) const { return Batch("logger eight.txt " + Link + " " + Words); }
 
     std::string Link;
 
 private:
-    static int Run(const std::string& Line)
-    {
-        const int Status = std::system(Line.c_str());
-        return WIFEXITED(Status) ? WEXITSTATUS(Status) : -1;
-    }
-
     std::string Port = std::to_string(20000 + getpid() % 20000);
 };
 } // namespace

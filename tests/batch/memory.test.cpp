@@ -1,8 +1,5 @@
 // The batch program when the machine has too little memory left.
-#include "support/Case.h"
-
-#include <cstdlib>
-#include <sys/wait.h>
+#include "Programs.h"
 
 namespace {
 #ifdef __SANITIZE_ADDRESS__
@@ -11,18 +8,17 @@ constexpr bool HasLimits = false; // its own tables need more than any limit
 constexpr bool HasLimits = true;
 #endif
 
-struct Machine : TempFolder
+struct Machine : ProgramFolder
 {
     std::string Reported;
 
     // Runs the program with that many KB of address space; its exit code, 128 and more when a signal ended it.
     int Run(int Kilobytes, const std::string& Line)
     {
-        const std::string Command = "ulimit -v " + FormatNum(Kilobytes, "0") + "; cd '" + Path("") +
-                                    "'; '" PROGRAM_FOLDER "/skarvelin-batch' " + Line + " >out.log 2>err.log";
-        const int Status = std::system(Command.c_str());
-        Reported = ReadWhole(Path("err.log")).value_or("");
-        return WIFEXITED(Status) ? WEXITSTATUS(Status) : 128;
+        const Outcome Done =
+            ProgramFolder::Run("skarvelin-batch " + Line, "ulimit -v " + FormatNum(Kilobytes, "0") + "; ");
+        Reported = Done.Err;
+        return Done.Exit;
     }
 };
 } // namespace
@@ -31,10 +27,7 @@ TEST_CASE_FIXTURE(Machine,
                   "memory that cannot be had is one plain message and exit code 1, and files stay as they were" *
                       doctest::skip(!HasLimits))
 {
-    std::filesystem::copy_file(SOURCE_FOLDER "/demo/single.txt", Path("single.txt"));
-    REQUIRE(std::system(("'" PROGRAM_FOLDER "/skarvelin-sim' --file '" + Path("a.qvn") + "' '" + Path("single.txt") +
-                         "' --strokes=700 >/dev/null")
-                            .c_str()) == 0);
+    REQUIRE(ProgramFolder::Run("skarvelin-sim --file a.qvn single.txt --strokes=700").Exit == 0);
     const auto Session = ReadWhole(Path("single.txt"));
     int Least = 1 << 12, Enough = 1 << 21; // KB
     REQUIRE(Run(Enough, "--version") == 0);

@@ -1,21 +1,12 @@
 // The performance monitor without a window: the simulated one's replies against what was rowed, and broken files.
-#include "support/Case.h"
+#include "Programs.h"
 
 #include <algorithm>
-#include <cstdlib>
-#include <sys/wait.h>
 
 namespace {
-struct Replies : TempFolder
+struct Replies : ProgramFolder
 {
-    Replies() { std::filesystem::copy_file(SOURCE_FOLDER "/demo/single.txt", Path("single.txt")); }
-
-    int Run(const std::string& Line) const
-    {
-        const std::string Command = "cd '" + Path("") + "' && '" PROGRAM_FOLDER "'/" + Line;
-        return WEXITSTATUS(std::system((Command + " >out.log 2>err.log").c_str()));
-    }
-    std::string Bytes(const std::string& Name) const { return ReadWhole(Path(Name)).value_or("(none)"); }
+    int Run(const std::string& Line) const { return ProgramFolder::Run(Line).Exit; }
 
     // The cells of a table behind its header line; a cell of the monitor's line counts as one.
     std::vector<std::vector<double>> Table(const std::string& Name) const

@@ -93,39 +93,6 @@ TEST_CASE_FIXTURE(Bench, "a channel never gets what was fitted for another use o
     CHECK(gFile.Calibr[2].ProcMode == 0);
 }
 
-TEST_CASE_FIXTURE(Bench, "a table finds the curve again that its points were taken from, after opening the session too")
-{
-    Load("sweep.xcl", Sweep(-60, 60, 3000, 3));
-    REQUIRE(Work.FindLimits());
-    CHECK(Val(Work.ArrMin()) == doctest::Approx(-56));
-    Work.SetArrMin("-50");
-    Work.SetArrMax("50");
-    Work.SetSensID(" S7 "); // blanks that the session does not keep
-    int Saved = 0;
-    const cListener Session([&](eNotice What) { Saved += What == eNotice::SessionSaved; });
-    REQUIRE(Work.CreateRefTable3());
-    CHECK(Saved == 1);
-    CHECK(Dialogs.Told.empty());
-    CHECK(Work.Points().front().P >= -50);
-    CHECK(Work.Points().back().P <= 50);
-    for (const bool IsOpened : {false, true}) {
-        if (IsOpened) REQUIRE(ReadDataFile(gCurFile, gFile, SectionFilter::Any));
-        CHECK(gFile.Calibr[2].Max == 50);
-        for (double P = -49; P <= 49; P += 0.7) {
-            double Prev = 0;
-            CAPTURE(P);
-            CHECK(std::fabs(CalcPhysVal(2, CurveCount(P), Prev) - P) < 0.02); // a count is 0.016
-        }
-    }
-    Work.SetArrMax("400");
-    Dialogs.AnswerYes = false;
-    CHECK_FALSE(Work.CreateRefTable3()); // most steps have no points, and that is asked
-    Work.SetArrMin("300");
-    CHECK_FALSE(Work.CreateRefTable3());
-    CHECK(Work.Analys() == "Too few points");
-    CHECK(gFile.Calibr[2].Max == 50);
-}
-
 TEST_CASE_FIXTURE(Bench,
                   "a table that cannot be saved with its session leaves both files and the values read as they were")
 {

@@ -32,38 +32,6 @@ void CheckCurve(const CalCoefs& Q, const CalPoints& Points)
 }
 } // namespace
 
-TEST_CASE_FIXTURE(Bench, "typed values and counts make a line, a count of 0 included, but without frames there is none")
-{
-    CHECK_FALSE(Work.PutDataPoint());
-    Start("2");
-    CHECK_FALSE(Work.PutDataPoint()); // no frame yet
-    CHECK(Point(0, -50));
-    CHECK(Work.Box(BoxQ1) == "0.000000000");
-    CHECK(Point(1000, 75));
-    CHECK(Work.Box(BoxQ0) == "-50.000000");
-    CHECK(Work.Box(BoxQ1) == "0.125000000");
-    CHECK(Work.Box(BoxR2) == "1.000000");
-    CHECK(Point(3000, 300));
-    // Sums by hand: n 3, L 4000, P 325, LP 975000, LL 1e7, PP 98125.
-    CHECK(Work.Line().Q1 == doctest::Approx((3 * 975000 - 4000 * 325) / 14e6));
-    CHECK(Work.Line().Q0 == doctest::Approx((1e7 * 325 - 975000 * 4000.0) / 14e6));
-    CHECK(Work.Line().R2 == doctest::Approx(1625000.0 * 1625000 / (14e6 * (3 * 98125 - 325 * 325))));
-    gLinkWatch.Closed();
-    CHECK_FALSE(Point(4000, 1));
-    Work.DelAllPoints();
-    CHECK(Work.Points().empty());
-    CHECK(Work.Box(BoxMinP) == "-50.00");
-    CHECK(Work.Box(BoxMaxP) == "300.00");
-    Work.UndoPoints();
-    CHECK(Work.Points().size() == 3);
-    CHECK(Work.Box(BoxQ1) == "0.116071429");
-    Dialogs.AnswerYes = false;
-    CHECK_FALSE(Work.CheckModified());
-    Work.SetBox(BoxChan, "9");
-    CHECK_FALSE(Work.StartData());
-    CHECK(Work.Chan() == 2);
-}
-
 TEST_CASE_FIXTURE(Bench, "the calibrator made last for a channel gives the values, by the lever typed, frame by frame")
 {
     gCalibrSens = {};
@@ -96,26 +64,6 @@ TEST_CASE_FIXTURE(Bench, "the calibrator made last for a channel gives the value
     REQUIRE(Work.SetAutoCal()); // its factors count from the next start on
     gData[2] = 800;
     CHECK_FALSE(Work.TakeSample());
-}
-
-TEST_CASE_FIXTURE(Bench, "without a calibrator or a lever nothing is taken, though automatic is chosen while data come")
-{
-    for (const int16_t Calibrator : {int16_t{0}, int16_t{3}, int16_t{3000}}) {
-        Work.SetFlag(FlagAutomatic, false);
-        gAutoCalCh = Calibrator;
-        Start("2");
-        CHECK(Point(700, 5));
-        const std::size_t Count = Work.Points().size();
-        Work.SetFlag(FlagTorque, Calibrator == 3);
-        Work.SetBox(BoxPhys, "0");
-        Work.SetFlag(FlagAutomatic, true);
-        Work.Space();
-        gData = {99, 1, 700, 120};
-        CHECK_FALSE(Work.TakeSample());
-        CHECK_FALSE(Work.PutDataPoint());
-        CHECK(Work.Points().size() == Count);
-    }
-    CHECK(Dialogs.Told.size() == 3);
 }
 
 TEST_CASE("curves are those of least squares through the points that count, and too few change nothing")

@@ -129,15 +129,6 @@ TEST_CASE_FIXTURE(Outing, "a scan ends with the frame that failed, and a frame c
     CHECK(Rows() == "35 0.08 30 3 0 | ");
 }
 
-TEST_CASE_FIXTURE(Outing, "progress shows the percent and the stamp as if it were in milliseconds")
-{
-    gKeyMode = 1;
-    std::ofstream(Folder.Path("a.qvn"), std::ios::binary)
-        << HexText("80 00 1C 00 00 40 31 4B 1D") + std::string(24, '\0'); // 7,942,725,632 ms
-    CHECK(ScanRawFile(Folder.Path("a.qvn")));
-    CHECK(Status.Shown == Texts{"3: 100%  132m 23s", "100%", "0%"});
-}
-
 TEST_CASE_FIXTURE(Outing, "what cannot be scanned is reported and leaves the strokes as they were")
 {
     gKeyMode = 1;
@@ -155,29 +146,4 @@ TEST_CASE_FIXTURE(Outing, "what cannot be scanned is reported and leaves the str
     SetSetting("gDataFreq", "0");
     CHECK_THROWS_AS(Scan({0, 20}), RunError);
     CHECK(Rows() == Before);
-}
-
-TEST_CASE_FIXTURE(Outing, "the table of strokes counts minutes from the first one, and rows can be summed")
-{
-    gScanRows.Clear();
-    const std::string Path = Folder.Path("a.str");
-    gScanRows.Grow() = {1, 30, 20.125, 4.5, 1234.56};
-    gScanRows.Grow() = {2, 39, 7.5, 0.25, 1240};
-    gScanRows.Grow() = {3, 6030, 32, 5, 0};
-    CHECK(WriteStrFile(Path));
-    CHECK(ReadWhole(Path) == "N\tTime\tRate\tSpeed\tDistance\t\r\n"
-                             "01\t00.00\t20.12\t04.50\t1234.6\t\r\n"
-                             "02\t00.15\t07.50\t00.25\t1240.0\t\r\n"
-                             "03\t100.00\t32.00\t05.00\t00.0\t\r\n"
-                             "End\r\n");
-    CHECK_FALSE(WriteStrFile(Folder.Path("none/a.str")));
-    CHECK(Dialogs.Told == Texts{"Error: Can't open file: " + Folder.Path("none/a.str")});
-
-    int Count = 0;
-    double Rates = 0;
-    double Speeds = 0;
-    CHECK(SumScan(2, 3, Count, Rates, Speeds));
-    CHECK((Count == 2 && Rates == 39.5 && Speeds == 5.25));
-    for (const auto& [From, To] : {std::pair{0, 2}, std::pair{2, 4}, std::pair{2, 2}})
-        CHECK_FALSE(SumScan(From, To, Count, Rates, Speeds));
 }

@@ -1,88 +1,39 @@
 // The catch panel: turns between samples, factors with their colours and places on the bars, stroke figures.
 #include "live/catch/cCatch.h"
 
+#include "Swings.h"
 #include "core/mIni.h"
-#include "platform/mHost.h"
-#include "support/Case.h"
-#include "support/SurfaceLog.h"
-
-#include <algorithm>
 
 namespace {
-using doctest::Approx;
-
-constexpr double Period = 2;        // s of a stroke
 constexpr double SeatLate = 0.027;  // s behind the handle at the catch
 constexpr double TrunkLate = -0.04; // s behind the handle at the finish
-constexpr double Step = 0.02;       // s between samples
-
-double Swing(double Time)
-{
-    return -std::cos(6.283185307179586 * Time / Period);
-}
 
 // A crew of one whose handle, seat and trunk turn at known moments: the catch at 0.5 s and every 2 s behind it.
 struct CatchPanel : FreshState
 {
     CatchPanel()
     {
-        gFile = {};
-        gFrameCnt = 0;
-        gFile.ChanCnt = 3;
-        gFile.TimeStep = Step;
-        for (const char* Name : {"A1", "S1", "T1"}) {
-            CalibrRow& Channel = gFile.Calibr.Grow();
-            Channel.Chan = static_cast<int16_t>(gFile.Calibr.UBound());
-            Channel.ParamID = Name;
-            Channel.Q1 = 1;
-        }
+        MakeCrew({"A1", "S1", "T1"}, "2", 0, 1);
         gKeyChan = 1;
         gKeyMode = 2;
-        gHost.Settings->SaveSetting("Models", "gSeatChan", "2");
         gHost.Settings->SaveSetting("Models", "gTrunkChan", "3");
     }
 
-    // A sample at that time, by the clock of the crew.
-    void Sample(double Time, double Clock = 0)
+    void Row(int From, int To)
     {
-        gSampleTime = gData[0] = Time + Clock;
-        gData[1] = 0.7 * Swing(Time - 0.5);
-        gData[2] = 0.3 * Swing(Time - 0.5 - SeatLate);
-        gData[3] = 20 * Swing(Time - 0.5 - TrunkLate);
-        Panel.TakeSample();
-    }
-
-    void Row(int From, int To, double Clock = 0)
-    {
-        for (int i = From; i < To; ++i)
-            Sample(i * Step, Clock);
+        for (int i = From; i < To; ++i) {
+            const double Time = gSampleTime = gData[0] = i * Step;
+            gData[1] = 0.7 * Swing(Time - 0.5);
+            gData[2] = 0.3 * Swing(Time - 0.5 - SeatLate);
+            gData[3] = 20 * Swing(Time - 0.5 - TrunkLate);
+            Panel.TakeSample();
+        }
     }
 
     SurfaceLog Log{1000, 600};
     cCatch Panel{Log};
 };
 } // namespace
-
-TEST_CASE("turns are told by the signs of five velocities, the middle one of a catch may be 0")
-{
-    const std::tuple<std::array<double, 5>, const char*> Cases[] = {
-        {{-1, -1, -1, 1, 1}, "forward"}, {{-1, -1, 0, 1, 1}, "forward"},  {{-1, -1, -1, 0, 1}, "forward"},
-        {{-1, 0, 0, 1, 1}, ""},          {{-1, -1, 0, 1, 0}, ""},         {{0, -1, -1, 1, 1}, ""},
-        {{-1, -1, 1, 1, 1}, ""},         {{1, 1, 0, -1, -1}, "backward"}, {{1, 1, 1, 0, -1}, "backward"},
-        {{1, 1, -1, -1, -1}, "finish"},  {{1, 0, -1, -1, -1}, "finish"},  {{1, 1, 0, -1, -1}, "backward"},
-        {{0, 1, -1, -1, -1}, ""},        {{1, -1, -1, -1, -1}, ""},       {{1, 0, 0, -1, -1}, ""}};
-    for (const auto& [Velocities, Expected] : Cases) {
-        cTurns Turns;
-        double Value = 5;
-        Turns.Begin(0, Value);
-        for (std::size_t i = 0; i < Velocities.size(); ++i)
-            Turns.Take(static_cast<double>(i + 1), Value += Velocities[i]);
-        const std::string Seen = std::string(Turns.IsForwardTurn() ? "forward" : "") +
-                                 (Turns.IsBackwardTurn() ? "backward" : "") + (Turns.IsFinishTurn() ? "finish" : "");
-        CAPTURE(FormatNum(Velocities[0], "0") + FormatNum(Velocities[1], "0") + FormatNum(Velocities[2], "0"));
-        CHECK(Seen == Expected);
-    }
-}
 
 TEST_CASE("a turn lies between samples, as exactly after hours as at the start")
 {
@@ -178,32 +129,6 @@ TEST_CASE_FIXTURE(CatchPanel,
     // At a fifth of the handle's travel, 0.3 s behind the catch, the seat has gone 0.10 m and the handle 0.29 m.
     CHECK(Panel.StyleFactor()->Last == Approx(35.9).epsilon(0.01));
     CHECK(Panel.Elapsed() == 20);
-}
-
-TEST_CASE_FIXTURE(CatchPanel, "every key mode starts strokes, and a run that begins anew starts all figures anew")
-{
-    gFile.KeyThres = 0.1F;
-    for (int16_t KeyMode = 0; KeyMode < 4; ++KeyMode) {
-        CAPTURE(KeyMode);
-        gKeyMode = KeyMode;
-        gFrameCnt = 5;
-        Panel.Load();
-        int Starts = 0;
-        double Last = 0;
-        for (int i = 0; i < 500; ++i, ++gFrameCnt) {
-            Sample(i * Step);
-            if (!Panel.Newest().NewStroke) continue;
-            if (++Starts > 1) CHECK(Panel.LastStrokeT() - Last == Approx(Period).epsilon(1e-3));
-            Last = Panel.LastStrokeT();
-        }
-        CHECK(Starts == 5);
-        CHECK(Panel.Stroke().StrokeN == 4);
-        gFrameCnt = 1;
-        Sample(0);
-        CHECK(Panel.Stroke().StrokeN == 0);
-        CHECK(!Panel.FinishFactor());
-        CHECK(Panel.Elapsed() == 0);
-    }
 }
 
 TEST_CASE_FIXTURE(CatchPanel, "without a handle or a seat nothing is recognised, without a trunk no Finish Factor")

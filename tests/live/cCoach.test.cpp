@@ -1,9 +1,7 @@
-// The coach's panel: the variables of an oar, the clock, the lines of each kind of boat, colours, old and missing
-// values.
+// The coach's panel: the variables of an oar, colours, old and missing values.
 #include "live/coach/cCoach.h"
 
 #include "core/mIni.h"
-#include "records/mTargets.h"
 #include "support/Case.h"
 
 namespace {
@@ -54,16 +52,6 @@ struct Boat : FreshState
                 AddChannel("H" + FormatNum(Seat, "0"), Seat, Side);
             }
         }
-    }
-
-    static void UseTargetsOf(const std::vector<double>& Values)
-    {
-        gIsTargVals = 1;
-        gTargets.Heads = {"ID", "Group", "S", "W", "B", "A"};
-        for (std::size_t i = 0; i < Values.size(); ++i)
-            gTargets.Heads.push_back("V" + FormatNum(static_cast<double>(i), "0"));
-        gTarget.Fields[1] = "Somebody";
-        gTarget.Values = Values;
     }
 
     // Strokes of eight seconds under a force of 10; oars from number Silent on rest.
@@ -139,35 +127,6 @@ TEST_CASE_FIXTURE(Boat,
     }
 }
 
-TEST_CASE_FIXTURE(Boat,
-                  "the clock starts at a key that has risen, topped and fallen twice, and never on its first sample")
-{
-    Make("1x", 1);
-    const std::tuple<const char*, std::vector<double>, int> Cases[] = {{"a peak", {0, 0, 1, 2, 1, 0}, 5},
-                                                                       {"a flat top", {0, 0, 1, 2, 2, 1, 0}, 6},
-                                                                       {"two samples", {9, 5, 1}, -1},
-                                                                       {"falls once", {0, 1, 2, 1, 1, 0}, -1},
-                                                                       {"a rise that stops", {0, 2, 2, 1, 0}, 4}};
-    for (const auto& [Name, Keys, At] : Cases) {
-        CAPTURE(std::string(Name));
-        cCoachClock Clock;
-        Clock.Load();
-        int Start = -1;
-        for (int i = 0; i < static_cast<int>(Keys.size()); ++i) {
-            gData[0] = 100 + i * 0.5;
-            gData[1] = Keys[static_cast<std::size_t>(i)];
-            if (Clock.Take()) Start = i;
-        }
-        CHECK(Start == At);
-        CHECK(Clock.RateNow() == Approx(At < 0 ? 0 : 60 / (At * 0.5)));
-        CHECK(Clock.RateAver() == Clock.RateNow());
-    }
-    cCoachClock Clock;
-    gKeyChan = -1;
-    Clock.Load();
-    CHECK(!Clock.Take());
-}
-
 TEST_CASE("a value that reaches its target is green, within 3 percent of it blue, else red, on either side of 0")
 {
     const std::tuple<double, double, const char*> Cases[] = {
@@ -177,67 +136,6 @@ TEST_CASE("a value that reaches its target is green, within 3 percent of it blue
         CAPTURE(Value);
         CHECK(VerdictName(TargetColor(Value, Target)) == Colour);
     }
-}
-
-TEST_CASE_FIXTURE(Boat, "each kind of boat has its lines, sculls together or apart, in both modes of display")
-{
-    const std::string Oar = ": -25.0 10.0 35.0 10.0 10.0 14.0 1.7";
-    const std::string Pair = ": -25.0 10.0 35.0 20.0 20.0 27.9 3.5";
-    const std::string Mean = ": -12.5 10.0 22.5 10.0 10.0 14.0 2.0"; // the first stroke has no catch
-    const std::tuple<const char*, int16_t, int16_t, Texts> Cases[] = {
-        {"2-", 0, 0, {"R1" + Oar, "R2" + Oar}},
-        {"2-", 1, 0, {"R1" + Mean, "R2" + Mean}},
-        {"2x", 0, 0, {"R1" + Pair, "R2" + Pair}},
-        {"1x", 0, 1, {"R1 Right" + Oar, "R1 Left" + Oar}},
-        {"1x", 1, 1, {"R1 Right" + Mean, "R1 Left" + Mean}},
-        {"2+", 0, 0, {}}};
-    for (const auto& [Type, Display, Scull, Lines] : Cases) {
-        CAPTURE(std::string(Type));
-        Make(Type, std::string(Type).front() - '0');
-        for (const bool Switched : {false, true}) { // while data come, or ahead of them
-            mDisplayMode = Switched ? 1 - Display : Display;
-            mScullMode = Switched ? 1 - Scull : Scull;
-            cCoach Panel;
-            Panel.Load(true);
-            Time = 0;
-            Row(Panel, 2);
-            if (Switched) Panel.SetScullMode(Scull);
-            if (Switched) Panel.SetDisplayMode(Display);
-            REQUIRE(Panel.RowCount() == static_cast<int>(Lines.size()));
-            for (int Number = 0; Number < Panel.RowCount(); ++Number)
-                CHECK(Line(Panel, Number) == Lines[static_cast<std::size_t>(Number)]);
-            CHECK(Panel.Note().empty() == !Lines.empty());
-            CHECK(Panel.Clock().StrokeN() == 2);
-            CHECK(Panel.Clock().RateNow() == 7.5);
-        }
-    }
-}
-
-TEST_CASE_FIXTURE(Boat,
-                  "columns are those of the targets, halved for a scull alone, and without targets there are none")
-{
-    Make("1x", 1);
-    const std::vector<double> Values = {-25, 10, 36, 40, 20, 28, 3.4, 0, 5};
-    UseTargetsOf(Values);
-    cCoach Panel;
-    mScullMode = ScullSeparate;
-    Panel.Load();
-    Row(Panel, 2);
-    CHECK(Line(Panel, 1) == "R1 Left: -25.0 10.0 35.0 10.0 10.0 14.0 1.7 0.0 0.0");
-    CHECK(Panel.TargetGroup() == "Somebody");
-    const char* Expected[] = {"-25.0 green", "10.0 green", "36.0 blue", "20.0 red", "10.0 green",
-                              "14.0 blue",   "1.7 green",  "0.0 green", "5.0 red"};
-    for (int i = 0; i < Panel.ColumnCount(); ++i)
-        CHECK(Panel.TargetText(i) + " " + std::string(VerdictName(*Panel.Cell({1, i}).Verdict)) == Expected[i]);
-    Panel.SetScullMode(ScullTogether);
-    CHECK(Panel.TargetText(3) == "40.0");
-    CHECK(Line(Panel, 0) == "R1: -25.0 10.0 35.0 20.0 20.0 27.9 3.5 0.0 0.0");
-    gIsTargVals = 0;
-    Panel.Load();
-    CHECK(Panel.RowCount() == 2);
-    CHECK(Panel.ColumnCount() == 0);
-    CHECK(Panel.TargetGroup() == "No Targets available");
-    CHECK(Panel.Note().find("No targets") == 0);
 }
 
 TEST_CASE_FIXTURE(Boat,

@@ -1,42 +1,19 @@
 // The ergometer panel: strokes of the handle with their figures, turns between samples, what is shown of them.
 #include "live/ergo/cErg.h"
 
+#include "Swings.h"
 #include "live/ergo/cDamp.h"
-#include "platform/mHost.h"
-#include "support/Case.h"
-#include "support/SurfaceLog.h"
 
 namespace {
-using doctest::Approx;
-
-constexpr double Period = 2; // s of a stroke
-constexpr double Step = 0.02;
-
-double Swing(double Time)
-{
-    return -std::cos(6.283185307179586 * Time / Period);
-}
-
 // A rower whose handle turns at 0.5 s and every 2 s behind it, the seat SeatLate behind it.
 struct ErgPanel : FreshState
 {
     ErgPanel()
     {
-        gFile = {};
-        gFrameCnt = 0;
-        gFile.ChanCnt = 3;
-        gFile.TimeStep = Step;
-        for (const char* Name : {"L1", "H1", "S1"}) {
-            CalibrRow& Channel = gFile.Calibr.Grow();
-            Channel.Chan = static_cast<int16_t>(gFile.Calibr.UBound());
-            Channel.ParamID = Name;
-            Channel.Q1 = 0.5;
-            Channel.Q0 = 1;
-        }
+        MakeCrew({"L1", "H1", "S1"}, "3", 1, 0.5);
         gFile.KeyChanID = "L1";
         ResolveChannels();
         gKeyMode = 3;
-        gHost.Settings->SaveSetting("Models", "gSeatChan", "3");
     }
 
     // Gives how many Catch Factors were formed.
@@ -85,45 +62,6 @@ TEST_CASE("the figures of a stroke are those of its samples, the first one count
             {Last.Impulse, 62.5}};
         for (const auto& [Found, Expected] : Figures)
             CHECK(Found == Approx(Expected).epsilon(1e-9));
-    }
-}
-
-TEST_CASE("catch and finish are extremes with two samples on either side, flat ahead of them but not behind")
-{
-    const std::tuple<std::array<double, 5>, bool> Cases[] = {{{3, 2, 1, 2, 3}, true},  {{3, 1, 1, 2, 3}, true},
-                                                             {{3, 2, 1, 1, 1}, false}, {{2, 2, 1, 2, 3}, false},
-                                                             {{3, 2, 1, 2, 2}, false}, {{1, 2, 1, 2, 3}, false}};
-    for (const auto& [Keys, IsTurn] : Cases)
-        for (const double Sign : {1.0, -1.0}) {
-            CAPTURE(FormatNum(Keys[0] * 10000 + Keys[1] * 1000 + Keys[2] * 100 + Keys[3] * 10 + Keys[4], "0"));
-            cErgStrokes Strokes;
-            double Time = 0;
-            bool Ends = false;
-            for (const double Key : Keys)
-                Ends = Strokes.Take(++Time, Sign * Key, 0);
-            CHECK(Ends == (IsTurn && Sign < 0));
-            if (Sign < 0) continue;
-            for (const double Key : {7.0, 9.0, 8.0, 6.0}) // the length is counted from the catch, if there was one
-                Strokes.Take(++Time, Key, 0);
-            CHECK(Strokes.Last().Length == (IsTurn ? 8 : 9));
-        }
-}
-
-TEST_CASE("a turn lies where the line between two velocities is 0, a step without time and a rest turn nothing")
-{
-    for (const double Start : {0.0, 36000.0}) {
-        cForwardTurn Turn;
-        Turn.Begin(Start, 2);
-        CHECK(!Turn.Take(Start + 1, 1));
-        CHECK(!Turn.Take(Start + 2, 0));
-        const auto Found = Turn.Take(Start + 4, 6); // velocity 3 at 3 s behind -1 at 1.5 s
-        REQUIRE(Found);
-        CHECK(*Found - Start == Approx(1.875).epsilon(1e-9));
-        CHECK(!Turn.Take(Start + 5, 5));
-        CHECK(!Turn.Take(Start + 6, 5));
-        CHECK(!Turn.Take(Start + 7, 6));
-        CHECK(!Turn.Take(Start + 7, 0));
-        CHECK(!Turn.Take(Start + 8, 1));
     }
 }
 

@@ -2,6 +2,7 @@
 #include "whole/Walk.h"
 
 #include "files/mBinIO.h"
+#include "files/mTextIO.h"
 #include "processing/mOper.h"
 #include "views/mAxis.h"
 #include "views/mQuantity.h"
@@ -50,6 +51,46 @@ void NotePages(Walk& Walking, const std::string& What, int Kind, int16_t Sample)
             Walking.Lines.push_back("  " + Line);
     }
 }
+
+// Each correction by itself, taken back afterwards.
+void NoteCorrections(Walk& Walking)
+{
+    const auto Session = [] { return DataFileText(gFile, SectionFilter::Any); };
+    const std::tuple<const char*, const char*, std::function<std::string(cSwap&)>> Corrections[] = {
+        {"H1", "", [](cSwap& S) { return S.OffScale('O', 0.5); }},
+        {"A1", "", [](cSwap& S) { return S.OffScale('S', -2); }},
+        {"H1", "", [](cSwap& S) { return S.OffScale('S', 1e308); }},
+        {"1", "2", [](cSwap& S) { return S.Swap(); }},
+        {"1", "99999", [](cSwap& S) { return S.Swap(); }},
+        {"S1", "S9", [](cSwap& S) { return S.Rename(); }},
+        {"A1", "H1", [](cSwap& S) { return S.Replace(); }},
+        {"Zz", "H1", [](cSwap& S) { return S.Replace(); }},
+        {"A1", "S1", [](cSwap& S) { return S.Average(); }}};
+    for (const auto& [What, With, Correct] : Corrections) {
+        const std::string Before = Session();
+        cSwap Swap;
+        Swap.What = What;
+        Swap.With = With;
+        Swap.AverTo = "H1";
+        const std::string Told = Correct(Swap);
+        NoteRow(Walking, Told + (Swap.IsChanged() ? " changed" : ""), [] {
+            std::vector<double> All;
+            for (const DataRow& Row : gFile.Data)
+                All.insert(All.end(), {Row.Values.front(), Row.Values[17], Row.Values.back(), Row.Seat * 1.0});
+            for (const CalibrRow& Row : gFile.Calibr)
+                All.insert(All.end(), {Row.Seat * 1.0, static_cast<double>(Row.ParamID.back())});
+            return All;
+        });
+        Swap.Undo();
+        CHECK((Session() == Before && !Swap.IsChanged() && !Swap.Undo()));
+        if (Told.find("nothing") != std::string::npos) continue;
+        const DataFile Kept = gFile;
+        Correct(Swap);
+        gFile.Data.Grow().SampleID = "recorded since";
+        CHECK_FALSE(Swap.Undo());
+        gFile = Kept;
+    }
+}
 } // namespace
 
 TEST_CASE("reports, pictures and corrections of stored samples are those of the golden list")
@@ -73,6 +114,7 @@ TEST_CASE("reports, pictures and corrections of stored samples are those of the 
         gFile.View3[2].ID = std::string(90, 'W');
         gFile.Place = std::string(300, 'm') + " \xC3\xA4\xC3\xB6\xC3\xBC";
         gFile.Desc[1].Comment = "";
+        NoteCorrections(Walking);
         SurfaceLog Picture(240, 160);
         DrawSamplePicture(Picture, OarCurves("S01"));
         Walking.NoteDrawing("picture", Picture);
@@ -81,6 +123,13 @@ TEST_CASE("reports, pictures and corrections of stored samples are those of the 
         gFile.View3[3].Arguments = "A1,Zz,Q7";
         gFile.View3[4].Oper = 99;
         NotePages(Walking, std::string(Name) + " typical", ReportTypical, 0);
+        gFile.View3[4].Oper = OperPower;
+        const RowArray<DataRow> Curves = gFile.Data;
+        std::swap(gFile.Data[1], gFile.Data[2]);
+        NotePages(Walking, std::string(Name) + " mixed", ReportStored, 1);
+        gFile.Data.Clear();
+        NotePages(Walking, std::string(Name) + " bare", ReportStored, 1);
+        gFile.Data = Curves;
         cSwap Swap;
         Swap.What = "1";
         Swap.With = "2";
@@ -94,6 +143,8 @@ TEST_CASE("reports, pictures and corrections of stored samples are those of the 
         Walking.Lines.push_back(Swap.Save() ? "saved" : "not saved");
         gCurFile.clear();
         Walking.Lines.push_back(Swap.Save() ? "saved" : "not saved");
+        gFile.View3.Clear();
+        NotePages(Walking, std::string(Name) + " empty", ReportStored, 1);
         Walking.NoteTold();
         Walking.NoteFiles();
     }

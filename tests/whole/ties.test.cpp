@@ -5,8 +5,11 @@
 #include "calibration/mCalFit.h"
 #include "calibration/mCalPoints.h"
 #include "calibration/mRefBuild.h"
+#include "core/mIni.h"
 #include "live/catch/cCatch.h"
 #include "live/catch/cTurns.h"
+#include "live/coach/cCoach.h"
+#include "live/ergo/cErg.h"
 #include "live/panel/cStrokeModel.h"
 #include "live/panel/cStrokeStats.h"
 #include "live/rower/cRower.h"
@@ -58,6 +61,13 @@ std::vector<double> Of(const std::optional<StrokeMeasures>& S)
 {
     if (!S) return {};
     return {S->U1, S->U2, S->D3, S->Angle, S->LowestY, S->Peak, S->Rise};
+}
+
+std::vector<double> Of(const ErgStroke& S)
+{
+    return {S.StrokeCnt * 1.0, S.CycleTime, S.Rate, S.RateAver, S.DriveTime, S.RecovTime, S.Length,
+            S.MaxForce,        S.MaxForceT, S.Work, S.Power,    S.AverForce, S.Impulse,   S.IsWhole ? 1.0 : 0.0,
+            S.MeanForce()};
 }
 } // namespace
 
@@ -123,6 +133,15 @@ TEST_CASE_FIXTURE(Ties, "turns, strokes and points with equal values are those o
             Note(FormatNum(Run, "0") + (Turns.IsForwardTurn() ? "f" : "") + (Turns.IsBackwardTurn() ? "b" : "") +
                      (Turns.IsFinishTurn() ? "e" : ""),
                  {Turns.TurnTime(), Turns.ValueAt(3.5), Turns.TimeAt(1), Turns.Velocity()});
+    }
+    cForwardTurn Turn;
+    cErgStrokes Strokes;
+    Turn.Begin(0, 0);
+    const std::vector<double> Keys = Swings(400);
+    for (std::size_t i = 0; i < Keys.size(); ++i) {
+        const double Time = static_cast<double>(i - i / 50);
+        if (const auto Found = Turn.Take(Time, Keys[i])) Note("turn", {*Found});
+        if (Strokes.Take(Time, Keys[i], Any(-3, 9))) Note("stroke", Of(Strokes.Last()));
     }
     for (const int Count : {1, 9, 10, 11, 14, 20, 30, 40, 254, 255, 256, 257, 258, 259, 260, 300}) {
         for (int Run = 0; Run < 6; ++Run) {
@@ -194,13 +213,20 @@ TEST_CASE_FIXTURE(Ties, "panels take and draw equal values as in the golden list
         for (const auto& [Key, Value] :
              {std::pair{"gSeatChan", "23"}, {"gTrunkChan", "24"}, {"gRSFmode", Run < 5 ? "0" : "1"}})
             Settings.SaveSetting("Models", Key, Value);
-        SurfaceLog First(500, 300), Second(500, 300);
+        SurfaceLog First(500, 300), Second(500, 300), Third(400, 200);
         cRower Rower(First);
         cCatch Catch(Second);
+        cErg Erg(Third);
+        cCoach Coach;
+        gDoReZero = static_cast<int16_t>(Run % 2);
+        mScullMode = static_cast<int16_t>(Run / 2 % 2);
+        mDisplayMode = static_cast<int16_t>(Run / 4 % 2);
         Rower.Load();
         Rower.InitMode();
         Catch.Load();
         cCatch::InitMode();
+        Erg.Load();
+        Coach.Load(true);
         const std::vector<double> A = Swings(330), S = Swings(330), T = Swings(330), H = Many(330, -7, 7);
         for (std::size_t i = 0; i < A.size(); ++i) {
             gSampleTime = gData[0] = static_cast<double>(i / 2) * 0.2; // two frames a stamp
@@ -211,7 +237,16 @@ TEST_CASE_FIXTURE(Ties, "panels take and draw equal values as in the golden list
             gData[24] = T[i];
             Rower.TakeSample();
             Catch.TakeSample();
+            Erg.TakeSample();
+            Coach.TakeSample();
             if (i % 3 == 0) Rower.DrawData();
+            if (i % 4 == 0) Erg.DrawData();
+            if (Erg.Newest().Stroke) Note("erg", Of(Erg.Stroke()));
+            if (Erg.Newest().CF) Note("erg turns", {Erg.CF(), Erg.CatchFactor().value_or(-999)});
+            if (Coach.IsStart()) Note("clock", {Coach.Clock().RateNow(), Coach.Clock().RateAver()});
+            for (const CoachPlace& Place : Coach.Changes())
+                Note("coach " + cCoach::Text(Coach.Cell(Place)) + (Coach.IsClockStale() ? " stale" : ""),
+                     {Place.Row * 1.0, Place.Column * 1.0, Coach.Cell(Place).Value});
             const cCatch::News& New = Catch.Newest();
             if (Rower.NewStroke()) Lines.push_back("stroke " + Rower.TimeText() + " " + Rower.RateText());
             if (!New.Stroke && !New.CF && !New.FF && !New.RSF && !New.NewStroke) continue;
@@ -222,6 +257,7 @@ TEST_CASE_FIXTURE(Ties, "panels take and draw equal values as in the golden list
             Note(New.NewStroke ? "catch new" : "catch", Values);
         }
         NoteDrawing("drawn", First);
+        NoteDrawing("erg drawn", Third);
     }
     CheckGolden("whole-edges.txt", Lines);
 }

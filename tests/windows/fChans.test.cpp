@@ -39,28 +39,6 @@ void MakeChannels(int16_t Count)
 }
 } // namespace
 
-TEST_CASE_FIXTURE(ShellState, "after many frames the channel indicator looks as if only the last had been drawn")
-{
-    for (const int16_t Count : {int16_t{8}, int16_t{32}, int16_t{84}}) {
-        CAPTURE(Count);
-        MakeChannels(Count);
-        CHECK(Drawn<fCheckChans>(1, 300) == Drawn<fCheckChans>(300, 300));
-        CHECK(Drawn<fCheckChans>(299, 299) != Drawn<fCheckChans>(300, 300));
-        CHECK(Drawn<fCheckChans>(1, 300, true) == Drawn<fCheckChans>(300, 300, true));
-        CHECK(Drawn<fCheckChans>(1, 300, true) != Drawn<fCheckChans>(1, 300));
-    }
-}
-
-TEST_CASE_FIXTURE(ShellState, "a sweep of traces leaves nothing of the sweep before")
-{
-    for (const int16_t Count : {int16_t{8}, int16_t{84}}) {
-        CAPTURE(Count);
-        MakeChannels(Count);
-        CHECK(Drawn<fTrackChans>(1, 510) == Drawn<fTrackChans>(256, 510));
-        CHECK(Drawn<fTrackChans>(1, 300) != Drawn<fTrackChans>(256, 300));
-    }
-}
-
 TEST_CASE_FIXTURE(ShellState, "traces are the same in bursts of any size")
 {
     MakeChannels(8);
