@@ -301,8 +301,11 @@ TEST_CASE_FIXTURE(Recording,
     Clock.Wait(200);
     CHECK(Panel(2) == "No frames");
     CHECK(Panel(3) == "COM port 1 lost: the line was hung up. Trying again");
+    const auto Notes = [this] { return std::count(Status.Shown.begin(), Status.Shown.end(), "2: No frames"); };
+    const auto Once = Notes();
     Clock.Wait(5000);
     CHECK_FALSE(IsLogStarving());
+    CHECK(Notes() == Once);
 }
 
 TEST_CASE_FIXTURE(Recording, "a full disk ends the recording with one message, and the windows go on")

@@ -10,6 +10,10 @@
 #include "support/LinkPeers.h"
 #include "support/ScriptedLink.h"
 
+#include <fcntl.h>
+#include <termios.h>
+#include <unistd.h>
+
 namespace {
 struct PlainLoop
 {
@@ -39,6 +43,29 @@ TEST_CASE_FIXTURE(PlainLoop, "two programs do not share a serial line, and what 
     CHECK_FALSE(Second.Open(Folder.Path("port"), "57600,n,8,1", eWaiting::Dropped));
     CHECK_FALSE(First.Open("/dev/null", "57600,n,8,1", eWaiting::Dropped));
     CHECK(Second.Open(Folder.Path("port"), "57600,n,8,1", eWaiting::Dropped));
+}
+
+TEST_CASE_FIXTURE(PlainLoop, "parity, stop bits and speed of a line are those of its settings")
+{
+    const TempFolder Folder;
+    const PseudoTerminal Line(Folder.Path("port")); // which has no parity bit and no seven bits
+    sSerialPort Port(Loop);
+    const std::tuple<const char*, bool, tcflag_t> Cases[] = {
+        {"9600,n,8,1", true, 0},      {"9600,e,8,1", true, 0},
+        {"9600,o,8,1", true, PARODD}, {"9600,O,8,2", true, PARODD | CSTOPB},
+        {"1,n,8,2", true, CSTOPB},    {"4000000,n,8,1", true, 0},
+        {"4000001,n,8,1", false, 0},  {"0,n,8,1", false, 0},
+        {"9600,n,8", false, 0},       {"9600,n,8,1,1", false, 0}};
+    for (const auto& [Settings, IsOpen, Flags] : Cases) {
+        CAPTURE(Settings);
+        CHECK(Port.Open(Folder.Path("port"), Settings, eWaiting::Dropped) == IsOpen);
+        const int File = open(Folder.Path("port").c_str(), O_RDONLY | O_NOCTTY | O_NONBLOCK);
+        termios Set{};
+        tcgetattr(File, &Set);
+        close(File);
+        if (IsOpen) CHECK((Set.c_cflag & (PARODD | CSTOPB)) == Flags);
+        Port.Close();
+    }
 }
 
 TEST_CASE_FIXTURE(PlainLoop, "a plain socket reports connection, data, close and breaks")

@@ -14,48 +14,6 @@ int64_t NowMicroseconds()
 }
 } // namespace
 
-TEST_CASE_FIXTURE(Bench, "saved points come back one by one, the session takes what stands in the boxes")
-{
-    Start("2");
-    for (int i = 0; i < 12; ++i)
-        CHECK(Point(1000 + 250 * i, -3.25 + 8.5 * i + 0.01 * i * i));
-    Work.SetApprox(ApproxOneLine);
-    REQUIRE(Work.AnalyseArr());
-    Work.SetBox(BoxThreshold, "12.5");
-    Work.SetBox(BoxQ0, "-40");
-    for (int Times = 0; Times < 3; ++Times)
-        REQUIRE(Work.Save());
-    const CalPoints Taken = Work.Points();
-    CHECK(Work.CheckModified());
-    const std::string Bytes = ReadWhole(Folder.Path("s_02_H1s_02.xcl")).value_or("");
-    CHECK(Bytes.starts_with(
-        "Raw Calibration Data\r\n17/05/24\t02\tH1\tManual\tFreq=\t50.0000\tQ0=\t-40.0000\tQ1=\t0.0344"));
-    CHECK(Bytes.find("\tLever=\t0.000000\tSensID=\tH1s\t\r\n0\t-3.25000\t1000.00\t\r\n1\t5.26000\t1250.00\t\r\n") !=
-          std::string::npos);
-
-    REQUIRE(ReadDataFile(gCurFile, gFile, SectionFilter::Any));
-    const CalibrRow& Row = gFile.Calibr[2];
-    CHECK(std::tuple(Row.Q0, Row.ProcMode, Row.Threshold) == std::tuple(-40.0, 1, 12.5));
-    CHECK(Row.Qup1 == doctest::Approx(Work.Analysis().Up.Q[1]).epsilon(1e-5));
-    double Prev = 0;
-    CHECK(CalcPhysVal(2, 2000, Prev) == doctest::Approx(-3.25 + 8.5 * 4 + 0.16).epsilon(1e-4));
-
-    REQUIRE(Work.LoadRawCalData(Folder.Path("s_02_H1s.xcl")));
-    CHECK(Work.Points() == Taken);
-    CHECK_FALSE(Work.IsAnalysed());
-    REQUIRE(Work.SaveRawCalData(Folder.Path("again.xcl"))); // a loaded file's last point is not stored again
-    REQUIRE(Work.LoadRawCalData(Folder.Path("again.xcl")));
-    CHECK(Work.Points().size() == 11);
-    Load("other.xcl", {{10, 2}, {20, 4}}); // with extremes of its own
-    CHECK(Work.Box(BoxMinP) == "2.00");
-    CHECK(Work.Box(BoxMaxP) == "4.00");
-    REQUIRE(Work.LoadRawCalData(Folder.Path("again.xcl")));
-    REQUIRE(SaveWhole(Folder.Path("other.xcl"), "Raw Data\r\n"));
-    CHECK_FALSE(Work.LoadRawCalData(Folder.Path("other.xcl")));
-    CHECK(Dialogs.Told.back() == "Error: " + Folder.Path("other.xcl") + " is not a Calibration Data File.");
-    CHECK(Work.Points().size() == 11);
-}
-
 TEST_CASE_FIXTURE(Bench, "a channel never gets what was fitted for another use or channel, nor half of a failed save")
 {
     Start("2");

@@ -32,20 +32,6 @@ TEST_CASE_FIXTURE(FreshState, "an ini file is read in any order and written back
     CHECK(gCOMport == 3);
 }
 
-TEST_CASE_FIXTURE(FreshState, "a sixth calibrator is left out, and the last row made for a channel is selected")
-{
-    gAppDir = Folder.Path("");
-    REQUIRE(SaveWhole(IniPath(), "CalibrSens=\n0\ta\t1\t1\t1\t9\n0\tb\t2\t2\t2\t9\n0\tc\t3\t3\t3\t8\n0\td\t4\t4\t4\t7\n"
-                                 "0\te\t5\t5\t5\t6\n0\tf\t6\t6\t6\t9\nEnd\nAutoCalCh=11\n"));
-    REQUIRE(ReadIni());
-    CHECK(gAutoCalCh == 11);
-    SelectCalibrSens(9);
-    CHECK(gAutoCalCh == 2);
-    CHECK(gAutoCalQ1 == 2);
-    SelectCalibrSens(5);
-    CHECK(gAutoCalCh == 2);
-}
-
 TEST_CASE_FIXTURE(FreshState, "a start without an ini file is reported once and goes on with the defaults")
 {
     CHECK_FALSE(StartUp(Folder.Path("")));

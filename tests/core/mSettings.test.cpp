@@ -24,38 +24,3 @@ TEST_CASE_FIXTURE(FreshState, "every setting has the section, the type and the d
     }
     CHECK(Found == *Golden);
 }
-
-TEST_CASE_FIXTURE(FreshState, "a text that a setting cannot hold gives its default")
-{
-    const struct
-    {
-        const char* Key;
-        const char* Text;
-        const char* Held;
-    } Rows[] = {
-        {"gTCPport", "32767", "32767"},
-        {"gTCPport", "32768", "6000"},
-        {"gTCPport", "-32768", "-32768"},
-        {"gTCPport", "6000x", "6000"},
-        {"gTCPport", "", "6000"},
-        {"gDataFreq", "12.5", "12.5"},
-        {"gDataFreq", "fast", "25"},
-        {"gXScale", "2.5", "2"},
-        {"ToolBar", "0", "0"},
-        {"ToolBar", "false", "0"},
-        {"ToolBar", "7", "-1"},
-        {"ToolBar", "yes", "-1"},
-        {"gQVNbauds", "3000000000", "57600"},
-        {"gRowersDBFN", " a ", " a "},
-    };
-    for (const auto& Row : Rows) {
-        CAPTURE(Row.Key);
-        CAPTURE(Row.Text);
-        const Setting* const Item = FindSetting(Row.Key);
-        REQUIRE(Item);
-        Settings.SaveSetting(Item->Section, Row.Key, Row.Text);
-        LoadSettings();
-        SaveSetting(Row.Key);
-        CHECK(Settings.GetSetting(Item->Section, Row.Key) == Row.Held);
-    }
-}

@@ -31,42 +31,6 @@ constexpr const char* Table = "Targets of a season\r\n"
                               "End\r\n5\tBehind\tW\tL\t2x\tA\t9\t9\r\n";
 } // namespace
 
-TEST_CASE("of several matches the last wins, but the table's last row is never chosen")
-{
-    const TargetFolder Folder;
-    Folder.Put("Targets.ini", Table);
-    Folder.Put("Curves.ini", "Curves\r\nA\t0\t0.5\t1\r\nF\t0\t1");
-    InitTargets();
-    CHECK(Folder.Dialogs.Told.empty());
-    CHECK(gTargets.Rows.size() == 4);
-    CHECK(gTarget.Fields == std::array<std::string, 6>{"2", "Second", "W", "L", "2X", "A"});
-    CHECK(gTarget.Values == std::vector<double>{-58, 0});
-    REQUIRE(gCurves.size() == 2);
-    CHECK(gCurves[0].Values == std::vector<double>{0, 0.5, 1});
-    CHECK(gCurves[1].Name == "F");
-}
-
-TEST_CASE("a category without targets and missing curves are reported and switched off")
-{
-    TargetFolder Folder;
-    for (const char* Text : {"", "targets\r\nID\r\n1\r\n", "Targets", "Targets\r\nEnd of it\r\n1\r\n"}) {
-        Folder.Put("Targets.ini", Text);
-        CHECK(LoadTargets());
-        CHECK(gTargets.Rows.empty());
-    }
-    gFile.AgeGroup = 'M';
-    Folder.Put("Targets.ini", Table);
-    InitTargets();
-    CHECK(Folder.Dialogs.Told == Texts{"Warninng: No Targets were found for the category WL2XM",
-                                       std::string("Error: Can't open file: ").append(Folder.Path("Curves.ini")),
-                                       "Warninng: No Curves were loaded"});
-    CHECK(gIsTargVals == 0);
-    CHECK(gIsTargCurves == 0);
-    // Each switch is kept with the value that the curves' had then.
-    CHECK(Folder.Settings.GetSetting("Models", "gIsTargVals") == "1");
-    CHECK(Folder.Settings.GetSetting("Models", "gIsTargCurves") == "0");
-}
-
 TEST_CASE("the grid's rows go back to the file with its backup, values with two decimals")
 {
     const TargetFolder Folder;

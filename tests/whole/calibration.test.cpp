@@ -120,6 +120,7 @@ TEST_CASE("the calibration workbench shows, draws and writes what the golden lis
         {"channel 19", [&] { return Work->SetFlag(FlagAutomatic, false), Work->TakeChan(19) && Work->StartData(); }},
         {"few",
          [&] {
+             Work->DelAllPoints();
              return Take({{1700, 5}, {2100, 60}}) && Apply(ApproxTwoLines, "0");
          }},
         {"few on one", [&] { return Apply(ApproxOneLine, "0"); }},
@@ -133,6 +134,7 @@ TEST_CASE("the calibration workbench shows, draws and writes what the golden lis
         {"no name", [&] { return Work->SetSensID("a/b"), Work->Save(); }},
         {"no sensor", [&] { return Work->SetSensID(""), Work->CreateRefTable3(); }},
         {"no range", [&] { return Work->SetArrMin("900"), Work->SetSensID("s"), Work->CreateRefTable3(); }},
+        {"no span", [&] { return Work->SetArrMin("9"), Work->SetArrMax("9"), Work->CreateRefTable3(); }},
         {"absolute", [&] { return Work->SetApprox(ApproxAbsolute), Work->SetBox(BoxQ1, "0.2"), Work->SaveData(); }},
         {"line again", [&] { return Work->SetApprox(ApproxLinear), Work->SaveData(); }},
         {"save points", [&] { return Test.Dialogs.Files = {"p.xcl"}, Work->SaveRawCalData(""); }},
@@ -145,7 +147,14 @@ TEST_CASE("the calibration workbench shows, draws and writes what the golden lis
              Work->SetCalGr();
              return Take({{1800, 30}, {1500, 40}, {1900, 45}, {9000, 30}, {16384, 50}});
          }},
-        {"stop", [&] { return gLinkWatch.Closed(), Work->StopData(), true; }}};
+        {"small",
+         [&] {
+             return Test.Surface.Extent = {70, 33}, true;
+         }},
+        {"stop", [&] {
+             Test.Surface.Extent = {640, 400};
+             return gLinkWatch.Closed(), Work->StopData(), true;
+         }}};
     for (const std::string Situation : {"usual", "refused", "gone"}) {
         Test.Meet(Situation, "single.txt");
         Work.emplace();

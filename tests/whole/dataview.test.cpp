@@ -150,6 +150,19 @@ TEST_CASE("the data view works on a recording as in the golden list")
         {"scroll", [&] { View.Scroll(5000), View.Move(300, 200, false), Test.Note(); }},
         {"first", [&] { View.GoToStart(), View.MoveCursor(-2000), Test.Note(); }},
         {"last", [&] { View.MoveCursor(2000), Test.Note(); }},
+        {"edges",
+         [&] {
+             View.GoToStart();
+             for (const int Points : {400, 1, -399, -2}) { // to the end of what is shown, and behind it
+                 View.MoveCursor(Points);
+                 Test.Note();
+             }
+             View.GoToEnd();
+             for (const int Sample : {gRaw.UBound() - 1, gRaw.UBound(), gRaw.UBound() + 1}) {
+                 View.Move(View.Plot.Range.LogToX(Sample) + 0.1, 60, false);
+                 Test.Note();
+             }
+         }},
         {"wheel", [&] { View.GoToStart(), View.Turn(400, 0, 130), View.Turn(400, 250, 10), Test.Note(); }},
         {"mouse", [&] { View.Press(100), View.Move(333, 50, true), View.Release(400), Test.Note(); }},
         {"margin", [&] { View.Press(3), View.Release(4), View.Move(3, 50, false), Test.Note(); }},

@@ -124,6 +124,8 @@ TEST_CASE("reports, pictures and corrections of stored samples are those of the 
         gFile.View3[4].Oper = 99;
         NotePages(Walking, std::string(Name) + " typical", ReportTypical, 0);
         gFile.View3[4].Oper = OperPower;
+        gFile.View3[5].Mode = RowOverPosition;
+        gFile.View3[5].Arguments = "Q8,H1,Q9";
         const RowArray<DataRow> Curves = gFile.Data;
         std::swap(gFile.Data[1], gFile.Data[2]);
         NotePages(Walking, std::string(Name) + " mixed", ReportStored, 1);
@@ -141,6 +143,7 @@ TEST_CASE("reports, pictures and corrections of stored samples are those of the 
         Walking.Lines.push_back(Swap.OffScale('S', 1.5));
         SetSessID("elsewhere/other.txt", gFile);
         Walking.Lines.push_back(Swap.Save() ? "saved" : "not saved");
+        Walking.Lines.push_back(Swap.Undo() && Swap.IsChanged() ? "taken back" : "stays");
         gCurFile.clear();
         Walking.Lines.push_back(Swap.Save() ? "saved" : "not saved");
         gFile.View3.Clear();
@@ -242,6 +245,10 @@ TEST_CASE("steps, numbers and cut curves of scales are those of the golden list"
                                                    {{0, 250}, {250, 0}, {500, 250}, {200, 500}}}) {
         DrawClipped(Surface, {100, 400, 100, 300}, Curve);
         Walking.NoteDrawing("curve", Surface);
+    }
+    for (const std::vector<double>& Y : {std::vector<double>{0}, {5, 5}, {0, 1e300}, {-3, 7, 2}}) {
+        DrawSamplePicture(Surface, {{"1", Y, Y}, {"2", std::vector<double>(Y.size(), 20), Y}});
+        Walking.NoteDrawing("picture", Surface);
     }
     for (const int32_t Colour : {0, 0xFFFFFF, 0x00FFFF, 0xFF0000, 0x00FF00, 0x0000FF, 0x8080FF, 0x696969, 0x6A6A6A})
         Walking.Lines.push_back(FormatNum(PaperInk(Colour), "0"));

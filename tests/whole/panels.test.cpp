@@ -124,11 +124,23 @@ TEST_CASE("the rower's panel draws a recording as in the golden list")
             Panel.DrawData();
             if (Panel.NewStroke()) Walking.NoteDrawing(Panel.TimeText() + " " + Panel.RateText(), Surface, 6);
         }
+        for (const int Row : {-1, 0, gRaw.UBound(), gRaw.UBound() + 1}) {
+            gPlayIdx = Row;
+            Panel.TakeSample();
+            Panel.DrawData();
+            Walking.NoteDrawing(Panel.TimeText(), Surface, 6);
+        }
         Walking.Lines.push_back(Panel.InitMode("none.qvn") ? "read" : "not read");
         Panel.Unload();
         Walking.Lines.push_back(FormatShortest(gDeltaT) + " " + FormatShortest(gTimeStep));
         Walking.NoteDrawing("end", Surface);
     }
+    gFile.View1.Clear();
+    SurfaceLog Bare(800, 600);
+    cRower Panel(Bare);
+    Panel.Load();
+    Panel.Resize();
+    Walking.NoteDrawing("no rows", Bare);
     Walking.NoteTold();
     CheckGolden("whole-rower.txt", Walking.Lines);
 }

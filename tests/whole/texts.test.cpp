@@ -7,13 +7,17 @@
 #include "calibration/mRawCal.h"
 #include "core/mFields.h"
 #include "core/mIni.h"
+#include "core/mModes.h"
 #include "processing/mGlobFunc.h"
 #include "processing/mPhysVal.h"
 #include "processing/mProcFuncs.h"
 #include "processing/mRefTable.h"
 #include "processing/mRefZero.h"
 #include "records/mGridSteps.h"
+#include "records/mSessName.h"
 #include "records/mTargets.h"
+#include "records/mTemplates.h"
+#include "views/data/mViewLoad.h"
 
 #include <limits>
 
@@ -207,7 +211,7 @@ TEST_CASE("calibrations turn counts into values as in the golden list")
     }
     for (int16_t Mode = 0; Mode <= 5; ++Mode)
         for (const char* Sensor : {"RISE", "FALL"})
-            for (int16_t Side = 0; Side <= 4; ++Side) {
+            for (int16_t Side = -1; Side <= 5; ++Side) {
                 CalibrRow& Row = gFile.Calibr[19];
                 Row.ProcMode = Mode;
                 Row.Side = Side;
@@ -236,6 +240,14 @@ TEST_CASE("calibrations turn counts into values as in the golden list")
                     Line += " " + FormatGeneral(Value, 9);
                 Walking.Lines.push_back(Line + " " + FormatGeneral(Row.Min, 9) + " " + FormatGeneral(Row.Max, 9));
             }
+    for (const double Number : {0.0, 0.5, 0.6, gRefCnt - 0.4, gRefCnt * 1.0, gRefCnt + 0.4, gRefCnt + 0.6, 99.0}) {
+        CalibrRow& Row = gFile.Calibr[19];
+        Row.Threshold = Number;
+        Row.Side = SideRight;
+        Row.Log0 += 500;
+        ShiftRefTable(19);
+        Walking.Lines.push_back(FormatGeneral(Row.Min, 9) + " " + FormatGeneral(Row.Max, 9));
+    }
     for (const char* Text :
          {"", "x\n3\tName\n\n0\t1\t2\t3\n1\t1\t4\t9\n2\tx\t1\n", "x\ny\n", "x\n900\tLong\r\nh\n0\t1\t2\t3",
           "x\n-4\tN\nh\n0\t1\t2\t3\n1\t1\t3\t4\n", "x\n1\tN\nh\n0\t1\t2\t3\n1\t1\t3\t4\n2\t1\t5\t5\n"}) {
@@ -315,7 +327,11 @@ TEST_CASE("fits, lists and the words about the link are those of the golden list
                                                                  {45100, [&] { Watch.Closed(); }},
                                                                  {45200, [&] { Watch.Lost("late", Now); }},
                                                                  {46000, [&] { Watch.Opened("port", Now); }},
-                                                                 {49000, [&] { Watch.Closed(); }}};
+                                                                 {46100, [&] { Watch.Replaced(Now); }},
+                                                                 {46200, [&] { Watch.Replaced(Now); }},
+                                                                 {46300, [&] { Watch.Replaced(Now); }},
+                                                                 {46400, [&] { Watch.Replaced(Now); }},
+                                                                 {83000, [&] { Watch.Closed(); }}};
     for (const auto& [Time, Event] : Events) {
         for (; Now < Time; Now += 50)
             Watch.Tick(Now);
@@ -324,4 +340,28 @@ TEST_CASE("fits, lists and the words about the link are those of the golden list
                                 (Watch.IsSilent() ? " silent" : ""));
     }
     CheckGolden("whole-fits.txt", Walking.Lines);
+}
+
+TEST_CASE("templates give the sessions, and names the reasons, of the golden list")
+{
+    Walk Walking;
+    Walking.Open("eight.txt");
+    for (const SessionTemplate& Each : FindTemplates({SOURCE_FOLDER "/templates"}).Templates) {
+        DataFile File = gFile;
+        ApplyTemplate(Each, File);
+        Walking.Lines.push_back("> " + Each.Name + " " + Shortened(TemplateText(Each), ' '));
+        for (const std::string& Line : Digest(LinesOf(DataFileText(File, SectionFilter::Any)), '\t', 8))
+            Walking.Lines.push_back(Line);
+    }
+    for (int Byte = 1; Byte < 256; ++Byte)
+        if (const std::string Reason = WhyNoTitle(std::string("a") + static_cast<char>(Byte)); !Reason.empty())
+            Walking.Lines.push_back(FormatNum(Byte, "0") + " " + Reason);
+    for (const std::size_t Length : {0U, 1U, 199U, 200U, 201U})
+        Walking.Lines.push_back(FormatNum(static_cast<double>(Length), "0") + " " +
+                                WhyNoTitle(std::string(Length, 'x')));
+    for (const double Step : {0.0, -1.0, 0.04, 0.0403, 0.0405, 0.0397, 0.0395, 0.02}) {
+        gFile.TimeStep = Step;
+        Walking.Lines.push_back(FrequencyNote());
+    }
+    CheckGolden("whole-templates.txt", Walking.Lines);
 }

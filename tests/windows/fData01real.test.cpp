@@ -102,30 +102,6 @@ TEST_CASE_FIXTURE(Panel, "labels are set no more often than pictures are shown, 
     CHECK(Label("lbData_3") == "002");
 }
 
-TEST_CASE_FIXTURE(Panel, "targets that were edited show at the next opening, behind the curves")
-{
-    REQUIRE(SaveWhole(Folder.Path("Curves.ini"), "Curves\r\nA\t0\t0.5\t1\r\nF\t0\t1\t0\r\nEnd\r\n"));
-    gHost.Settings->SaveSetting("Models", "gIsTargVals", "1");
-    gHost.Settings->SaveSetting("Models", "gIsTargCurves", "1");
-    const auto Picture = [&](const char* Peak) {
-        std::string Row = "1\tG\tM\tH\t1x\tA\t-0.8\t0.5\t1.3\t200\t";
-        Row.append(Peak).append("\t1\t1\r\n");
-        REQUIRE(SaveWhole(Folder.Path("Targets.ini"),
-                          "Targets\r\nID\tG\tS\tC\tB\tA\t0\t1\t2\t3\t4\t5\t6\r\n" + Row + Row + "End\r\n"));
-        Choose("mnuSampleRower");
-        Window().parentWidget()->resize(640, 480);
-        QTest::qWait(60);
-        const QImage Seen = Plots().Grab();
-        QTest::keyClick(&Window(), Qt::Key_Escape);
-        QTest::qWait(5);
-        CHECK(!Main.findChild<QWidget*>("fData01real"));
-        return Seen;
-    };
-    const QImage Low = Picture("150");
-    CHECK(Low == Picture("150"));
-    CHECK(Low != Picture("400"));
-}
-
 TEST_CASE_FIXTURE(Panel, "a background picture lies under every stroke, and the panel fills the screen and comes back")
 {
     QImage Ground(8, 8, QImage::Format_RGB32);

@@ -271,22 +271,3 @@ TEST_CASE_FIXTURE(Recording,
     Click("cmdSaveStrokes");
     CHECK(ReadWhole(Folder.Path("s.str"))->ends_with("End\r\n"));
 }
-
-TEST_CASE_FIXTURE(Recording, "a run that fails says what it wrote into the last sample, and splits follow one another")
-{
-    Choose("mnuViewRaw");
-    gFile.Desc.Grow().SampleID = "S01";
-    QTest::keyClicks(&Find<QLineEdit>("txtInps_0"), "500");
-    Drag(0.05, 0.1);
-    Click("CmdArr_12");
-    CHECK(Dialogs.Told.back().find("were written into sample S01") != std::string::npos);
-    CHECK(gFile.Desc[1].DistReal == 500);
-    for (const auto& [Key, Value] :
-         {std::pair{"gSplitPar", "1"}, {"gSplitsCnt", "2"}, {"gSplitsArr01", "7"}, {"gSplitsArr02", "8"}})
-        Settings.SaveSetting("AutoSplit", Key, Value);
-    Click("CmdArr_13");
-    REQUIRE(gFile.Desc.UBound() == 3);
-    CHECK(FillSplits()[1] == 351);
-    CHECK(FillSplits()[2] == 751);
-    CHECK(gFile.Desc[2].TestTime == doctest::Approx(6).epsilon(0.02));
-}
