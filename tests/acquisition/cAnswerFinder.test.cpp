@@ -52,6 +52,7 @@ TEST_CASE("answers are found in single bytes, among frames and in lines that fra
         Woven += Frame + C;
     const std::tuple<const char*, std::string, Texts> Cases[] = {
         {"alone", Answer, {"#MODE: 2,40,0"}},
+        {"with a tab", "#MODE:\t2\r", {"#MODE:\t2"}},
         {"between frames", Frame + Answer + Frame, {"#MODE: 2,40,0"}},
         {"several lines", Frame + Table, {"#WLDEVCFG: 0,1,00B9,048D,0013", "# WLDEVCFG : 1,0,00F3,048D,0013"}},
         {"a frame behind each byte", Woven + Frame, {"#MODE: 2,40,0"}},

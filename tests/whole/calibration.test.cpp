@@ -147,6 +147,12 @@ TEST_CASE("the calibration workbench shows, draws and writes what the golden lis
              Work->SetCalGr();
              return Take({{1800, 30}, {1500, 40}, {1900, 45}, {9000, 30}, {16384, 50}});
          }},
+        {"no fit", [&] { return Work->SetApprox(ApproxRefTable), Work->AnalyseArr(); }},
+        {"large",
+         [&] {
+             Test.Surface.Extent = {1300, 700};
+             return true;
+         }},
         {"small",
          [&] {
              return Test.Surface.Extent = {70, 33}, true;

@@ -124,6 +124,9 @@ TEST_CASE("reports, pictures and corrections of stored samples are those of the 
         gFile.View3[4].Oper = 99;
         NotePages(Walking, std::string(Name) + " typical", ReportTypical, 0);
         gFile.View3[4].Oper = OperPower;
+        gFile.View3[6].MaxYPar = gFile.View3[7].MinYPar = 0; // lines of zero on the edges
+        gFile.View3[6].MinYPar = -100;
+        gFile.View3[7].MaxYPar = 100;
         gFile.View3[5].Mode = RowOverPosition;
         gFile.View3[5].Arguments = "Q8,H1,Q9";
         const RowArray<DataRow> Curves = gFile.Data;
@@ -147,6 +150,8 @@ TEST_CASE("reports, pictures and corrections of stored samples are those of the 
         gCurFile.clear();
         Walking.Lines.push_back(Swap.Save() ? "saved" : "not saved");
         gFile.View3.Clear();
+        gFile.Comment = gFile.Place = "";
+        gFile.Crew.Clear();
         NotePages(Walking, std::string(Name) + " empty", ReportStored, 1);
         Walking.NoteTold();
         Walking.NoteFiles();

@@ -3,6 +3,7 @@
 #include "whole/Walk.h"
 
 #include "acquisition/cLinkWatch.h"
+#include "acquisition/mLoggerCommands.h"
 #include "base/mCodePage.h"
 #include "calibration/mRawCal.h"
 #include "core/mFields.h"
@@ -66,10 +67,10 @@ TEST_CASE("numbers, dates and fields are read and written as in the golden list"
     for (const char* Text : Words)
         Walking.Lines.push_back(std::string(Text) + ": " + FormatShortest(Val(Text)) +
                                 (LeadingNumber(Text) ? " is" : " is not"));
-    for (const char* Text :
-         {"14/05/25", "1/1/00",   "31/12/29",   "01/01/30",   "29/02/24",  "29/02/23", "32/01/20", "31/04/20",
-          "12/13/20", "14.05.25", "14/05/1925", " 14/05/25 ", "",          "a/b/c",    "1/2",      "1/2/3/4",
-          "0/1/20",   "1/0/20",   "29/02/00",   "1/1/99",     "29/2/1900", "1/1/100"})
+    for (const char* Text : {"14/05/25",    "1/1/00",   "31/12/29", "01/01/30",   "29/02/24",   "29/02/23",  "32/01/20",
+                             "31/04/20",    "12/13/20", "14.05.25", "14/05/1925", " 14/05/25 ", "",          "a/b/c",
+                             "1/2",         "1/2/3/4",  "1/1/",     "1/1/2x",     "/1/1",       "-1/1/20",   "1//20",
+                             "99/99/99999", "0/1/20",   "1/0/20",   "29/02/00",   "1/1/99",     "29/2/1900", "1/1/100"})
         Walking.Lines.push_back(std::string(Text) + ": " + FormatShortest(ParseDate(Text).value_or(-1e6)));
     std::string Dates;
     for (const double Days : {-400.0, -1.0, 0.0, 1.0, 2.0, 59.0, 60.0, 61.0, 366.0, 36525.0, 36584.0, 45000.75, 1e9})
@@ -348,6 +349,11 @@ TEST_CASE("templates give the sessions, and names the reasons, of the golden lis
     Walking.Open("eight.txt");
     for (const SessionTemplate& Each : FindTemplates({SOURCE_FOLDER "/templates"}).Templates) {
         DataFile File = gFile;
+        File.Model = File.SlaveCnt = File.SlaveChans = 99;
+        File.KeyMode = 7;
+        File.KeyThres = 7;
+        File.KeyChanID = "Zz";
+        File.Signed = !Each.Setup.Signed;
         ApplyTemplate(Each, File);
         Walking.Lines.push_back("> " + Each.Name + " " + Shortened(TemplateText(Each), ' '));
         for (const std::string& Line : Digest(LinesOf(DataFileText(File, SectionFilter::Any)), '\t', 8))
@@ -362,6 +368,23 @@ TEST_CASE("templates give the sessions, and names the reasons, of the golden lis
     for (const double Step : {0.0, -1.0, 0.04, 0.0403, 0.0405, 0.0397, 0.0395, 0.02}) {
         gFile.TimeStep = Step;
         Walking.Lines.push_back(FrequencyNote());
+    }
+    for (int Setting = 0; Setting < LoggerSettingCnt; ++Setting) {
+        const auto Which = static_cast<eLoggerSetting>(Setting);
+        for (int Choice = 0; const LoggerChoice& Each : SettingOf(Which).Choices) {
+            StoreChoice(Which, Choice);
+            Walking.Lines.push_back(std::string(Each.Control) + " " + Each.Caption + " " + CommandFor(Which, Choice) +
+                                    " " + FormatNum(Each.Stored, "0") + " " +
+                                    FormatNum(ChoiceOf(Which, Each.Value), "0") + " " +
+                                    FormatNum(StoredChoice(Which), "0") + (IsStored(Which, Choice) ? " stored" : ""));
+            ++Choice;
+        }
+    }
+    gFile.Calibr[gFile.Calibr.UBound()].ParamID = "Last";
+    for (const char* Name : {"A1", "Last", "Zz"}) {
+        gFile.KeyChanID = Name;
+        ResolveChannels();
+        Walking.Lines.push_back(FormatNum(gKeyChan, "0") + " " + FormatShortest(gKeyQ1));
     }
     CheckGolden("whole-templates.txt", Walking.Lines);
 }
