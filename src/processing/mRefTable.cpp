@@ -95,7 +95,7 @@ void LoadRefTables(const ComingRefFile* Coming)
 {
     RowArray<CalibrRow> Rows = gFile.Calibr;
     Publish(ReadRefTables(Rows, gCurDir, Coming));
-    gFile.Calibr = std::move(Rows);
+    std::swap_ranges(Rows.begin(), Rows.end(), gFile.Calibr.begin()); // rows keep their places in memory
 }
 
 bool ParseRefTable(std::string_view Text, RefTable& Table)

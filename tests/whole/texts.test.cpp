@@ -246,7 +246,7 @@ TEST_CASE("calibrations turn counts into values as in the golden list")
         Row.Threshold = Number;
         Row.Side = SideRight;
         Row.Log0 += 500;
-        ShiftRefTable(19);
+        ZeroRefTable(19);
         Walking.Lines.push_back(FormatGeneral(Row.Min, 9) + " " + FormatGeneral(Row.Max, 9));
     }
     for (const char* Text :
