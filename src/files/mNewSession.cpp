@@ -1,6 +1,7 @@
 // The steps from a session in memory to an open one in a new file.
 #include "files/mNewSession.h"
 
+#include "base/mError.h"
 #include "base/mSafeSave.h"
 #include "core/mNotice.h"
 #include "core/mSettings.h"
@@ -56,7 +57,8 @@ bool WriteNew(const std::string& Path, const DataFile& New, const std::string& R
     const fs::path Folder = fs::path(Path).parent_path();
     cMadeFolders Folders(Folder);
     if (Folders.Error)
-        return FileFailed("Can't make the folder: ", Folder.string(), TitleWarning, Folders.Error.message());
+        return FileFailed("Can't make the folder: ", Folder.string(), TitleWarning,
+                          SystemReason(Folders.Error.value()));
     Folders.Stays = CarryRefTables(New, RefFolder, Folder.string()) && BackupFile(Path) &&
                     WriteDataFile(Path, New, SectionFilter::Non);
     return Folders.Stays;

@@ -46,7 +46,7 @@ std::string WhyUnread(const std::string& Path)
 {
     std::error_code Error;
     static_cast<void>(std::filesystem::file_size(Path, Error)); // fails for a folder, too
-    if (Error) return Error.message();
+    if (Error) return SystemReason(Error.value());
     return access(Path.c_str(), R_OK) == 0 ? "it is too large" : "you have no permission to read it";
 }
 } // namespace

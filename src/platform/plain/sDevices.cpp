@@ -1,11 +1,11 @@
 // Serial devices as the kernel shows them.
 #include "platform/plain/sDevices.h"
 
+#include "base/mError.h"
 #include "base/mNumText.h"
 
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
@@ -63,6 +63,6 @@ std::string WhyShut(const std::string& Path)
     case EPERM:
         return Path + " may not be used by this user";
     default:
-        return Path + ": " + std::strerror(Error);
+        return Path + ": " + SystemReason(Error);
     }
 }
