@@ -48,6 +48,9 @@ double gCycleSum = 0;
 double gRateAver = 0;
 double gPlayTime = 0;
 int32_t gPlayIdx = 0;
+double gPlayStep = 0.04;
+int32_t gPlayFrame = 0;
+int32_t gVidMs = 40;
 
 namespace {
 template <class Row>

@@ -323,12 +323,15 @@ extern std::string gRawFN;     // raw sample file in use
 extern bool gFromFile;         // data come from a file
 extern double gRate;           // strokes per minute
 extern int16_t gStrokeCnt;
-extern bool gFirstCycle;  // the next stroke start of a live panel only arms the cycle clock
-extern double gCycleTime; // s, last live cycle
-extern double gCycleSum;  // s, all live cycles
-extern double gRateAver;  // strokes per minute, mean of the live cycles
-extern double gPlayTime;  // s, the play clock
-extern int32_t gPlayIdx;  // sample of gRaw at the play clock
+extern bool gFirstCycle;   // the next stroke start of a live panel only arms the cycle clock
+extern double gCycleTime;  // s, last live cycle
+extern double gCycleSum;   // s, all live cycles
+extern double gRateAver;   // strokes per minute, mean of the live cycles
+extern double gPlayTime;   // s, the play clock
+extern int32_t gPlayIdx;   // sample of gRaw at the play clock
+extern double gPlayStep;   // s, what the play clock moves in a step: one picture of the video
+extern int32_t gPlayFrame; // number of the picture at the play clock, from 0
+extern int32_t gVidMs;     // ms, one tick of the playback controls
 
 /// Stores Path as the current session data file, splits it into folder and title and shows the title in panel 1.
 void SetCurFile(const std::string& Path);

@@ -3,12 +3,14 @@
 
 #include "platform/iClock.h"
 #include "platform/iDialogs.h"
+#include "platform/iMedia.h"
 #include "platform/iSerialPort.h"
 #include "platform/iSettings.h"
 #include "platform/iSocket.h"
 #include "platform/iStatus.h"
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -21,6 +23,7 @@ struct Host
     iClock* Clock = nullptr; // these three: null in a program without a link
     iSerialPort* SerialPort = nullptr;
     iSocket* Socket = nullptr;
+    std::function<std::unique_ptr<iMedia>()> MakeMedia; // a clip for each window; empty where no video can be read
 };
 extern Host gHost;
 
