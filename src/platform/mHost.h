@@ -23,7 +23,7 @@ struct Host
     iClock* Clock = nullptr; // these three: null in a program without a link
     iSerialPort* SerialPort = nullptr;
     iSocket* Socket = nullptr;
-    std::function<std::unique_ptr<iMedia>()> MakeMedia; // a clip for each window; empty where no video can be read
+    std::function<std::unique_ptr<iMedia>()> MakeMedia{}; // a clip for each window; empty where no video can be read
 };
 extern Host gHost;
 
