@@ -4,3 +4,4 @@
 std::string gVideoFN;
 std::string gVideoDir;
 int16_t gVideoStrokes = 0;
+int16_t gCurSample = 0;

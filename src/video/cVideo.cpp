@@ -1,0 +1,277 @@
+// Stepping, running and what is seen.
+#include "video/cVideo.h"
+
+#include "base/mNumText.h"
+#include "core/mGlobData.h"
+#include "core/mVideoFile.h"
+#include "platform/mHost.h"
+
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+#include <utility>
+
+namespace {
+constexpr double Inside = 0.001;   // s into a picture, safely
+constexpr double Unrounded = 1e-9; // s, sums of steps differ by less
+constexpr int32_t ManyFrames = 1 << 30;
+constexpr double Milli = 1000;
+
+int32_t RoundedShare(double Whole, double Part)
+{
+    return Part > 0 ? RoundWithin(Whole / Part, 0, ManyFrames) : 0;
+}
+} // namespace
+
+cVideo::cVideo(std::unique_ptr<iMedia> InitClip) : Clip(std::move(InitClip)) {}
+
+cVideo::~cVideo()
+{
+    Hold();
+}
+
+void cVideo::NameFile(const std::string& Path)
+{
+    const std::filesystem::path Name(Path);
+    mVideoFN = Path;
+    mVideoTitle = Name.stem().string();
+    gVideoDir = Name.has_parent_path() ? Name.parent_path().string() + "/" : "";
+}
+
+bool cVideo::VideoFileOpen(const std::string& Path)
+{
+    Hold();
+    HasClip = false;
+    Seen.reset();
+    SeenNumber = -1;
+    mDigit = false;
+    if (!Clip) return FileFailed(CantOpen, Path, TitleWarning, "this program was built without video");
+    HasClip = Clip->Open(Path);
+    if (!HasClip) return FileFailed(CantOpen, Path, TitleWarning, Clip->Reason());
+    NameFile(Path);
+    IsIndexed = false;
+    IsSteady = true;
+    mStart = 0;
+    Rate = 1;
+    TakeInfo();
+    TakeIndex();
+    DoAction(VideoToStart);
+    return true;
+}
+
+void cVideo::TakeStill(const std::string& Path, std::shared_ptr<const Picture> Still)
+{
+    Hold();
+    if (Clip) Clip->Close();
+    NameFile(Path);
+    HasClip = false;
+    Info = {};
+    Info.Width = Still->Width;
+    Info.Height = Still->Height;
+    Info.Frames = 1;
+    mDuration = 0;
+    mFrames = 0;
+    gPlayTime = 0;
+    gPlayFrame = 0;
+    mDigit = true;
+    Seen = std::move(Still);
+    SeenNumber = 0;
+    if (OnShow) OnShow();
+}
+
+void cVideo::TakeInfo()
+{
+    Info = Clip->Info();
+    mDuration = RoundHalfEven(Info.Duration * 100) / 100;
+    gPlayStep = Info.Step;
+    mFrames = RoundedShare(mDuration, gPlayStep);
+}
+
+bool cVideo::TakeIndex()
+{
+    if (!HasClip || IsIndexed || Clip->IndexDone() < 1) return false;
+    IsIndexed = true;
+    TakeInfo();
+    FindRate();
+    return true;
+}
+
+// A time stamp nearer to another number than to its own.
+void cVideo::FindRate()
+{
+    IsSteady = true;
+    for (int32_t i = 0; IsSteady && i < Info.Frames; ++i)
+        IsSteady = RoundedShare(Clip->TimeOf(i), gPlayStep) == i;
+}
+
+double cVideo::IndexDone() const
+{
+    return HasClip ? Clip->IndexDone() : 1;
+}
+
+double cVideo::TimeOf(int32_t Number) const
+{
+    if (IsSteady) return Number * gPlayStep;
+    return Number < Info.Frames ? Clip->TimeOf(Number) : mDuration + (Number - Info.Frames) * gPlayStep;
+}
+
+int32_t cVideo::NumberAt(double Time) const
+{
+    if (IsSteady) return RoundedShare(Time, gPlayStep);
+    return Time < mDuration ? Clip->FrameAt(Time + Inside) : Info.Frames;
+}
+
+double cVideo::Position() const
+{
+    if (!Running) return Place;
+    return Place + static_cast<double>(gHost.Clock->Milliseconds() - Since) / Milli * Rate;
+}
+
+void cVideo::SetPosition(double Time)
+{
+    Place = Time;
+    if (Running) Since = gHost.Clock->Milliseconds();
+}
+
+void cVideo::SetPlaybackRate(double NewRate)
+{
+    if (!HasClip || !(NewRate > 0)) return;
+    SetPosition(Position());
+    Rate = NewRate;
+}
+
+// Twice as often as pictures follow each other, so that none is later than half its time.
+void cVideo::Run()
+{
+    if (Running || !gHost.Clock) return;
+    Running = true;
+    Since = gHost.Clock->Milliseconds();
+    const int Interval = RoundWithin(gPlayStep * Milli / 2, 2, 20);
+    Timer = gHost.Clock->StartRepeating(Interval, [this] { DrawData(); });
+}
+
+void cVideo::Hold()
+{
+    if (!Running) return;
+    Place = Position();
+    Running = false;
+    gHost.Clock->StopTimer(Timer);
+}
+
+void cVideo::CheckEnd()
+{
+    if (gPlayTime > mDuration) {
+        gPlayTime = mStart;
+        gPlayFrame = 0;
+    } else if (gPlayTime < mStart) {
+        gPlayTime = mDuration;
+        gPlayFrame = mFrames;
+    }
+}
+
+void cVideo::DoAction(int Code)
+{
+    if (!HasClip || Code < VideoToStart || Code > VideoClose) return;
+    constexpr std::pair<int, int> Steps[] = {
+        {VideoToStart, StepToStart}, {VideoPrev, -1}, {VideoNext, 1}, {VideoToEnd, StepToEnd}};
+    for (const auto& [Action, Step] : Steps)
+        if (Action == Code) DoStep(Step);
+    if (Code == VideoPlay) {
+        if (mDigit && OnLeaveStill) OnLeaveStill();
+        mDigit = false;
+        const double Now = Position();
+        if (Now < mStart || RoundHalfEven(Now) == RoundHalfEven(mDuration)) SetPosition(mStart);
+        Run();
+    } else if (Code == VideoPause || Code == VideoClose)
+        Hold();
+    SetMPos();
+}
+
+void cVideo::DoStep(int Step)
+{
+    if (mDigit && OnLeaveStill) OnLeaveStill();
+    Hold();
+    if (Step == 1 || Step == -1) {
+        gPlayFrame += Step;
+        gPlayTime = IsSteady ? gPlayTime + Step * gPlayStep : gPlayFrame < 0 ? -gPlayStep : TimeOf(gPlayFrame);
+        // Many steps on end at the time that the number stands for.
+        if (std::abs(gPlayTime - gPlayFrame * gPlayStep) < Unrounded) gPlayTime = gPlayFrame * gPlayStep;
+    } else if (Step == StepToStart) {
+        gPlayTime = 0;
+        gPlayFrame = 0;
+    } else if (Step == StepToEnd) {
+        gPlayTime = mDuration;
+        gPlayFrame = mFrames;
+    }
+    StandAt(gPlayFrame);
+}
+
+// Takes gPlayTime, which may be past the ends, as the position.
+void cVideo::StandAt(int32_t Number)
+{
+    gPlayFrame = Number;
+    CheckEnd();
+    SetPosition(gPlayTime);
+    Show(gPlayFrame);
+    if (mDigit && OnStill) OnStill();
+}
+
+void cVideo::GoCurTime()
+{
+    if (!HasClip) return;
+    if (mDigit && OnLeaveStill) OnLeaveStill();
+    Hold();
+    gPlayTime = (gPlayFrame < 0 ? gPlayFrame * gPlayStep : TimeOf(gPlayFrame)) + Inside;
+    StandAt(gPlayFrame);
+    ShowElapsed("0.000");
+}
+
+void cVideo::GoFrame(int32_t Number)
+{
+    if (!HasClip) return;
+    if (mDigit && OnLeaveStill) OnLeaveStill();
+    Hold();
+    gPlayTime = TimeOf(Number);
+    StandAt(Number);
+    ShowElapsed("0.00");
+}
+
+void cVideo::SetMPos()
+{
+    if (!HasClip) return;
+    gPlayTime = Position();
+    gPlayFrame = NumberAt(gPlayTime);
+    ShowElapsed("0.00");
+}
+
+// The position of a clip that runs is that of the picture that is seen.
+void cVideo::DrawData()
+{
+    TakeIndex();
+    if (!HasClip || !Running) return;
+    if (Position() >= mDuration) SetPosition(mStart);
+    const int32_t Number = Clip->FrameAt(Position());
+    if (Number == SeenNumber) return;
+    gPlayTime = TimeOf(Number);
+    gPlayFrame = Number;
+    Show(Number);
+    ShowElapsed("0.00");
+}
+
+void cVideo::Show(int32_t Number)
+{
+    const int32_t Last = std::max(Info.Frames, 1) - 1;
+    const int32_t Wanted = std::clamp(Number, 0, IsIndexed ? Last : ManyFrames);
+    if (auto Found = Clip->Frame(Wanted)) {
+        Seen = std::move(Found);
+        Reason.clear();
+    } else
+        Reason = Clip->Reason();
+    SeenNumber = Wanted;
+}
+
+void cVideo::ShowElapsed(const char* Format)
+{
+    ElapsedText = FormatNum(gPlayTime, Format);
+    if (OnShow) OnShow();
+}
