@@ -66,7 +66,7 @@ qProgram::qProgram(const std::string& SettingsPath) : Settings(SettingsPath)
 {
     QApplication::setWindowIcon(ProgramIcon());
     SetLook();
-    gHost = {&Dialogs, &Status, &Settings, &Clock, &SerialPort, &Socket};
+    gHost = {&Dialogs, &Status, &Settings, &Clock, &SerialPort, &Socket, MakeMedia};
     InitSampling(&SecondSocket);
     gMonitorLink.Use(Monitor.get());
     Window.emplace(Status);

@@ -184,6 +184,14 @@ std::span<const Command> AllCommands()
          2,
          {{"--out", ArgKind::Text, "OUT"}},
          DoReadIDs},
+        {"video",
+         "FILE [--frame N OUT.png]",
+         "prints what a video is in JSON, or writes its picture N, from 0, as it is displayed",
+         1,
+         2,
+         {{"--frame", ArgKind::Whole, "N"}},
+         DoVideo,
+         VideoObjection},
         {"info", "SESSION", "prints a summary of a session data file in JSON", 1, 1, {}, DoInfo},
     };
     return Table;

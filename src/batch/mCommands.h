@@ -100,3 +100,7 @@ std::string MonitorObjection(const Args& Line);
 // The logger's set-up.
 bool DoLogger(const Args& Line);
 std::string LoggerObjection(const Args& Line);
+
+// Video.
+bool DoVideo(const Args& Line);
+std::string VideoObjection(const Args& Line);

@@ -3,6 +3,7 @@
 #include "batch/mCommands.h"
 #include "core/mSettings.h"
 #include "files/mUnread.h"
+#include "platform/ffmpeg/mMedia.h"
 #include "platform/hid/mUsbMonitor.h"
 #include "platform/mHost.h"
 #include "platform/plain/sSettings.h"
@@ -126,6 +127,7 @@ int Run(const std::vector<std::string>& Words)
 int main(int Count, char** Words)
 {
     gHost = {&gBatchDialogs, &gBatchStatus, &gBatchSettings};
+    gHost.MakeMedia = MakeMedia;
 #ifdef SKARVELIN_DESKTOP
     gWriteReport = WriteReportOffscreen;
 #endif
