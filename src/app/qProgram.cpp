@@ -6,6 +6,7 @@
 #include "core/shell/fFolders.h"
 #include "ergometer/cMonitorLink.h"
 #include "files/mMain.h"
+#include "platform/ffmpeg/mMedia.h"
 #include "platform/mHost.h"
 #include "platform/qt/qText.h"
 #include "widgets/qIcons.h"

@@ -83,8 +83,10 @@ void cVideo::TakeInfo()
 {
     Info = Clip->Info();
     mDuration = RoundHalfEven(Info.Duration * 100) / 100;
-    gPlayStep = Info.Step;
-    mFrames = RoundedShare(mDuration, gPlayStep);
+    // A clock that another window has set since goes on by its own steps.
+    if (!IsIndexed || gPlayStep == Step) gPlayStep = Info.Step;
+    Step = Info.Step;
+    mFrames = RoundedShare(mDuration, Step);
 }
 
 bool cVideo::TakeIndex()
@@ -101,7 +103,7 @@ void cVideo::FindRate()
 {
     IsSteady = true;
     for (int32_t i = 0; IsSteady && i < Info.Frames; ++i)
-        IsSteady = RoundedShare(Clip->TimeOf(i), gPlayStep) == i;
+        IsSteady = RoundedShare(Clip->TimeOf(i), Step) == i;
 }
 
 double cVideo::IndexDone() const
@@ -111,13 +113,13 @@ double cVideo::IndexDone() const
 
 double cVideo::TimeOf(int32_t Number) const
 {
-    if (IsSteady) return Number * gPlayStep;
-    return Number < Info.Frames ? Clip->TimeOf(Number) : mDuration + (Number - Info.Frames) * gPlayStep;
+    if (IsSteady) return Number * Step;
+    return Number < Info.Frames ? Clip->TimeOf(Number) : mDuration + (Number - Info.Frames) * Step;
 }
 
 int32_t cVideo::NumberAt(double Time) const
 {
-    if (IsSteady) return RoundedShare(Time, gPlayStep);
+    if (IsSteady) return RoundedShare(Time, Step);
     return Time < mDuration ? Clip->FrameAt(Time + Inside) : Info.Frames;
 }
 
@@ -146,7 +148,7 @@ void cVideo::Run()
     if (Running || !gHost.Clock) return;
     Running = true;
     Since = gHost.Clock->Milliseconds();
-    const int Interval = RoundWithin(gPlayStep * Milli / 2, 2, 20);
+    const int Interval = RoundWithin(Step * Milli / 2, 2, 20);
     Timer = gHost.Clock->StartRepeating(Interval, [this] { DrawData(); });
 }
 
@@ -174,8 +176,8 @@ void cVideo::DoAction(int Code)
     if (!HasClip || Code < VideoToStart || Code > VideoClose) return;
     constexpr std::pair<int, int> Steps[] = {
         {VideoToStart, StepToStart}, {VideoPrev, -1}, {VideoNext, 1}, {VideoToEnd, StepToEnd}};
-    for (const auto& [Action, Step] : Steps)
-        if (Action == Code) DoStep(Step);
+    for (const auto& [Action, By] : Steps)
+        if (Action == Code) DoStep(By);
     if (Code == VideoPlay) {
         if (mDigit && OnLeaveStill) OnLeaveStill();
         mDigit = false;
@@ -187,42 +189,44 @@ void cVideo::DoAction(int Code)
     SetMPos();
 }
 
-void cVideo::DoStep(int Step)
+void cVideo::DoStep(int By)
 {
     if (mDigit && OnLeaveStill) OnLeaveStill();
     Hold();
-    if (Step == 1 || Step == -1) {
-        gPlayFrame += Step;
-        gPlayTime = IsSteady ? gPlayTime + Step * gPlayStep : gPlayFrame < 0 ? -gPlayStep : TimeOf(gPlayFrame);
+    if (By == 1 || By == -1) {
+        gPlayFrame += By;
+        gPlayTime = IsSteady || gPlayFrame < 0 ? gPlayTime + By * Step : TimeOf(gPlayFrame);
         // Many steps on end at the time that the number stands for.
-        if (std::abs(gPlayTime - gPlayFrame * gPlayStep) < Unrounded) gPlayTime = gPlayFrame * gPlayStep;
-    } else if (Step == StepToStart) {
+        if (std::abs(gPlayTime - gPlayFrame * Step) < Unrounded) gPlayTime = gPlayFrame * Step;
+    } else if (By == StepToStart) {
         gPlayTime = 0;
         gPlayFrame = 0;
-    } else if (Step == StepToEnd) {
+    } else if (By == StepToEnd) {
         gPlayTime = mDuration;
         gPlayFrame = mFrames;
     }
-    StandAt(gPlayFrame);
+    StandAt(-1);
 }
 
-// Takes gPlayTime, which may be past the ends, as the position.
+// Takes the shared clock, which may be past the ends, as the position, and shows that picture, or without one that of
+// gPlayFrame.
 void cVideo::StandAt(int32_t Number)
 {
-    gPlayFrame = Number;
     CheckEnd();
-    SetPosition(gPlayTime);
-    Show(gPlayFrame);
+    Place = gPlayTime;
+    Show(Number < 0 ? gPlayFrame : Number);
     if (mDigit && OnStill) OnStill();
 }
 
+// A clock whose steps are not this clip's pictures gives a time.
 void cVideo::GoCurTime()
 {
     if (!HasClip) return;
     if (mDigit && OnLeaveStill) OnLeaveStill();
     Hold();
-    gPlayTime = (gPlayFrame < 0 ? gPlayFrame * gPlayStep : TimeOf(gPlayFrame)) + Inside;
-    StandAt(gPlayFrame);
+    const bool IsOwnStep = gPlayStep == Step;
+    gPlayTime = (IsOwnStep && gPlayFrame >= 0 ? TimeOf(gPlayFrame) : gPlayFrame * gPlayStep) + Inside;
+    StandAt(IsOwnStep || gPlayTime > mDuration ? -1 : Clip->FrameAt(gPlayTime));
     ShowElapsed("0.000");
 }
 
@@ -231,8 +235,9 @@ void cVideo::GoFrame(int32_t Number)
     if (!HasClip) return;
     if (mDigit && OnLeaveStill) OnLeaveStill();
     Hold();
+    gPlayFrame = Number;
     gPlayTime = TimeOf(Number);
-    StandAt(Number);
+    StandAt(-1);
     ShowElapsed("0.00");
 }
 

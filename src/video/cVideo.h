@@ -52,8 +52,8 @@ public:
     /// A button by its number, eVideoAction; any other does nothing. VideoClose only stops.
     void DoAction(int Code);
 
-    /// Step 1 or -1: a picture on or back, StepToStart, StepToEnd; any other stays where it is.
-    void DoStep(int Step);
+    /// 1 or -1: a picture on or back, StepToStart, StepToEnd; any other stays where it is.
+    void DoStep(int By);
 
     /// Shows the picture of gPlayFrame.
     void GoCurTime();
@@ -129,6 +129,7 @@ private:
     ClipInfo Info;
     bool HasClip = false;
     bool IsIndexed = false;
+    double Step = 0;      // s, of a picture
     bool IsSteady = true; // time stamps are those of a constant rate
     double Place = 0;     // s, where the clip stands, or stood when it began to run
     int64_t Since = 0;    // ms, when it began to run

@@ -10,12 +10,15 @@
 #include "core/mDataWindow.h"
 #include "core/mGlobData.h"
 #include "core/mSettings.h"
+#include "core/mVideoFile.h"
 #include "core/shell/fWindows.h"
 #include "core/shell/frmMain.h"
 #include "files/mDump.h"
 #include "files/mTextIO.h"
 #include "platform/mHost.h"
 #include "records/mSession.h"
+#include "video/f1Control.h"
+#include "video/f1Video.h"
 #include "views/data/mViewLoad.h"
 
 #include <algorithm>
@@ -211,6 +214,27 @@ void PlayRawCoach(frmMain& Main)
 {
     const std::string Path = ExecComDlg("Raw File to Play", "qvn", eFileMode::In, gCurDir);
     if (!Path.empty()) Play(Main, Path);
+}
+
+// The one control drives all videos.
+void PlayVideo(frmMain& Main)
+{
+    const std::string Path = ExecComDlg("Video File to Open", "avi", eFileMode::In, gVideoDir);
+    auto* Video = Path.empty() ? nullptr : dynamic_cast<f1Video*>(OpenWindow(Main, "f1Video", {.File = Path}));
+    if (!Video) return;
+    gVideoFN = Path;
+    auto& Panel = dynamic_cast<f1Control&>(*OpenWindow(Main, "f1Control"));
+    Panel.Control.AddVideo({Video, [Video] { Video->GoCurTime(); }, [Video] { Video->Unload(); }});
+    Video->OnClosed = [&Main, Video] {
+        if (auto* Open = dynamic_cast<f1Control*>(FindOpen(Main, "f1Control"))) Open->Control.RemoveVideo(Video);
+    };
+    Main.Activate(*Video);
+}
+
+void PlayMPEG(frmMain& Main)
+{
+    const std::string Path = ExecComDlg("Video File to Open", "mp4", eFileMode::In, gVideoDir);
+    if (!Path.empty()) OpenWindow(Main, "f2Video", {.File = Path});
 }
 
 void ToggleLog(frmMain&)

@@ -35,5 +35,7 @@ void LogChannels(frmMain& Main);
 void ReadLog(frmMain& Main);
 void PlayRawRower(frmMain& Main);
 void PlayRawCoach(frmMain& Main);
+void PlayVideo(frmMain& Main);
+void PlayMPEG(frmMain& Main);
 void ToggleLog(frmMain& Main);
 void ShowHelp(frmMain& Main);

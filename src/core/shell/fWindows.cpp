@@ -26,6 +26,9 @@
 #include "records/fSession.h"
 #include "records/fTargets.h"
 #include "records/mTargets.h"
+#include "video/f1Control.h"
+#include "video/f1Video.h"
+#include "video/f2Video.h"
 #include "views/data/fData02view.h"
 #include "views/report/cData03report.h"
 #include "views/report/fData03report.h"
@@ -130,6 +133,14 @@ QWidget* MakeAthlete(frmMain& Main, const WindowArgs&)
     return Athlete;
 }
 
+// A file that cannot be shown leaves no window.
+template <class Window>
+QWidget* MakeVideo(frmMain&, const WindowArgs& Args)
+{
+    auto Made = std::make_unique<Window>();
+    return Made->VideoFileOpen(Args.File) ? Made.release() : nullptr;
+}
+
 // Frames stop during the set-up: a recording would have a hole.
 QWidget* MakeSetUp(frmMain& Main, const WindowArgs&)
 {
@@ -182,6 +193,17 @@ constexpr WindowKind Windows[] = {
      fTargets::Section,
      fTargets::Prefix,
      {900, 420}},
+    {"f1Video", "The video", MakeVideo<f1Video>, Many, Kept, NeedsNothing, f1Video::Section, "", {900, 720}},
+    {"f1Control",
+     "The animation control",
+     Make<f1Control>,
+     One,
+     Kept,
+     NeedsNothing,
+     f1Control::Section,
+     "",
+     {520, 160}},
+    {"f2Video", "The MPEG player", MakeVideo<f2Video>, OneAnew, Kept, NeedsNothing, f2Video::Section, "", {720, 560}},
     {"fSession", "The session dialog", MakeSession, One, Dialog, NeedsNothing},
     {"fAthleteInp", "The athlete dialog", MakeAthlete, One, Dialog, NeedsNothing},
     {"fDataGrid", "The record grid", MakeGrid, OneAKind, Kept, NeedsNothing, fDataGrid::Section, "", {1000, 560}},

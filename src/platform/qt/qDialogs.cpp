@@ -31,6 +31,18 @@ std::optional<std::string> Given(const QString& Name)
     return Plain(Name);
 }
 
+// The extension that is asked for comes first; of videos and pictures the other usual kinds can be chosen too.
+QString FilterFor(const std::string& Ext)
+{
+    const QString First = "All Files (*." + Shown(Ext) + ")";
+    if (Ext == "avi" || Ext == "wmv" || Ext == "mp4")
+        return First +
+               ";;Videos (*.avi *.wmv *.mp4 *.m4v *.mov *.mkv *.webm *.mpg *.mpeg *.mts *.m2ts *.ts *.3gp *.flv);;"
+               "Any file (*)";
+    if (Ext == "jpg") return First + ";;Pictures (*.jpg *.jpeg *.png *.bmp *.gif *.webp *.tif *.tiff);;Any file (*)";
+    return First;
+}
+
 // A window that has been closed may be gone before the dialog above it.
 QWidget* Parent()
 {
@@ -67,7 +79,7 @@ std::optional<std::string> qDialogs::InputBox(const std::string& Prompt, const s
 std::optional<std::string> qDialogs::ExecComDlg(const std::string& Title, const std::string& Ext, eFileMode Mode,
                                                 const std::string& Folder)
 {
-    const QString Filter = "All Files (*." + Shown(Ext) + ")";
+    const QString Filter = FilterFor(Ext);
     if (Mode == eFileMode::In)
         return Given(QFileDialog::getOpenFileName(Parent(), Shown(Title), Shown(Folder), Filter));
     QFileDialog Box(Parent(), Shown(Title), Shown(Folder), Filter);
