@@ -6,6 +6,7 @@
 #include "platform/mHost.h"
 #include "sim/cMonitor.h"
 #include "sim/cTruth.h"
+#include "sim/mVideo.h"
 
 #include <array>
 #include <filesystem>
@@ -41,7 +42,7 @@ std::string WhyNot(const SimOptions& Options, const DataFile& File, int Model)
     if (!cFrameEncoder::IsPossible(LayoutOf(File, Model)))
         return "No logger is of model " + FormatNum(Model, "0") + " with " + FormatNum(File.SlaveCnt, "0") +
                " slaves of " + FormatNum(File.SlaveChans, "0") + " channels: " + Options.Session;
-    const std::array Outs = {Options.Recording, Options.Truth, Options.Sent, Options.Replies};
+    const std::array Outs = {Options.Recording, Options.Truth, Options.Sent, Options.Replies, Options.Video};
     for (std::size_t i = 0; i < Outs.size(); ++i) {
         if (Outs[i].empty()) continue;
         if (IsSameFile(Outs[i], Options.Session)) return "This would replace the session data file: " + Outs[i];
@@ -144,6 +145,24 @@ std::string WriteReplies(const SimOptions& Options, const DataFile& File, cLogge
     return Options.Replies + ": " + FormatNum(static_cast<double>(Count), "0") + " replies of a performance monitor, " +
            FormatNum(Stop, "0.00") + " s";
 }
+// What --truth asks for.
+std::string TruthOf(const SimOptions& Options, const LoggerSettings& Used, const DataFile& File, cLogger& Logger,
+                    double Stop)
+{
+    if (!Options.Video.empty()) return JointTable(File, Logger.Model(), Stop, Options.VideoRate);
+    return Used.Rigs.empty() ? RowersTruth(File, Logger.Model(), Stop) : Logger.RigTruth();
+}
+
+// Gives a line on the video; nothing when it cannot be written (reported to the user).
+std::string MakeVideo(const SimOptions& Options, const DataFile& File, cRowerModel& Model, double Stop)
+{
+    if (const std::string Why = WriteVideo(Options.Video, File, Model, Stop, Options.VideoRate); !Why.empty()) {
+        FileFailed(CantWrite, Options.Video, TitleWarning, Why);
+        return {};
+    }
+    return Options.Video + ": " + FormatNum(VideoPictures(Stop, Options.VideoRate), "0") + " pictures, " +
+           FormatShortest(Options.VideoRate) + " a second";
+}
 } // namespace
 
 std::string SettleLogger(const SimOptions& Options, const DataFile& File, LoggerSettings& Used)
@@ -176,7 +195,12 @@ std::string RecordFile(const SimOptions& Options, const DataFile& File)
         Record(Logger, Stop, *Recording);
         Text = RecordingText(Options, Used, Logger, Stop);
     }
-    if (Table) Table->Append(Used.Rigs.empty() ? RowersTruth(File, Logger.Model(), Stop) : Logger.RigTruth());
+    if (Table) Table->Append(TruthOf(Options, Used, File, Logger, Stop));
     if (Replies) Text += (Text.empty() ? "" : "\n") + WriteReplies(Options, File, Logger, Stop, *Replies);
+    if (!Options.Video.empty()) {
+        const std::string Line = MakeVideo(Options, File, Logger.Model(), Stop);
+        if (Line.empty()) return {};
+        Text += (Text.empty() ? "" : "\n") + Line;
+    }
     return Out.Commit() ? Text : "";
 }

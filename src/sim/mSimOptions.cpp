@@ -86,12 +86,18 @@ bool TakeSeconds(SimOptions& Options, const std::string& Text)
 
 constexpr double HighestSeed = 9007199254740991;
 
-constexpr std::array<Option, 24> Table = {{
+constexpr std::array<Option, 26> Table = {{
     {"--file", "OUT.qvn", "the recording to write, as a whole new file",
      [](SimOptions& To, const std::string& Text) { return TakeText(To.Recording, Text); }},
     {"--monitor", "FILE",
      "the replies of a performance monitor on which seat 1 rows, 50 polls a second; beside a recording, or alone",
      [](SimOptions& To, const std::string& Text) { return TakeText(To.Replies, Text); }},
+    {"--video", "FILE",
+     "a video of the rower of seat 1 from the side, with picture number and time; .mp4, .mkv, .avi or .mpg says which "
+     "kind; beside a recording, or alone",
+     [](SimOptions& To, const std::string& Text) { return TakeText(To.Video, Text); }},
+    {"--fps", "N", "pictures a second of the video, 25 to 100 (default 50)",
+     [](SimOptions& To, const std::string& Text) { return TakeReal(To.VideoRate, Text, 25, 100); }},
     {"--tcp", "PORT", "stream live to whoever connects to this TCP port on this machine",
      [](SimOptions& To, const std::string& Text) { return TakeWhole(To.Port, Text, 1, 65535); }},
     {"--pty", "LINK", "stream live on a serial line: a pseudo-terminal behind this symbolic link",
@@ -107,7 +113,7 @@ constexpr std::array<Option, 24> Table = {{
     {"--truth", "FILE",
      "also write the true strokes as a table: boundaries, rate, angles, length, peak force, on an ergometer turns; of "
      "a "
-     "rig its own curve",
+     "rig its own curve; with a video the joints on each of its pictures instead",
      [](SimOptions& To, const std::string& Text) { return TakeText(To.Truth, Text); }},
     {"--strokes", "N", "whole strokes, 1 to 100000 (default 30 of a recording; a stream is endless)", TakeStrokes},
     {"--seconds", "S", "length in seconds, instead of --strokes", TakeSeconds},
@@ -178,17 +184,20 @@ std::string ParseSimOptions(std::span<const std::string> Words, SimOptions& Opti
     if (Options.Session.empty()) return "no session data file given";
     const int Ways =
         (Options.Recording.empty() ? 0 : 1) + (Options.Port == 0 ? 0 : 1) + (Options.Terminal.empty() ? 0 : 1);
-    const bool IsMonitorAlone = Ways == 0 && !Options.Replies.empty();
-    if (Ways != 1 && !IsMonitorAlone) return "give one of --file, --tcp and --pty, or --monitor";
+    const bool IsBeside = Ways == 0 && (!Options.Replies.empty() || !Options.Video.empty());
+    if (Ways != 1 && !IsBeside) return "give one of --file, --tcp and --pty, or --monitor, or --video";
+    if (!Options.Video.empty() && !Options.Logger.Rigs.empty()) return "nobody rows on a rig: --video has no rower";
     if (!Options.Replies.empty() && !Options.Logger.Rigs.empty())
         return "nobody rows on a rig: --monitor has no strokes";
     const bool Streams = Options.Port != 0 || !Options.Terminal.empty();
+    if (Streams && !Options.Video.empty()) return "--video goes with --file, or alone";
     return Streams && !Options.Replies.empty() ? "--monitor goes with --file, or alone" : "";
 }
 
 std::string SimUsage()
 {
-    return "skarvelin-sim --file OUT.qvn | --tcp PORT | --pty LINK | --monitor FILE SESSION [OPTION [VALUE]]...";
+    return "skarvelin-sim --file OUT.qvn | --tcp PORT | --pty LINK | --monitor FILE | --video FILE SESSION [OPTION "
+           "[VALUE]]...";
 }
 
 std::string SimHelp()

@@ -13,6 +13,8 @@ struct SimOptions
     std::string Recording; // raw sample file to write
     std::string Truth;     // table of the true strokes to write; empty: none
     std::string Replies;   // file of a performance monitor's replies to write; empty: none
+    std::string Video;     // video of the rower to write; empty: none
+    double VideoRate = 50; // pictures a second
     uint16_t Port = 0;     // TCP port to stream on; 0: none
     std::string Terminal;  // symbolic link of a pseudo-terminal to stream on; empty: none
     std::string Sent;      // file that takes what was sent; empty: none

@@ -163,8 +163,9 @@ TEST_CASE_FIXTURE(Clips, "a clip that breaks off plays up to its end")
             const int Frames = Clip->Info().Frames;
             CAPTURE(Frames);
             CHECK((Frames > 5 && Frames < Pictures));
-            // The very last may be a picture half of which is missing.
-            for (int N = Frames - 2; N >= 0; --N)
+            // One of the last ones, which are seen in another order than they stand in the file, lacks a part of
+            // itself.
+            for (int N = Frames - 4; N >= 0; --N)
                 CHECK(Shown(N) == N);
             CHECK(Clip->Frame(Frames - 1));
         }

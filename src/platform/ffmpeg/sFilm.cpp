@@ -9,6 +9,8 @@ extern "C" {
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <filesystem>
+#include <system_error>
 
 namespace {
 constexpr double BitsAPixel = 2; // of each picture: lines stay clear
@@ -31,6 +33,13 @@ AVPixelFormat FormatOf(const AVCodec& Codec)
 }
 } // namespace
 
+sFilm::~sFilm()
+{
+    Format.reset();
+    std::error_code Error;
+    if (!Temporary.empty()) std::filesystem::remove(Temporary, Error);
+}
+
 std::string sFilm::Begin(const std::string& Path, const FilmKind& Kind, int Width, int Height)
 {
     av_log_set_level(AV_LOG_QUIET);
@@ -41,8 +50,11 @@ std::string sFilm::Begin(const std::string& Path, const FilmKind& Kind, int Widt
     Format->flags |= AVFMT_FLAG_BITEXACT;
     FirstTick = Kind.FirstTick;
     if (std::string Why = AddStream(Kind, Width, Height); !Why.empty()) return Why;
-    if (const int Failure = avio_open(&Format->pb, ("file:" + Path).c_str(), AVIO_FLAG_WRITE); Failure < 0)
+    Target = Path;
+    const std::string Beside = Path + ".part";
+    if (const int Failure = avio_open(&Format->pb, ("file:" + Beside).c_str(), AVIO_FLAG_WRITE); Failure < 0)
         return FFmpegError(Failure);
+    Temporary = Beside;
     const int Failure = avformat_write_header(Format.get(), nullptr);
     return Failure < 0 ? FFmpegError(Failure) : "";
 }
@@ -88,6 +100,7 @@ std::string sFilm::OpenCoder(const AVCodec& Codec, const FilmKind& Kind, int Wid
     if (Format->oformat->flags & AVFMT_GLOBALHEADER) Coder->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
     Coder->thread_count = 1; // the same bytes on every machine
     Coder->strict_std_compliance = FF_COMPLIANCE_UNOFFICIAL;
+    av_opt_set(Coder->priv_data, "preset", "veryfast", 0); // of an encoder that has it
     const int Failure = avcodec_open2(Coder.get(), &Codec, nullptr);
     return Failure < 0 ? "the encoder " + std::string(Codec.name) + " refuses: " + FFmpegError(Failure) : "";
 }
@@ -135,6 +148,15 @@ std::string sFilm::End()
     std::string Why = Send(nullptr);
     if (Why.empty())
         if (const int Failure = av_write_trailer(Format.get()); Failure < 0) Why = FFmpegError(Failure);
+    if (Why.empty() && Format->pb) {
+        avio_flush(Format->pb);
+        if (Format->pb->error < 0) Why = FFmpegError(Format->pb->error);
+    }
     Format.reset();
-    return Why;
+    if (!Why.empty()) return Why;
+    std::error_code Error;
+    std::filesystem::rename(Temporary, Target, Error);
+    if (Error) return Error.message();
+    Temporary.clear();
+    return {};
 }

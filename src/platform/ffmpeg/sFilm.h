@@ -21,13 +21,18 @@ struct FilmKind
 class sFilm
 {
 public:
+    sFilm() = default;
+    ~sFilm();
+    sFilm(const sFilm&) = delete;
+    sFilm& operator=(const sFilm&) = delete;
+
     /// Begins a film of that size. Gives an empty text, or why it cannot be written. Width and Height must be even.
     std::string Begin(const std::string& Path, const FilmKind& Kind, int Width, int Height);
 
     /// Adds a picture, which is seen at Tick: pictures of the constant rate from the start of the film.
     std::string Add(const Picture& Shown, int64_t Tick);
 
-    /// Ends the film. The file is whole only then.
+    /// Ends the film, which takes the place of the file only now: without it no file is left.
     std::string End();
 
 private:
@@ -37,6 +42,8 @@ private:
     bool Convert(const Picture& Shown);
     std::string Send(AVFrame* Frame);
 
+    std::string Target;
+    std::string Temporary; // empty: there is none
     struct CloseOutput
     {
         void operator()(AVFormatContext* Context) const
