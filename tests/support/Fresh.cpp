@@ -6,6 +6,7 @@
 #include "core/mGlobData.h"
 #include "core/mIni.h"
 #include "core/mSettings.h"
+#include "core/mVideoFile.h"
 #include "files/mBinIO.h"
 #include "files/mQVN.h"
 #include "files/mRawLog.h"
@@ -43,7 +44,8 @@ Work KeepAll()
     Keep(All, gFile, gDots, gSegs, gVideoID, gVidCoords, gVidAngles, gAntro, gData, gRawStart, gRawStop, gTimeStep,
          gDeltaT, gSampleTime, gFrequency, gFrameMin, gFrameCnt, gMissed, gPlayIdx, gKeyChan, gKeyMode, gH1Chan,
          gStrokeCnt, gKeyQ0, gKeyQ1, gH1Q0, gH1Q1, gCurFile, gFileTitle, gCurDir, gSessID, gRawFN, gFromFile,
-         gFirstCycle, gRate, gCycleTime, gCycleSum, gRateAver, gPlayTime);
+         gFirstCycle, gRate, gCycleTime, gCycleSum, gRateAver, gPlayTime, gPlayStep, gPlayFrame, gVidMs, gVideoFN,
+         gVideoDir, gVideoStrokes, gCurSample);
     // The ini file.
     Keep(All, gAppDir, gSysID, gBaseFolder, gCOMdevice, gBackground, gModelsFN, gMainPlace, gCOMport, gLinkAddress,
          gLinkPort, gAutoCalCh, gAutoCalQ0, gAutoCalQ1, gCalibrSens, gIsCurves, gIsValue, gIsInd, gIsGrid, gIsScore,
