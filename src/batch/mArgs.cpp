@@ -2,6 +2,7 @@
 #include "batch/mArgs.h"
 
 #include "base/mNumText.h"
+#include "processing/mGlobFunc.h"
 
 #include <algorithm>
 #include <charconv>
@@ -27,7 +28,7 @@ std::string Objection(const Option& Item, const std::string& Value)
 {
     const std::string Got = std::string(Item.Name) + " is \"" + Value + "\", but ";
     if (Item.Kind == ArgKind::Whole && !IsWhole(Value)) return Got + "takes a whole number";
-    if (Item.Kind == ArgKind::Real && !IsReal(Value)) return Got + "takes a number";
+    if ((Item.Kind == ArgKind::Real || Item.Kind == ArgKind::Reals) && !IsReal(Value)) return Got + "takes a number";
     if (Item.Kind != ArgKind::Choice) return {};
     std::string Choices;
     for (std::string_view Rest = Item.Value;;) {
@@ -48,6 +49,11 @@ int32_t Args::Whole(const std::string& Name, int32_t Default) const
 double Args::Real(const std::string& Name, double Default) const
 {
     return Has(Name) ? Val(Options.at(Name)) : Default;
+}
+
+std::vector<double> Args::Reals(const std::string& Name) const
+{
+    return SplitNum(Text(Name, ""));
 }
 
 std::string Args::Text(const std::string& Name, const std::string& Default) const
@@ -83,7 +89,11 @@ std::string ParseArgs(const std::vector<std::string>& Words, const std::vector<O
         else
             return Name + " needs a value";
         if (const std::string Wrong = Objection(*Item, Value); !Wrong.empty()) return Wrong;
-        Result.Options[Name] = Value;
+        std::string& Kept = Result.Options[Name];
+        if (Item->Kind != ArgKind::Reals) Kept.clear();
+        Kept += (Kept.empty() ? "" : ",") + Value;
+        while (Item->Kind == ArgKind::Reals && i + 1 < Words.size() && IsReal(Words[i + 1]))
+            Kept += "," + Words[++i];
     }
     return {};
 }

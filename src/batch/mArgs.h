@@ -11,6 +11,7 @@ enum class ArgKind
     Flag,
     Whole,
     Real,
+    Reals, // one number or more
     Text,
     Choice // one of the values that the name of the value lists between bars
 };
@@ -34,6 +35,7 @@ struct Args
     /// Value of an option, or Default when it was not given.
     int32_t Whole(const std::string& Name, int32_t Default) const;
     double Real(const std::string& Name, double Default) const;
+    std::vector<double> Reals(const std::string& Name) const;
     std::string Text(const std::string& Name, const std::string& Default) const;
 };
 

@@ -72,6 +72,10 @@ bool DoDerive(const Args& Line);
 bool DoLive(const Args& Line);
 std::string LiveObjection(const Args& Line);
 
+// The play view.
+bool DoPlay(const Args& Line);
+std::string PlayObjection(const Args& Line);
+
 // Patterns and reports.
 bool DoPatterns(const Args& Line);
 bool DoReport(const Args& Line);

@@ -41,7 +41,7 @@ void DerivePlay(TabText& Table, int Sample)
     for (int Row = 1; Row <= gFile.View4.UBound(); ++Row)
         ForRow(gFile.View4[Row], Row, [&] {
             cData04play Plot;
-            Plot.InitViewID(Row, Sample);
+            Plot.InitViewID(Row, PlayTypical, Sample);
             for (std::size_t k = 0; k < Plot.Ys().size(); ++k) {
                 const double Point = static_cast<double>(k);
                 Table.Cell(Row).Cell(gFile.View4[Row].ID).Cell("P").Cell(Point);

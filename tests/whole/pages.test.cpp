@@ -187,7 +187,7 @@ TEST_CASE("derived variables of every operation and their axes are those of the 
                         });
             }
             NoteRow(Walking, What + " play", [&] {
-                Play.InitViewID(1, 1);
+                Play.InitViewID(1, PlayTypical, 1);
                 return std::vector<double>(Play.Ys().begin(), Play.Ys().end());
             });
             LiveOper Live;

@@ -65,7 +65,8 @@ constexpr MenuItem Items[] = {
 
     {"mnuPlay", "mnuPlayRawRower", "&Catch", nullptr, PlayRawRower, nullptr},
     {"mnuPlay", "mnuPlayRawCoach", "Simple", nullptr, PlayRawCoach, nullptr},
-    {"mnuPlay", "mnuPlayTypical", "Normalised", nullptr, nullptr, WithPlay},
+    {"mnuPlay", "mnuPlayPrim", "&Primary Data...", nullptr, PlayPrimaryFile, nullptr},
+    {"mnuPlay", "mnuPlayTypical", "Normalised", nullptr, PlayTypicalData, nullptr},
     {"mnuPlay", "mnuPlayNorm", "Typical Data + &Video", nullptr, nullptr, WithVideo},
     {"mnuPlay", "mnuPlayLoad", "&Load and Play...", nullptr, nullptr, WithPlay},
     {"mnuPlay", nullptr, nullptr, nullptr, nullptr, nullptr},
@@ -73,7 +74,7 @@ constexpr MenuItem Items[] = {
     {"mnuPlay", "mnuVidDigit", "&Digitise Video", nullptr, nullptr, WithVideo},
     {"mnuPlay", "mnuSetDots", "Setup Points", nullptr, nullptr, nullptr, "fDataGrid", "Dots"},
     {"mnuPlay", "mnuSetSegs", "SetUp Segments", nullptr, nullptr, nullptr, "fDataGrid", "Segs"},
-    {"mnuPlay", "mnuPlayAnim", "Animation", nullptr, nullptr, WithPlay},
+    {"mnuPlay", "mnuPlayAnim", "Animation", nullptr, PlayAnimation, nullptr},
     {"mnuPlay", "mnyPlayComp", "Complex Data...", nullptr, nullptr, NotUsed},
     {"mnuPlay", "mnuPlayMPEG", "MPEG video", nullptr, PlayMPEG, nullptr},
     {"mnuPlay", "mnuPlaySound", "Sound", nullptr, nullptr, NotUsed},

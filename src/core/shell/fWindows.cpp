@@ -30,6 +30,8 @@
 #include "video/f1Video.h"
 #include "video/f2Video.h"
 #include "views/data/fData02view.h"
+#include "views/play/fData04play.h"
+#include "views/play/mPlayLoad.h"
 #include "views/report/cData03report.h"
 #include "views/report/fData03report.h"
 #include "views/samples/fSamples.h"
@@ -74,8 +76,28 @@ QWidget* MakePanel(frmMain& Main, const WindowArgs&)
     return Made;
 }
 
+// Closes the window as its frame's button does. False when it stays; else its name is free at once.
+bool Close(QWidget& Window)
+{
+    QWidget* Frame = Window.isWindow() ? &Window : Window.parentWidget();
+    if (!Frame->close()) return false;
+    Window.setObjectName({});
+    return true;
+}
+
+// The data view and the play view of a recording show what gRaw holds: one of them closes when the other is opened.
+// False when it stays.
+bool CloseOther(const frmMain& Main, const char* Name)
+{
+    QWidget* const Other = FindOpen(Main, Name);
+    const auto* const Played = dynamic_cast<fData04play*>(Other);
+    if (!Other || (Played && !Played->PlaysSamples())) return true;
+    return Close(*Other);
+}
+
 QWidget* MakeDataView(frmMain& Main, const WindowArgs& Args)
 {
+    if (!CloseOther(Main, "fData04play")) return nullptr;
     auto View = std::make_unique<fData02view>();
     if (!View->InitData(Args.File, static_cast<int16_t>(Args.Mode))) return nullptr;
     View->OnPlot = [&Main](int Kind, int32_t First, int32_t Last) {
@@ -90,6 +112,15 @@ QWidget* MakeReport(frmMain& Main, const WindowArgs& Args)
     Report->OnChoose = [&Main] { OpenWindow(Main, "dSamples"); };
     Report->InitData(Args.Mode, Args.Sample, Args.First, Args.Last);
     return Report.release();
+}
+
+QWidget* MakePlayView(frmMain& Main, const WindowArgs& Args)
+{
+    PlayData Data{.Mode = static_cast<int16_t>(Args.Mode), .Sample = Args.Sample};
+    if (Data.Mode == PlayPrimary && !(CloseOther(Main, "fData02view") && LoadPrimary(Args.File, Data))) return nullptr;
+    auto View = std::make_unique<fData04play>();
+    if (!View->InitData(Data) && Data.Mode == PlayPrimary) return nullptr;
+    return View.release();
 }
 
 QWidget* MakeGrid(frmMain& Main, const WindowArgs& Args)
@@ -109,11 +140,15 @@ QWidget* MakeGrid(frmMain& Main, const WindowArgs& Args)
     return Grid;
 }
 
-QWidget* MakeSamples(frmMain& Main, const WindowArgs&)
+// For the report, or for the play view in the mode given.
+QWidget* MakeSamples(frmMain& Main, const WindowArgs& Args)
 {
     auto* Chooser = new dSamples(&Main);
-    Chooser->OnChosen = [&Main](int16_t Sample) {
-        OpenWindow(Main, "fData03report", {.Mode = ReportStored, .Sample = Sample});
+    Chooser->OnChosen = [&Main, Mode = Args.Mode](int16_t Sample) {
+        if (Mode == 0)
+            OpenWindow(Main, "fData03report", {.Mode = ReportStored, .Sample = Sample});
+        else
+            OpenWindow(Main, "fData04play", {.Mode = Mode, .Sample = Sample});
     };
     return Chooser;
 }
@@ -183,6 +218,7 @@ constexpr WindowKind Windows[] = {
     {"fPMI", "The performance monitor", Make<fPMI>, One, Kept, NeedsNothing, "fPMI", "", {860, 560}},
     {"fData02view", "The data view", MakeDataView, OneAnew, Kept, NeedsNothing, "fData02view"},
     {"fData03report", "The report", MakeReport, Many, Kept, NeedsNothing, fData03report::Section, "", {1400, 900}},
+    {"fData04play", "The play view", MakePlayView, OneAnew, Kept, NeedsNothing, fData04play::Section},
     {"fSwap", "Correct Vars", Make<fSwap>, One, Kept, NeedsNothing, "fSwap", "", {460, 340}},
     {"fTargets",
      "The targets",
@@ -225,15 +261,6 @@ bool MeetNeeds(const WindowKind& Row, const WindowArgs& Args)
         return false;
     }
     if ((Row.Needs & NeedsLink) && Args.OpensLink && OpenLink()) SendRun();
-    return true;
-}
-
-// Closes the window as its frame's button does. False when it stays; else its name is free at once.
-bool Close(QWidget& Window)
-{
-    QWidget* Frame = Window.isWindow() ? &Window : Window.parentWidget();
-    if (!Frame->close()) return false;
-    Window.setObjectName({});
     return true;
 }
 
