@@ -99,6 +99,7 @@ public:
     const std::string& VideoFN() const { return mVideoFN; }
     const std::string& VideoTitle() const { return mVideoTitle; }
     double Duration() const { return mDuration; }
+    double FrameTime() const { return Step; }        // s, of a picture
     int32_t Frames() const { return mFrames; }       // the highest frame number
     int32_t Pictures() const { return Info.Frames; } // that decode
     int Width() const { return Info.Width; }

@@ -113,6 +113,20 @@ void f1Video::ShowClip()
     lbClip->setText(Text);
 }
 
+void f1Video::GoCurTime()
+{
+    IsFollowing = true;
+    Video.GoCurTime();
+    IsFollowing = false;
+}
+
+// Another picture is seen. When this window moved the clock, the play view and other videos follow.
+void f1Video::Moved()
+{
+    ShowState();
+    if (!IsFollowing && Video.IsOpen()) FollowPlayClock(&Clock);
+}
+
 void f1Video::ShowState()
 {
     const bool IsOpen = Video.IsOpen();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/mDataWindow.h"
+#include "core/mPlayClock.h"
 #include "video/cVideo.h"
 #include "video/fVideoPicture.h"
 
@@ -34,7 +35,7 @@ public:
     bool JPGOpen(const std::string& Path);
 
     /// Shows the picture of gPlayFrame: another window moved the clock.
-    void GoCurTime() { Video.GoCurTime(); }
+    void GoCurTime();
 
     /// A button's work by its number, eVideoAction.
     void DoAction(int Code) override;
@@ -76,10 +77,13 @@ private:
     bool PressKey(const QKeyEvent& Event);
     void ChangeFile();
     void SetWinSize();
+    void Moved();
     void TakeIndex();
     void ShowClip();
 
     double mSize = 1; // display scale
+    cPlayFollower Clock;
+    bool IsFollowing = false; // another window moved the clock
     QTimer IndexLook;
     std::function<void(int)> OnDigit;
     QLineEdit* txtElapsed = nullptr;

@@ -50,7 +50,8 @@ std::unique_ptr<iMedia> MakeClip()
 }
 } // namespace
 
-f1Video::f1Video() : cDataWindow(ViewTag), Video(MakeClip()), picVideoWindow(new fVideoPicture(this))
+f1Video::f1Video()
+    : cDataWindow(ViewTag), Video(MakeClip()), picVideoWindow(new fVideoPicture(this)), Clock([this] { GoCurTime(); })
 {
     setObjectName("f1Video");
     setWindowTitle("Video");
@@ -66,7 +67,7 @@ f1Video::f1Video() : cDataWindow(ViewTag), Video(MakeClip()), picVideoWindow(new
     for (QWidget* Each : findChildren<QWidget*>())
         Each->installEventFilter(this);
     TakeMnemonics(*this);
-    Video.OnShow = [this] { ShowState(); };
+    Video.OnShow = [this] { Moved(); };
     connect(&IndexLook, &QTimer::timeout, this, [this] { TakeIndex(); });
     ShowState();
 }

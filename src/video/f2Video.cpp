@@ -1,6 +1,7 @@
 // Layout and keys of the MPEG player.
 #include "video/f2Video.h"
 
+#include "core/mGlobData.h"
 #include "platform/mHost.h"
 #include "platform/qt/qText.h"
 #include "widgets/qFlowLayout.h"
@@ -26,8 +27,8 @@ QLabel* AddLabel(QWidget& Window, const char* Name, const char* Widest)
 } // namespace
 
 f2Video::f2Video()
-    : Movie(gHost.MakeMedia ? gHost.MakeMedia() : nullptr), VideoBox(new fVideoPicture(this)),
-      cmdPrev(AddButton("cmdPrev", "Prev.", "A picture back: Left", &cMovie::Prev)),
+    : Movie(gHost.MakeMedia ? gHost.MakeMedia() : nullptr), Clock([this] { GoCurTime(); }),
+      VideoBox(new fVideoPicture(this)), cmdPrev(AddButton("cmdPrev", "Prev.", "A picture back: Left", &cMovie::Prev)),
       cmdPause(AddButton("cmdPause", "Pause", "Space", &cMovie::Pause)),
       cmdPlay(AddButton("cmdPlay", "Play", "Space", &cMovie::Play)),
       cmdNext(AddButton("cmdNext", "Next", "A picture on: Right", &cMovie::Next)),
@@ -68,6 +69,14 @@ bool f2Video::VideoFileOpen(const std::string& Path)
     const bool IsOpened = Movie.VideoFileOpen(Path);
     setWindowTitle(Shown(IsOpened ? Movie.VideoFN() : "MPEG video"));
     return IsOpened;
+}
+
+// Its first picture is number 1: a clock at 0 would wrap to the end.
+void f2Video::GoCurTime()
+{
+    if (Movie.FrameCnt() < 1) return;
+    if (gPlayFrame == 0) gPlayFrame = 1;
+    Movie.GoCurTime();
 }
 
 void f2Video::ShowState()

@@ -1,6 +1,7 @@
 // The MPEG player: a clip with four buttons and what the last command gave, driven by the play view.
 #pragma once
 
+#include "core/mPlayClock.h"
 #include "video/cMovie.h"
 #include "video/fVideoPicture.h"
 
@@ -20,7 +21,7 @@ public:
     bool VideoFileOpen(const std::string& Path);
 
     /// Shows the picture of gPlayFrame.
-    void GoCurTime() { Movie.GoCurTime(); }
+    void GoCurTime();
 
     cMovie Movie;
 
@@ -34,6 +35,8 @@ private:
     QPushButton* AddButton(const char* Name, const char* Caption, const char* Tip, void (cMovie::*Work)());
     bool PressKey(int Key);
     void ShowState();
+
+    cPlayFollower Clock;
 
     fVideoPicture* VideoBox;
     QPushButton* cmdPrev;

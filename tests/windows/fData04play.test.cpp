@@ -2,7 +2,6 @@
 #include "views/play/fData04play.h"
 #include "ShellState.h"
 #include "core/mPlayClock.h"
-#include "core/mVideoFile.h"
 #include "platform/qt/qSurface.h"
 
 #include <QCheckBox>
@@ -137,8 +136,9 @@ TEST_CASE_FIXTURE(PlayState, "windows that follow the clock move with the play v
 
 TEST_CASE_FIXTURE(PlayState, "the correction is typed, stepped, found by two clicks, and kept with the sample")
 {
-    gVideoFN = "clips/start.mp4";
     auto& Window = Open("mnuPlayTypical");
+    const PlayData WithVideo{.Mode = PlayTypical, .Sample = 1, .VideoFN = "clips/start.mp4"};
+    REQUIRE(Window.InitData(WithVideo));
     auto& Plot = Find<QWidget>("picPlay");
     Click("cmdCorr_1");
     Click("cmdCorr_1");
@@ -157,10 +157,9 @@ TEST_CASE_FIXTURE(PlayState, "the correction is typed, stepped, found by two cli
     const double Found = Text("txtCorr").toDouble();
     CHECK(std::abs(Found - 0.6) < 0.2); // a part of a second behind the middle, and what was typed
     CHECK(gVideoID.UBound() == 1);
-    Window.close();
-    QTest::qWait(10);
-    Choose("mnuPlayTypical");
-    QTest::keyClick(&Find<QListWidget>("lstTests"), Qt::Key_Return);
+    REQUIRE(Window.InitData({.Mode = PlayTypical, .Sample = 1}));
+    CHECK(Text("txtCorr") == "0.00");
+    REQUIRE(Window.InitData(WithVideo));
     CHECK(Text("txtCorr").toDouble() == doctest::Approx(Found));
     CHECK(ReadWhole(gCurFile).value_or("").find("Race 1\tstart\t") != std::string::npos);
 }

@@ -20,7 +20,6 @@
 #include "video/f1Control.h"
 #include "video/f1Video.h"
 #include "views/data/mViewLoad.h"
-#include "views/play/cData04play.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -55,16 +54,6 @@ void Play(frmMain& Main, const std::string& Path)
     if (std::none_of(Windows.begin(), Windows.end(), [](const cDataWindow* Open) { return Open->Tag == DataTag; }))
         ShowIndicators(Main, {.OpensLink = false});
     TellPlaying(Path);
-}
-
-// Plays a stored sample that the user chooses.
-void AskAndPlay(frmMain& Main, int16_t Mode, const char* Title)
-{
-    if (gFile.Desc.UBound() < 1)
-        return MsgBox("The session has no stored sample to play. Process a recording in the data view first.",
-                      TitleInformation);
-    UpdateStatus(Title);
-    OpenWindow(Main, "dSamples", {.Mode = Mode});
 }
 
 fDoReZero& ShowReZero(frmMain& Main, bool CalibratorMode)
@@ -246,22 +235,6 @@ void PlayMPEG(frmMain& Main)
 {
     const std::string Path = ExecComDlg("Video File to Open", "mp4", eFileMode::In, gVideoDir);
     if (!Path.empty()) OpenWindow(Main, "f2Video", {.File = Path});
-}
-
-void PlayTypicalData(frmMain& Main)
-{
-    AskAndPlay(Main, PlayTypical, "Playing Typical Data");
-}
-
-void PlayAnimation(frmMain& Main)
-{
-    AskAndPlay(Main, PlayComplex, "Data Animation");
-}
-
-void PlayPrimaryFile(frmMain& Main)
-{
-    const std::string Path = ExecComDlg("Primary File to Play", "qvn", eFileMode::In, gCurDir);
-    if (!Path.empty()) OpenWindow(Main, "fData04play", {.File = Path, .Mode = PlayPrimary});
 }
 
 void ToggleLog(frmMain&)

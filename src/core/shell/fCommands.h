@@ -37,8 +37,5 @@ void PlayRawRower(frmMain& Main);
 void PlayRawCoach(frmMain& Main);
 void PlayVideo(frmMain& Main);
 void PlayMPEG(frmMain& Main);
-void PlayTypicalData(frmMain& Main);
-void PlayAnimation(frmMain& Main);
-void PlayPrimaryFile(frmMain& Main);
 void ToggleLog(frmMain& Main);
 void ShowHelp(frmMain& Main);

@@ -3,11 +3,11 @@
 
 #include "core/mDataWindow.h"
 #include "core/shell/fCommands.h"
+#include "core/shell/fPlayCommands.h"
 #include "core/shell/frmMain.h"
 
 namespace {
 // Why an entry is there and cannot be chosen.
-constexpr const char* WithPlay = "Comes with the play view";
 constexpr const char* WithVideo = "Comes with the video windows";
 constexpr const char* NotUsed = "Not in use";
 
@@ -67,8 +67,8 @@ constexpr MenuItem Items[] = {
     {"mnuPlay", "mnuPlayRawCoach", "Simple", nullptr, PlayRawCoach, nullptr},
     {"mnuPlay", "mnuPlayPrim", "&Primary Data...", nullptr, PlayPrimaryFile, nullptr},
     {"mnuPlay", "mnuPlayTypical", "Normalised", nullptr, PlayTypicalData, nullptr},
-    {"mnuPlay", "mnuPlayNorm", "Typical Data + &Video", nullptr, nullptr, WithVideo},
-    {"mnuPlay", "mnuPlayLoad", "&Load and Play...", nullptr, nullptr, WithPlay},
+    {"mnuPlay", "mnuPlayNorm", "Typical Data + &Video", nullptr, PlayNorm, nullptr},
+    {"mnuPlay", "mnuPlayLoad", "&Load and Play...", nullptr, PlayLoad, nullptr},
     {"mnuPlay", nullptr, nullptr, nullptr, nullptr, nullptr},
     {"mnuPlay", "mnuVidPlay", "&Video", nullptr, PlayVideo, nullptr},
     {"mnuPlay", "mnuVidDigit", "&Digitise Video", nullptr, nullptr, WithVideo},

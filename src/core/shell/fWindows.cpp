@@ -9,8 +9,10 @@
 #include "calibration/fDoReZero.h"
 #include "calibration/fTrackChans.h"
 #include "core/mGlobData.h"
+#include "core/mVideoFile.h"
 #include "core/shell/fCommands.h"
 #include "core/shell/fFolders.h"
+#include "core/shell/fPlayCommands.h"
 #include "core/shell/frmMain.h"
 #include "ergometer/fPMI.h"
 #include "files/mRawLog.h"
@@ -114,12 +116,15 @@ QWidget* MakeReport(frmMain& Main, const WindowArgs& Args)
     return Report.release();
 }
 
+// A video that is open is played with it.
 QWidget* MakePlayView(frmMain& Main, const WindowArgs& Args)
 {
     PlayData Data{.Mode = static_cast<int16_t>(Args.Mode), .Sample = Args.Sample};
     if (Data.Mode == PlayPrimary && !(CloseOther(Main, "fData02view") && LoadPrimary(Args.File, Data))) return nullptr;
+    TakeVideo(Main, Data);
     auto View = std::make_unique<fData04play>();
     if (!View->InitData(Data) && Data.Mode == PlayPrimary) return nullptr;
+    gCurSample = Data.Sample;
     return View.release();
 }
 
@@ -144,13 +149,25 @@ QWidget* MakeGrid(frmMain& Main, const WindowArgs& Args)
 QWidget* MakeSamples(frmMain& Main, const WindowArgs& Args)
 {
     auto* Chooser = new dSamples(&Main);
-    Chooser->OnChosen = [&Main, Mode = Args.Mode](int16_t Sample) {
-        if (Mode == 0)
+    Chooser->OnChosen = [&Main, Args](int16_t Sample) {
+        if (Args.Mode == 0)
             OpenWindow(Main, "fData03report", {.Mode = ReportStored, .Sample = Sample});
         else
-            OpenWindow(Main, "fData04play", {.Mode = Mode, .Sample = Sample});
+            PlaySample(Main, Args, Sample);
     };
     return Chooser;
+}
+
+// The play view goes along, and closes with the videos.
+QWidget* MakeControl(frmMain& Main, const WindowArgs&)
+{
+    auto* Panel = new f1Control;
+    Panel->Control.PlayView = [&Main]() -> Played {
+        auto* const View = dynamic_cast<fData04play*>(FindOpen(Main, "fData04play"));
+        if (!View) return {};
+        return {View, [View] { View->GoCurTime(); }, [View] { View->Unload(); }};
+    };
+    return Panel;
 }
 
 QWidget* MakeSession(frmMain& Main, const WindowArgs& Args)
@@ -230,15 +247,7 @@ constexpr WindowKind Windows[] = {
      fTargets::Prefix,
      {900, 420}},
     {"f1Video", "The video", MakeVideo<f1Video>, Many, Kept, NeedsNothing, f1Video::Section, "", {900, 720}},
-    {"f1Control",
-     "The animation control",
-     Make<f1Control>,
-     One,
-     Kept,
-     NeedsNothing,
-     f1Control::Section,
-     "",
-     {520, 160}},
+    {"f1Control", "The animation control", MakeControl, One, Kept, NeedsNothing, f1Control::Section, "", {520, 160}},
     {"f2Video", "The MPEG player", MakeVideo<f2Video>, OneAnew, Kept, NeedsNothing, f2Video::Section, "", {720, 560}},
     {"fSession", "The session dialog", MakeSession, One, Dialog, NeedsNothing},
     {"fAthleteInp", "The athlete dialog", MakeAthlete, One, Dialog, NeedsNothing},

@@ -179,13 +179,13 @@ void frmMain::Tile(Qt::Orientation Direction)
     Area->Tile(Direction);
 }
 
-void frmMain::PlaceBeside(const std::vector<QWidget*>& Windows)
+void frmMain::PlaceBeside(const std::vector<QWidget*>& Windows, Qt::Orientation Direction)
 {
     QList<QMdiSubWindow*> Frames;
     for (QWidget* Window : Windows)
         for (QMdiSubWindow* Frame : Area->subWindowList())
             if (Frame->widget() == Window) Frames.push_back(Frame);
-    Area->Tile(Qt::Vertical, Frames);
+    Area->Tile(Direction, Frames);
     for (auto Window = Windows.rbegin(); Window != Windows.rend(); ++Window)
         Activate(**Window);
 }

@@ -49,7 +49,8 @@ public:
     void Tile(Qt::Orientation Direction);
 
     /// Puts these windows of the area side by side in front of the others, the first one on the left.
-    void PlaceBeside(const std::vector<QWidget*>& Windows);
+    /// With Horizontal one below the other.
+    void PlaceBeside(const std::vector<QWidget*>& Windows, Qt::Orientation Direction = Qt::Vertical);
 
     /// Shows toolbar and status bar as their menu entries are checked.
     void ShowBars();

@@ -94,7 +94,7 @@ void cPlay::InitClock()
 {
     const double Stroke = SafeDiv(60, gFile.Desc[Played.Sample].Rate);
     const bool HasVideo = Played.FrameTime > 0;
-    CycleTime = HasVideo && Played.Duration > 0 ? SafeDiv(Played.Duration, Played.Strokes) : Stroke;
+    CycleTime = HasVideo && Played.Duration > 0 && Played.Strokes > 0 ? Played.Duration / Played.Strokes : Stroke;
     gPlayStep = HasVideo ? Played.FrameTime : IsPrimary() ? SampleStep : CycleTime / StepsOfCycle;
     if (Played.Mode != PlayComplex) return;
     if (!HasVideo || Played.Frames < 1) Played.Frames = StepsOfCycle;

@@ -15,8 +15,9 @@ struct PlayData
     int16_t Mode = PlayTypical;
     int16_t Sample = 0;     // row of gFile.Desc; with PlayPrimary the one that the file belongs to, or 0
     std::string FileName{}; // of PlayPrimary, without folder
-    double Duration = 0;    // s, of the video beside it; 0 without one
-    int Strokes = 1;        // in the video
+    std::string VideoFN{};  // path of the video beside it, empty without one
+    double Duration = 0;    // s, of the video; 0 without one
+    int Strokes = 0;        // in the video, 0 when they are not known
     int Frames = 0;         // pictures of the video
     double FrameTime = 0;   // s, of a picture of the video; 0 without one
 };

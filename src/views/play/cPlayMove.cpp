@@ -65,7 +65,7 @@ void cPlay::CalcNorm(double Frac)
 double cPlay::Length() const
 {
     if (IsPrimary()) return LastTime;
-    return Played.Mode == PlayComplex ? CycleTime : CycleTime * std::max(Played.Strokes, 1);
+    return Played.Mode == PlayTypical && Played.Duration > 0 ? Played.Duration : CycleTime;
 }
 
 bool cPlay::StepBy(int Steps)

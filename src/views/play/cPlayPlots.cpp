@@ -141,16 +141,21 @@ struct ValueLabel
     int32_t Ink = 0;
 };
 
-// Beside the points in the middle, each on a line of its own: the lines that would meet are moved apart.
-void DrawValues(iSurface& Surface, const Plot& Each)
+// The values of a plot's curves from the highest to the lowest.
+std::vector<ValueLabel> ValueLabels(const Plot& Each)
 {
-    const PlotRect& Frame = Each.Frame();
     std::vector<ValueLabel> Labels;
     for (const PlayRow* Row : Each.Rows)
         if (const auto Value = Row->Plot.Current())
-            Labels.push_back({std::clamp(Row->Plot.PlaceY(*Value), Frame.Top, Frame.Bottom),
+            Labels.push_back({std::clamp(Row->Plot.PlaceY(*Value), Each.Frame().Top, Each.Frame().Bottom),
                               Row->Plot.Row().ID + "  " + ValueText(Row->Plot, *Value), InkOf(*Row)});
     std::stable_sort(Labels.begin(), Labels.end(), [](const auto& A, const auto& B) { return A.Y < B.Y; });
+    return Labels;
+}
+
+// Lines that would meet are moved apart, within the plot.
+void MoveApart(std::span<ValueLabel> Labels, const PlotRect& Frame)
+{
     double Free = Frame.Top;
     for (ValueLabel& Label : Labels) {
         Label.Y = std::max(Label.Y - LineHeight / 2, Free);
@@ -159,16 +164,36 @@ void DrawValues(iSurface& Surface, const Plot& Each)
     double Low = Frame.Bottom - 1;
     for (auto Label = Labels.rbegin(); Label != Labels.rend(); ++Label)
         Low = Label->Y = std::min(Label->Y, Low - LineHeight);
-    const double Left = Each.First().Middle() + 8;
-    for (const ValueLabel& Label : Labels) {
-        Surface.SetPen(White);
-        Surface.SetFill(White);
-        Surface.Box(Left - 2, Label.Y, Left + Surface.TextWidth(Label.Text, Letters, true) + 3,
-                    Label.Y + LineHeight - 1);
-        Surface.SetFill(NoFill);
-        Surface.SetFont(Letters, true);
-        Surface.SetPen(Label.Ink);
-        Surface.Text(Left, Label.Y, Label.Text);
+}
+
+void DrawValue(iSurface& Surface, const ValueLabel& Label, double Left, double Width)
+{
+    Surface.SetPen(White);
+    Surface.SetFill(White);
+    Surface.Box(Left - 2, Label.Y, Left + Width, Label.Y + LineHeight - 1);
+    Surface.SetFill(NoFill);
+    Surface.SetFont(Letters, true);
+    Surface.SetPen(Label.Ink);
+    Surface.Text(Left, Label.Y, Label.Text);
+}
+
+// Beside the points in the middle, each on a line of its own, in as many columns as the plot's height asks for.
+void DrawValues(iSurface& Surface, const Plot& Each)
+{
+    const PlotRect& Frame = Each.Frame();
+    std::vector<ValueLabel> Labels = ValueLabels(Each);
+    const auto Fit = static_cast<std::size_t>(RoundWithin(std::floor((Frame.Height() - 1) / LineHeight), 1, 1000));
+    double Left = Each.First().Middle() + 8;
+    for (std::size_t First = 0; First < Labels.size(); First += Fit) {
+        const auto Column = std::span(Labels).subspan(First, std::min(Fit, Labels.size() - First));
+        MoveApart(Column, Frame);
+        double Width = 0;
+        for (const ValueLabel& Label : Column)
+            Width = std::max(Width, Surface.TextWidth(Label.Text, Letters, true) + 6);
+        if (Left + Width > Frame.Right) return;
+        for (const ValueLabel& Label : Column)
+            DrawValue(Surface, Label, Left, Width);
+        Left += Width;
     }
 }
 

@@ -2,7 +2,6 @@
 #include "views/play/fData04play.h"
 
 #include "base/mNumText.h"
-#include "core/mVideoFile.h"
 #include "platform/mHost.h"
 #include "platform/qt/qSurface.h"
 #include "platform/qt/qText.h"
@@ -34,7 +33,7 @@ bool fData04play::InitData(const PlayData& Data)
     setWindowTitle(Shown(Play.Caption()));
     for (QWidget* Each : std::initializer_list<QWidget*>{txtCorr, cmdCorr[0], cmdCorr[1], cmdMatch})
         Each->setEnabled(Success && Play.HasCorrection());
-    if (Success && Play.HasCorrection()) Play.SetCorrection(KeptOffset(Data.Sample, gVideoFN));
+    if (Success && Play.HasCorrection()) Play.SetCorrection(KeptOffset(Data.Sample, Data.VideoFN));
     txtCorr->setText(Shown(FormatNum(Play.Correction(), "0.00")));
     ShowNotes();
     DrawAll();
@@ -93,10 +92,12 @@ void fData04play::GoCurTime()
     ShowState();
 }
 
-// This window moved the clock.
+// This window moved the clock. A video that has other ends may have moved it on.
 void fData04play::Moved()
 {
+    const int32_t Frame = gPlayFrame;
     FollowPlayClock(&Clock);
+    if (gPlayFrame != Frame) return GoCurTime();
     ShowState();
 }
 
@@ -167,7 +168,7 @@ void fData04play::KeepCorrection()
 {
     if (!IsCorrected) return;
     IsCorrected = false;
-    KeepOffset(Play.Data().Sample, gVideoFN, Play);
+    KeepOffset(Play);
 }
 
 bool fData04play::PressKey(int Key)

@@ -33,6 +33,9 @@ public:
     /// Whether the samples that gRaw holds are played.
     bool PlaysSamples() const { return Play.Data().Mode == PlayPrimary; }
 
+    /// Shows the moment of the play clock: another window moved it.
+    void GoCurTime();
+
     /// A button's work, ePlayCode.
     void DoAction(int Code) override;
 
@@ -56,7 +59,6 @@ private:
     QPushButton* AddButton(const QString& Name, const char* Caption, const char* Tip);
     QLineEdit* AddBox(const char* Name, const char* Widest);
 
-    void GoCurTime();
     void Renew();
     void ShowNotes();
     void ShowState();

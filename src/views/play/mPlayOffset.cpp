@@ -24,8 +24,10 @@ double KeptOffset(int Sample, const std::string& VideoFN)
     return Row ? static_cast<double>(Row->Spare2) : 0;
 }
 
-bool KeepOffset(int Sample, const std::string& VideoFN, const cPlay& Play)
+bool KeepOffset(const cPlay& Play)
 {
+    const int Sample = Play.Data().Sample;
+    const std::string& VideoFN = Play.Data().VideoFN;
     if (Sample < 1 || VideoFN.empty()) return true;
     VideoIDRow* Row = FindVideo(Sample, VideoFN);
     if (!Row) {
