@@ -62,7 +62,7 @@ TEST_CASE_FIXTURE(ShellState, "every menu entry is there, and what cannot be cho
         CHECK((!Item.Window || FindWindow(Item.Window)));
         CHECK((Entry.isEnabled() || Entry.toolTip().size() > 5));
     }
-    CHECK(Entries == 58);
+    CHECK(Entries == 59);
 }
 
 TEST_CASE_FIXTURE(ShellState,

@@ -184,16 +184,18 @@ void DrawValues(iSurface& Surface, const Plot& Each)
     std::vector<ValueLabel> Labels = ValueLabels(Each);
     const auto Fit = static_cast<std::size_t>(RoundWithin(std::floor((Frame.Height() - 1) / LineHeight), 1, 1000));
     double Left = Each.First().Middle() + 8;
+    double LeftSide = Left - 16; // of columns that have no room on the right
     for (std::size_t First = 0; First < Labels.size(); First += Fit) {
         const auto Column = std::span(Labels).subspan(First, std::min(Fit, Labels.size() - First));
         MoveApart(Column, Frame);
         double Width = 0;
         for (const ValueLabel& Label : Column)
             Width = std::max(Width, Surface.TextWidth(Label.Text, Letters, true) + 6);
-        if (Left + Width > Frame.Right) return;
+        const bool IsRight = Left + Width <= Frame.Right;
+        if (!IsRight) LeftSide -= Width;
         for (const ValueLabel& Label : Column)
-            DrawValue(Surface, Label, Left, Width);
-        Left += Width;
+            DrawValue(Surface, Label, IsRight ? Left : LeftSide, Width);
+        if (IsRight) Left += Width;
     }
 }
 

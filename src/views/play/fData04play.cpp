@@ -103,28 +103,16 @@ void fData04play::Moved()
 
 void fData04play::DoAction(int Code)
 {
-    switch (Code) {
-    case PlayToStart:
+    if (Code == PlayRun || Code == PlayPause) return Run(Code == PlayRun);
+    if (Code == PlayClose) return Unload();
+    if (Code == PlayToStart)
         Play.ToStart();
-        break;
-    case PlayPrevious:
-        Play.StepBy(-1);
-        break;
-    case PlayRun:
-        return Run(true);
-    case PlayPause:
-        return Run(false);
-    case PlayNext:
-        Play.StepBy(1);
-        break;
-    case PlayToEnd:
+    else if (Code == PlayToEnd)
         Play.ToEnd();
-        break;
-    case PlayClose:
-        return Unload();
-    default:
+    else if (Code == PlayPrevious || Code == PlayNext)
+        Play.StepBy(Code == PlayNext ? 1 : -1);
+    else
         return;
-    }
     Moved();
 }
 

@@ -54,8 +54,7 @@ protected:
 private:
     QLayout* BuildClock();
     QLayout* BuildOptions();
-    QWidget* BuildCorrection();
-    QWidget* Group(const char* Caption, const std::vector<QWidget*>& Controls);
+    void BuildCorrection();
     QPushButton* AddButton(const QString& Name, const char* Caption, const char* Tip);
     QLineEdit* AddBox(const char* Name, const char* Widest);
 

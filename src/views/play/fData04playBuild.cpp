@@ -16,6 +16,18 @@
 namespace {
 constexpr int SliderMax = 10000;
 constexpr double CorrStep = 0.01; // s, of a click on cmdCorr
+// A control behind its caption, which stays with it when a line is full.
+QWidget* Captioned(const char* Caption, QWidget* Control)
+{
+    auto* Box = new QWidget;
+    auto* Row = new QHBoxLayout(Box);
+    Row->setContentsMargins(8, 0, 0, 0);
+    auto* Label = new QLabel(Caption, Box);
+    Label->setBuddy(Control);
+    Row->addWidget(Label);
+    Row->addWidget(Control);
+    return Box;
+}
 } // namespace
 
 fData04play::fData04play()
@@ -120,44 +132,30 @@ QLayout* fData04play::BuildOptions()
     txtSpeed->setDecimals(1);
     txtSpeed->setValue(1);
     txtSpeed->setToolTip("1 is as it was rowed");
-    Flow->addWidget(Group("", {chShowVals}));
-    Flow->addWidget(Group("S&peed", {txtSpeed}));
-    Flow->addWidget(BuildCorrection());
+    BuildCorrection();
+    Flow->addWidget(chShowVals);
+    Flow->addWidget(Captioned("S&peed", txtSpeed));
+    Flow->addWidget(Captioned("C&orrection (s)", txtCorr));
+    for (QWidget* Each : {cmdCorr[0], cmdCorr[1], cmdMatch})
+        Flow->addWidget(Each);
     return Flow;
 }
 
-// Controls that stay together when the line is full, behind a label for the first of them.
-QWidget* fData04play::Group(const char* Caption, const std::vector<QWidget*>& Controls)
-{
-    auto* Box = new QWidget(this);
-    auto* Row = new QHBoxLayout(Box);
-    Row->setContentsMargins(0, 0, 8, 0);
-    if (*Caption) {
-        auto* Label = new QLabel(Caption, Box);
-        Label->setBuddy(Controls[0]);
-        Row->addWidget(Label);
-    }
-    for (QWidget* Each : Controls)
-        Row->addWidget(Each);
-    return Box;
-}
-
-QWidget* fData04play::BuildCorrection()
+void fData04play::BuildCorrection()
 {
     txtCorr = AddBox("txtCorr", "-0000.00");
     txtCorr->setToolTip("How far the data are ahead of the video's clock");
     TakeDecimalComma(*txtCorr);
     connect(txtCorr, &QLineEdit::textEdited, this, [this](const QString& Text) { Correct(Text.toDouble()); });
     for (std::size_t i = 0; i < cmdCorr.size(); ++i) {
+        const double Change = i == 0 ? -CorrStep : CorrStep;
         cmdCorr[i] =
             AddButton(QString("cmdCorr_%1").arg(i), i == 0 ? "- 0.01" : "+ 0.01", "Moves the data against the video");
-        connect(cmdCorr[i], &QPushButton::clicked, this,
-                [this, i] { Correct(Play.Correction() + (i == 0 ? -CorrStep : CorrStep)); });
+        connect(cmdCorr[i], &QPushButton::clicked, this, [this, Change] { Correct(Play.Correction() + Change); });
     }
     cmdMatch = AddButton("cmdMatch", "&Match Video",
                          "Finds the correction: press it when the video shows a catch, then click on the catch in a "
                          "curve");
     cmdMatch->setCheckable(true);
     connect(cmdMatch, &QPushButton::clicked, this, [this] { Match(); });
-    return Group("C&orrection (s)", {txtCorr, cmdCorr[0], cmdCorr[1], cmdMatch});
 }
