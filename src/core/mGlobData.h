@@ -7,7 +7,9 @@
 #include "core/mModes.h"
 
 #include <array>
+#include <cmath>
 #include <cstdint>
+#include <limits>
 #include <span>
 #include <string>
 #include <vector>
@@ -263,17 +265,21 @@ struct VideoIDRow
     float Spare3 = 0;
 };
 
-/// A place on a video frame.
+/// A place on a video frame in pixels of the picture, y downward. Not a number: there is none.
 struct VideoPoint
 {
-    double X = 0;
-    double Y = 0;
+    double X = std::numeric_limits<double>::quiet_NaN();
+    double Y = std::numeric_limits<double>::quiet_NaN();
+
+    bool IsPlaced() const { return std::isfinite(X) && std::isfinite(Y); }
 };
 
-/// The places or angles of one digitised point, a value a frame.
+/// The places of one digitised point, or its angles (degrees) as X; a value a frame. VideoFN is empty in rows of old
+/// files: there a sample has one video.
 struct VidCoordsRow
 {
     std::string SampleID;
+    std::string VideoFN;
     std::string PointID;
     int32_t Count = 0; // frames in the row
     int32_t High = 0;  // highest frame with data

@@ -23,9 +23,7 @@ LoadedSession BeginLoading(const DataFile& File, std::string SessID, std::string
     New.Dots = gDots;
     New.Segs = gSegs;
     New.VideoID = gVideoID;
-    New.Coords = gVidCoords;
-    New.Angles = gVidAngles;
-    return New;
+    return New; // without points: a session that names none has none, whatever was open before
 }
 
 void Publish(LoadedSession&& Read, DataFile& File)

@@ -7,6 +7,7 @@
 #include "core/mModes.h"
 #include "core/mNotice.h"
 #include "core/mSettings.h"
+#include "files/mPoints.h"
 #include "files/mTextIO.h"
 #include "platform/mHost.h"
 
@@ -16,6 +17,7 @@ bool Load(const std::string& Path)
     std::string Kept;
     if (!ReadDataFile(Path, gFile, SectionFilter::Any, &Kept)) return false;
     if (!Kept.empty()) UpdateStatus("Kept from the session before: " + Kept);
+    ReadPoints(Path);
     ResolveChannels();
     return true;
 }

@@ -60,7 +60,7 @@ bool WriteNew(const std::string& Path, const DataFile& New, const std::string& R
         return FileFailed("Can't make the folder: ", Folder.string(), TitleWarning,
                           SystemReason(Folders.Error.value()));
     Folders.Stays = CarryRefTables(New, RefFolder, Folder.string()) && BackupFile(Path) &&
-                    WriteDataFile(Path, New, SectionFilter::Non);
+                    WriteWithPoints(Path, New, SectionFilter::Non);
     return Folders.Stays;
 }
 } // namespace

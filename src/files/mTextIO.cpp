@@ -8,6 +8,7 @@
 #include "core/mModes.h"
 #include "core/mNotice.h"
 #include "core/mSettings.h"
+#include "files/mPoints.h"
 #include "files/mTextMain.h"
 #include "files/mTextSamples.h"
 #include "files/mTextVideo.h"
@@ -232,6 +233,11 @@ bool Parse(std::string Bytes, LoadedSession Read, DataFile& File, SectionFilter 
     Publish(std::move(Read), File);
     return true;
 }
+
+void AppendSession(WholeFile& New, const DataFile& File, SectionFilter Filter)
+{
+    New.Append(EncodeText(DataFileText(File, Filter), File.Encoding, TextPage()));
+}
 } // namespace
 
 void ReadCrewRows(LineReader& Lines, RowArray<CrewRow>& Rows)
@@ -297,11 +303,21 @@ std::string DataFileText(const DataFile& File, SectionFilter Filter)
 
 bool WriteDataFile(const std::string& Path, const DataFile& File, SectionFilter Filter)
 {
-    WholeFile New(Path);
-    New.Append(EncodeText(DataFileText(File, Filter), File.Encoding, TextPage()));
-    if (!New.Commit()) return FileFailed(CantWrite, Path, TitleWarning, New.Failure());
-    if (&File == &gFile && Path == gCurFile && Filter == SectionFilter::Any) Notify(eNotice::SessionSaved);
+    if (!IsOpenFile(File)) {
+        WholeFile New(Path);
+        AppendSession(New, File, Filter);
+        return New.Commit() || FileFailed(CantWrite, Path, TitleWarning, New.Failure());
+    }
+    if (!WriteWithPoints(Path, File, Filter)) return false;
+    if (Path == gCurFile && Filter == SectionFilter::Any) Notify(eNotice::SessionSaved);
     return true;
+}
+
+bool WriteWithPoints(const std::string& Path, const DataFile& File, SectionFilter Filter)
+{
+    WholeFile New(Path);
+    AppendSession(New, File, Filter);
+    return CommitWithPoints(Path, New);
 }
 
 bool BackupFile(const std::string& Path)

@@ -46,6 +46,10 @@ std::string DataFileText(const DataFile& File, SectionFilter Filter);
 /// Writes the whole file. False when that fails (reported to the user): the file at Path is as it was.
 bool WriteDataFile(const std::string& Path, const DataFile& File, SectionFilter Filter);
 
+/// Writes the whole file together with the points digitised on its videos, in their own file beside it. WriteDataFile
+/// does so with gFile; this is for a session that is about to become gFile.
+bool WriteWithPoints(const std::string& Path, const DataFile& File, SectionFilter Filter);
+
 /// Copies Path to the file of the same name with the extension ".bak"; a path without folder is in the program's
 /// folder. A file that does not exist needs no copy. False when it cannot be copied (reported to the user).
 bool BackupFile(const std::string& Path);

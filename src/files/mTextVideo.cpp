@@ -21,6 +21,14 @@ void FillPoints(VidCoordsRow& Row, const std::vector<std::string_view>& Fields)
     for (std::size_t i = HeadSize; i < Fields.size(); ++i)
         Row.Values[i - HeadSize].*Axis = Val(Fields[i]);
 }
+
+// Frames without the point hold zeros.
+void DropZeros(RowArray<VidCoordsRow>& Rows)
+{
+    for (VidCoordsRow& Row : Rows)
+        for (VideoPoint& Each : Row.Values)
+            if (Each.X == 0 && Each.Y == 0) Each = {};
+}
 } // namespace
 
 void ReadVideoPoints(LineReader& Lines, RowArray<VidCoordsRow>& Rows)
@@ -37,4 +45,5 @@ void ReadVideoPoints(LineReader& Lines, RowArray<VidCoordsRow>& Rows)
             Known.try_emplace({std::string(Fields[0]), std::string(Fields[1])}, Rows.UBound() + 1);
         FillPoints(IsNew ? Rows.Grow() : Rows[Place->second], Fields);
     }
+    DropZeros(Rows);
 }

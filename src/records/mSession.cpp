@@ -103,14 +103,14 @@ std::string NotChosen(const SessionForm& Form)
 
 bool StartBlank(const std::string& Path, DataFile New, const std::string& RefFolder)
 {
-    auto Videos = std::exchange(gVideoID, {}); // they belong to the former session's samples
-    if (!StartSession(Path, std::move(New), RefFolder)) {
-        gVideoID = std::move(Videos);
-        return false;
-    }
-    gVidCoords.Clear();
-    gVidAngles.Clear();
-    return true;
+    auto Videos = std::exchange(gVideoID, {}); // these three belong to the former session's samples
+    auto Coords = std::exchange(gVidCoords, {});
+    auto Angles = std::exchange(gVidAngles, {});
+    if (StartSession(Path, std::move(New), RefFolder)) return true;
+    gVideoID = std::move(Videos);
+    gVidCoords = std::move(Coords);
+    gVidAngles = std::move(Angles);
+    return false;
 }
 
 // Numbers of the former session that would show as 0 go with the others.
