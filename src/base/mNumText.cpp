@@ -194,6 +194,15 @@ std::optional<double> LeadingNumber(std::string_view Text)
     return X;
 }
 
+std::optional<double> NumberAlone(std::string_view Text)
+{
+    if (Text.starts_with('+') && !Text.substr(1).starts_with('-')) Text.remove_prefix(1);
+    double X = 0;
+    const auto [End, Error] = std::from_chars(Text.data(), Text.data() + Text.size(), X);
+    if (Error != std::errc{} || End != Text.data() + Text.size() || !std::isfinite(X)) return {};
+    return X;
+}
+
 double Val(std::string_view Text)
 {
     return LeadingNumber(Text).value_or(0.0);

@@ -43,6 +43,9 @@ std::string FormatGeneral(double X, int Digits);
 /// The leading number of Text after blanks; nothing when there is none or it is too large.
 std::optional<double> LeadingNumber(std::string_view Text);
 
+/// The number that Text is from its first character to its last; nothing for any other text.
+std::optional<double> NumberAlone(std::string_view Text);
+
 /// The leading number of Text, 0 when there is none.
 double Val(std::string_view Text);
 

@@ -200,6 +200,14 @@ std::span<const Command> AllCommands()
          {{"--frame", ArgKind::Whole, "N"}},
          DoVideo,
          VideoObjection},
+        {"points",
+         "SESSION VIDEO IN.csv OUT.csv [--sample SAMPLE]",
+         "places points on frames of a clip (IN: frame,point,x,y), keeps them with the session and writes all points of "
+         "the clip with their angles",
+         4,
+         4,
+         {{"--sample", ArgKind::Text, "SAMPLE"}},
+         DoPoints},
         {"info", "SESSION", "prints a summary of a session data file in JSON", 1, 1, {}, DoInfo},
     };
     return Table;

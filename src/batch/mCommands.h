@@ -93,6 +93,9 @@ bool DoTable(const Args& Line);
 std::string TableObjection(const Args& Line);
 bool DoReadIDs(const Args& Line);
 
+// Video.
+bool DoPoints(const Args& Line);
+
 // Recording.
 bool DoRecord(const Args& Line);
 std::string RecordObjection(const Args& Line);

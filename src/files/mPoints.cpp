@@ -30,6 +30,7 @@ enum eColumn : std::size_t
 const std::vector<std::string> Header = {"Sample ID", "Video FN", "Frame", "Point ID", "X", "Y", "Angle"};
 
 constexpr std::size_t MostValues = 8'000'000; // of all rows: ten minutes at 240 pictures a second with 50 points
+constexpr int AngleDigits = 9;
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 
 // The files of points that were read or written, with a digest of their bytes: these are this program's to replace.
@@ -65,19 +66,8 @@ void AppendRow(std::string& Text, const VidCoordsRow& Row)
         const bool HasAngle = Angles && Frame < Angles->Values.size() && std::isfinite(Angles->Values[Frame].X);
         AppendCsv(Text, {Row.SampleID, Video, FormatNum(static_cast<double>(Frame), "0"), Row.PointID,
                          FormatShortest(Place.X), FormatShortest(Place.Y),
-                         HasAngle ? FormatShortest(Angles->Values[Frame].X) : ""});
+                         HasAngle ? FormatGeneral(Angles->Values[Frame].X, AngleDigits) : ""});
     }
-}
-
-// A cell that is a number and nothing else.
-std::optional<double> NumberIn(const std::string& Cell)
-{
-    for (std::size_t i = 0; i < Cell.size(); ++i) {
-        const bool IsSign = Cell[i] == '-' || Cell[i] == '+';
-        const bool MayBeSign = i == 0 || Cell[i - 1] == 'e' || Cell[i - 1] == 'E';
-        if (IsSign ? !MayBeSign : std::string_view("0123456789.eE").find(Cell[i]) == std::string_view::npos) return {};
-    }
-    return LeadingNumber(Cell);
 }
 
 // Takes the records of a table one by one into rows.
@@ -91,10 +81,10 @@ public:
     {
         if (Cells.size() != ColCnt)
             return FormatNum(static_cast<double>(Cells.size()), "0") + " cells stand where 7 belong";
-        const auto Frame = NumberIn(Cells[ColFrame]);
-        const auto X = NumberIn(Cells[ColX]);
-        const auto Y = NumberIn(Cells[ColY]);
-        const auto Angle = NumberIn(Cells[ColAngle]);
+        const auto Frame = NumberAlone(Cells[ColFrame]);
+        const auto X = NumberAlone(Cells[ColX]);
+        const auto Y = NumberAlone(Cells[ColY]);
+        const auto Angle = NumberAlone(Cells[ColAngle]);
         if (!Frame || *Frame < 0 || *Frame != std::floor(*Frame)) return Cells[ColFrame] + " is no number of a frame";
         if (!X || !Y) return "X or Y is no number";
         if (!Angle && !Cells[ColAngle].empty()) return Cells[ColAngle] + " is no angle";
@@ -125,8 +115,8 @@ private:
 
     int RowFor(const std::vector<std::string>& Cells)
     {
-        const auto [Found, IsNew] = Known.try_emplace({Cells[ColSample], Cells[ColVideo], Cells[ColPoint]},
-                                                      Tables.Coords.UBound() + 1);
+        const auto [Found, IsNew] =
+            Known.try_emplace({Cells[ColSample], Cells[ColVideo], Cells[ColPoint]}, Tables.Coords.UBound() + 1);
         if (!IsNew) return Found->second;
         for (RowArray<VidCoordsRow>* Each : {&Tables.Coords, &Tables.Angles}) {
             VidCoordsRow& Row = Each->Grow();
