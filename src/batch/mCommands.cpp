@@ -202,8 +202,7 @@ std::span<const Command> AllCommands()
          VideoObjection},
         {"points",
          "SESSION VIDEO IN.csv OUT.csv [--sample SAMPLE]",
-         "places points on frames of a clip (IN: frame,point,x,y), keeps them with the session and writes all points of "
-         "the clip with their angles",
+         "places points on frames of a clip, keeps them with the session, and writes all of the clip with their angles",
          4,
          4,
          {{"--sample", ArgKind::Text, "SAMPLE"}},

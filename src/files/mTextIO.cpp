@@ -303,7 +303,7 @@ std::string DataFileText(const DataFile& File, SectionFilter Filter)
 
 bool WriteDataFile(const std::string& Path, const DataFile& File, SectionFilter Filter)
 {
-    if (!IsOpenFile(File)) {
+    if (&File != &gFile) {
         WholeFile New(Path);
         AppendSession(New, File, Filter);
         return New.Commit() || FileFailed(CantWrite, Path, TitleWarning, New.Failure());

@@ -79,6 +79,9 @@ public:
     /// Share of the clip's index that is made, 0 to 1.
     double IndexDone() const;
 
+    /// When a picture is seen, s from the first on.
+    double TimeOf(int32_t Number) const;
+
     /// The picture to be seen, null when there is none.
     const std::shared_ptr<const Picture>& Shown() const { return Seen; }
 
@@ -109,7 +112,6 @@ private:
     void TakeInfo();
     void FindRate();
     void NameFile(const std::string& Path);
-    double TimeOf(int32_t Number) const;
     int32_t NumberAt(double Time) const;
     double Position() const;
     void SetPosition(double Time);

@@ -113,7 +113,7 @@ AngleScale ScaleFor(const iSurface& Surface, const std::vector<JointCurve>& All,
 {
     constexpr double Margin = 34;
     AngleScale Scale;
-    Scale.Frame = {Margin, Surface.Size().X - 8.0, FontSize + 10.0, Surface.Size().Y - FontSize - 10.0};
+    Scale.Frame = {Margin, Surface.Size().X - 18.0, FontSize + 10.0, Surface.Size().Y - FontSize - 10.0};
     Scale.Last = std::max(Pictures - 1, 1);
     double Low = 180;
     double High = 0;
@@ -136,7 +136,8 @@ void DrawGrid(iSurface& Surface, const AngleScale& Scale)
     Surface.SetFont(FontSize - 2);
     const auto Rows = Ticks(Scale.Low, Scale.High, 5);
     const auto Columns = Ticks(0, Scale.Last, 8);
-    const auto Text = [](double X) { return FormatNum(X, "0"); };
+    // Without a "-0".
+    const auto Text = [](double X) { return FormatNum(X + 0.0, "0"); };
     for (const double Y : Rows) {
         const SurfacePlace Left = Scale.Seen({0, Y});
         Surface.SetPen(Grey);
@@ -163,6 +164,23 @@ void DrawFigure(iSurface& Surface, const cDigit& Digit, const ToSurface& Seen,
     const int Hover = Digit.Mode() == DigitBody ? Digit.HoverDot() : 0;
     const std::string Name = Hover > 0 ? gDots[Hover].PointName : Digit.NextName();
     if (!Name.empty()) DrawLabel(Surface, Pointer->X + 14, Pointer->Y + 10, Name);
+}
+
+void DrawMeasures(iSurface& Surface, const cAnthro& Body, const ToSurface& Seen,
+                  const std::optional<SurfacePlace>& Pointer)
+{
+    for (int Line = 0; Line <= static_cast<int>(BodyLengths().size()); ++Line) {
+        const auto& [From, To] = Body.Ends(Line);
+        if (From.IsPlaced() && To.IsPlaced()) DrawSegment(Surface, Seen(From), Seen(To));
+        for (const VideoPoint& End : {From, To})
+            if (End.IsPlaced()) DrawDot(Surface, Seen(End), Line == 0 ? NextColour : DotColour);
+        const auto Length = Body.Length(Line);
+        if (!Length) continue;
+        const SurfacePlace A = Seen(From);
+        const SurfacePlace B = Seen(To);
+        DrawLabel(Surface, (A.X + B.X) / 2 + 6, (A.Y + B.Y) / 2, FormatNum(*Length, "0") + " mm");
+    }
+    if (Pointer) DrawLabel(Surface, Pointer->X + 14, Pointer->Y + 10, Body.NextName());
 }
 
 void DrawAngles(iSurface& Surface, const cDigit& Digit)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/iSurface.h"
+#include "video/cAnthro.h"
 #include "video/cDigit.h"
 
 #include <functional>
@@ -18,6 +19,10 @@ inline constexpr double DotReach = 3;
 /// Draws the points and segments of the frame, or the corners of the angle. The next point's name stands at Pointer.
 void DrawFigure(iSurface& Surface, const cDigit& Digit, const ToSurface& Seen,
                 const std::optional<SurfacePlace>& Pointer);
+
+/// Draws the lines that were measured on a picture, with their lengths.
+void DrawMeasures(iSurface& Surface, const cAnthro& Body, const ToSurface& Seen,
+                  const std::optional<SurfacePlace>& Pointer);
 
 /// Draws the angles of all joints (degrees) over frames 0 to Pictures - 1 of the clip, with a line at the current one.
 void DrawAngles(iSurface& Surface, const cDigit& Digit);

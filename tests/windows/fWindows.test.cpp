@@ -7,6 +7,8 @@
 #include "core/mModes.h"
 #include "files/mMain.h"
 #include "files/mTextIO.h"
+#include "support/FakeMedia.h"
+#include "video/f1Video.h"
 
 #include <QDialog>
 #include <QMdiSubWindow>
@@ -19,8 +21,11 @@ struct Windows : ShellState
 {
     Windows()
     {
+        gHost.MakeMedia = [] { return std::make_unique<FakeMedia>(10, 0.04); };
         Start();
         Main.resize(1024, 768);
+        Video = std::make_unique<f1Video>();
+        REQUIRE(Video->VideoFileOpen("clip.mp4"));
         gFile.Model = 67;
         gFile.ChanCnt = 8;
         for (int16_t i = 1; i <= 8; ++i) {
@@ -40,9 +45,11 @@ struct Windows : ShellState
     }
     QWidget* Open(const WindowKind& Row)
     {
-        return OpenWindow(Main, Row.Name,
-                          {.File = Folder.Path("a.qvn"), .Kind = "Crew", .Sample = 1, .OpensLink = false});
+        return OpenWindow(
+            Main, Row.Name,
+            {.File = Folder.Path("a.qvn"), .Kind = "Crew", .Sample = 1, .OpensLink = false, .Owner = Video.get()});
     }
+    std::unique_ptr<f1Video> Video; // that others belong to
     static QWidget* FrameOf(QWidget* Window) { return Window->isWindow() ? Window : Window->parentWidget(); }
 };
 } // namespace

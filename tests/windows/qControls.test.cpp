@@ -3,6 +3,8 @@
 #include "ShellState.h"
 #include "core/shell/fWindows.h"
 #include "files/mMain.h"
+#include "support/FakeMedia.h"
+#include "video/f1Video.h"
 
 #include <QCheckBox>
 #include <QFormLayout>
@@ -129,11 +131,16 @@ TEST_CASE_FIXTURE(Demo, "no text is cut in any window, at 1024 by 768")
 {
     Start("Current File=" + Folder.Path("single.txt") + "\nModels=" + Folder.Path("Targets.ini") + "\n");
     REQUIRE(LoadCurrentFile());
+    gHost.MakeMedia = [] { return std::make_unique<FakeMedia>(10, 0.04); };
+    f1Video Video;
+    REQUIRE(Video.VideoFileOpen("clip.mp4"));
+    for (const char* Name : {"KNEE", "HIP"})
+        gDots.Grow() = {Name, "A point with a long name, outer side", 1};
     gIsTargVals = gIsTargCurves = 1;
     Main.resize(1024, 768);
     for (const WindowKind& Row : AllWindows()) {
-        QWidget* Window =
-            OpenWindow(Main, Row.Name, {.File = Folder.Path("a.qvn"), .Kind = "Crew", .Mode = 0, .Sample = 1});
+        QWidget* Window = OpenWindow(
+            Main, Row.Name, {.File = Folder.Path("a.qvn"), .Kind = "Crew", .Mode = 0, .Sample = 1, .Owner = &Video});
         REQUIRE(Window);
         QTest::qWait(30);
         auto* Tabs = Window->findChild<QTabWidget*>();

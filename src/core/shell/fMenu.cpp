@@ -3,6 +3,7 @@
 
 #include "core/mDataWindow.h"
 #include "core/shell/fCommands.h"
+#include "core/shell/fDigitising.h"
 #include "core/shell/fPlayCommands.h"
 #include "core/shell/frmMain.h"
 
@@ -44,7 +45,7 @@ constexpr MenuItem Items[] = {
     {"mnuCalibrate", "mnuCalibrReZero", "Re&Zero Channels...", nullptr, nullptr, nullptr, "fDoReZero"},
     {"mnuCalibrate", "mnuCalibrAutoReZero", "A&uto ReZero...", nullptr, AskAutoReZero, nullptr},
     {"mnuCalibrate", "mnuCalibrZeroCal", "Set Calib&Rator...", nullptr, SetCalibrator, nullptr},
-    {"mnuCalibrate", "mnuCalibrAnthro", "Anthropometry", nullptr, nullptr, WithVideo},
+    {"mnuCalibrate", "mnuCalibrAnthro", "Anthropometry", nullptr, MeasureBody, nullptr},
     {"mnuCalibrate", nullptr, nullptr, nullptr, nullptr, nullptr},
     {"mnuCalibrate", "mnuCalibrLog", "&Log Channels", "Ctrl+R", LogChannels, nullptr},
     {"mnuCalibrate", "mnuCalibrReadLog", "&Read Log", nullptr, ReadLog, nullptr},
@@ -71,7 +72,7 @@ constexpr MenuItem Items[] = {
     {"mnuPlay", "mnuPlayLoad", "&Load and Play...", nullptr, PlayLoad, nullptr},
     {"mnuPlay", nullptr, nullptr, nullptr, nullptr, nullptr},
     {"mnuPlay", "mnuVidPlay", "&Video", nullptr, PlayVideo, nullptr},
-    {"mnuPlay", "mnuVidDigit", "&Digitise Video", nullptr, nullptr, WithVideo},
+    {"mnuPlay", "mnuVidDigit", "&Digitise Video", nullptr, DigitiseVideo, nullptr},
     {"mnuPlay", "mnuSetDots", "Setup Points", nullptr, nullptr, nullptr, "fDataGrid", "Dots"},
     {"mnuPlay", "mnuSetSegs", "SetUp Segments", nullptr, nullptr, nullptr, "fDataGrid", "Segs"},
     {"mnuPlay", "mnuPlayAnim", "Animation", nullptr, PlayAnimation, nullptr},

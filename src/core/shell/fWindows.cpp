@@ -11,6 +11,7 @@
 #include "core/mGlobData.h"
 #include "core/mVideoFile.h"
 #include "core/shell/fCommands.h"
+#include "core/shell/fDigitising.h"
 #include "core/shell/fFolders.h"
 #include "core/shell/fPlayCommands.h"
 #include "core/shell/frmMain.h"
@@ -31,6 +32,8 @@
 #include "video/f1Control.h"
 #include "video/f1Video.h"
 #include "video/f2Video.h"
+#include "video/fAnthro.h"
+#include "video/fVidDigit.h"
 #include "views/data/fData02view.h"
 #include "views/play/fData04play.h"
 #include "views/play/mPlayLoad.h"
@@ -202,6 +205,26 @@ QWidget* MakeSetUp(frmMain& Main, const WindowArgs&)
     return nullptr;
 }
 
+QWidget* MakeClip(frmMain& Main, const WindowArgs& Args)
+{
+    auto Video = std::make_unique<f1Video>();
+    LinkDigitising(Main, *Video);
+    if (!Args.File.empty() && !Video->VideoFileOpen(Args.File)) return nullptr;
+    return Video.release();
+}
+
+QWidget* MakeVidDigit(frmMain&, const WindowArgs& Args)
+{
+    auto* Video = dynamic_cast<f1Video*>(Args.Owner);
+    return Video ? new fVidDigit(*Video, Args.Mode) : nullptr;
+}
+
+QWidget* MakeAnthro(frmMain&, const WindowArgs& Args)
+{
+    auto* Video = dynamic_cast<f1Video*>(Args.Owner);
+    return Video ? new fAnthro(*Video) : nullptr;
+}
+
 QWidget* MakeOptions(frmMain& Main, const WindowArgs&)
 {
     return new fOpts(&Main);
@@ -236,6 +259,9 @@ constexpr WindowKind Windows[] = {
     {"fData02view", "The data view", MakeDataView, OneAnew, Kept, NeedsNothing, "fData02view"},
     {"fData03report", "The report", MakeReport, Many, Kept, NeedsNothing, fData03report::Section, "", {1400, 900}},
     {"fData04play", "The play view", MakePlayView, OneAnew, Kept, NeedsNothing, fData04play::Section},
+    {"f1Video", "The video", MakeClip, Many, Kept, NeedsNothing, f1Video::Section, "", {900, 720}},
+    {"fVidDigit", "Digitising", MakeVidDigit, OneAnew, Kept, NeedsNothing, fVidDigit::Section, "", {420, 620}},
+    {"fAnthro", "Anthropometry", MakeAnthro, OneAnew, Kept, NeedsNothing, fAnthro::Section, "", {320, 480}},
     {"fSwap", "Correct Vars", Make<fSwap>, One, Kept, NeedsNothing, "fSwap", "", {460, 340}},
     {"fTargets",
      "The targets",
@@ -246,7 +272,6 @@ constexpr WindowKind Windows[] = {
      fTargets::Section,
      fTargets::Prefix,
      {900, 420}},
-    {"f1Video", "The video", MakeVideo<f1Video>, Many, Kept, NeedsNothing, f1Video::Section, "", {900, 720}},
     {"f1Control", "The animation control", MakeControl, One, Kept, NeedsNothing, f1Control::Section, "", {520, 160}},
     {"f2Video", "The MPEG player", MakeVideo<f2Video>, OneAnew, Kept, NeedsNothing, f2Video::Section, "", {720, 560}},
     {"fSession", "The session dialog", MakeSession, One, Dialog, NeedsNothing},

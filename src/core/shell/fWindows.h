@@ -21,6 +21,7 @@ struct WindowArgs
     int32_t Last = 0;
     bool OpensLink = true;      // false: a file is played, or the link is open
     bool ChoosesTargets = true; // false: they were chosen for a window before it
+    QWidget* Owner = nullptr;   // window that it belongs to
 };
 
 enum class eCount
