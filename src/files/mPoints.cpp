@@ -155,7 +155,7 @@ std::string WhyNotReplaced(const std::string& Path, const std::string& Bytes, bo
     PointTables Tables;
     constexpr const char* Advice = " It is left as it is, and nothing was saved: move or rename it, and save again.";
     const std::string Wrong = ParsePoints(Bytes, Tables);
-    if (!Wrong.empty()) return "this is no file of this session's points, " + Wrong + "." + Advice;
+    if (!Wrong.empty()) return "this is no file of this session's points. " + Wrong + "." + Advice;
     if (IsOpenSession) return std::string("it is not as it was read.") + Advice;
     return {};
 }
@@ -196,11 +196,11 @@ std::string ParsePoints(std::string_view Text, PointTables& Tables)
     std::vector<CsvRecord> Records;
     if (std::string Wrong = ParseCsv(Text, Records); !Wrong.empty()) return Wrong;
     if (Records.empty() || Records[0].Cells != Header)
-        return "line 1: the columns Sample ID, Video FN, Frame, Point ID, X, Y, Angle do not stand there";
+        return "Line 1: the columns Sample ID, Video FN, Frame, Point ID, X, Y, Angle do not stand there";
     cTaker Taker(Tables);
     for (std::size_t i = 1; i < Records.size(); ++i)
         if (const std::string Wrong = Taker.Take(Records[i].Cells); !Wrong.empty())
-            return "line " + FormatNum(Records[i].Line, "0") + ": " + Wrong;
+            return "Line " + FormatNum(Records[i].Line, "0") + ": " + Wrong;
     return {};
 }
 

@@ -5,6 +5,7 @@
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QHeaderView>
@@ -69,7 +70,7 @@ Reading Read(const QAbstractButton& Button)
     QStyleOptionButton Option;
     Option.initFrom(&Button);
     const auto Part = dynamic_cast<const QRadioButton*>(&Button) ? QStyle::SE_RadioButtonContents
-                      : Button.isCheckable()                     ? QStyle::SE_CheckBoxContents
+                      : dynamic_cast<const QCheckBox*>(&Button)  ? QStyle::SE_CheckBoxContents
                                                                  : QStyle::SE_PushButtonContents;
     QSize Size = SizeOf(Button.font(), Text);
     if (!Button.icon().isNull()) Size += QSize(Button.iconSize().width() + 4, 0);

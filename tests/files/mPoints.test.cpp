@@ -53,17 +53,17 @@ TEST_CASE_FIXTURE(Points, "points come back as they were saved, those of another
 TEST_CASE_FIXTURE(Points, "a broken or foreign file is reported with its line, left alone and never replaced")
 {
     const std::pair<std::string, std::string> Cases[] = {
-        {"", "line 1: the columns"},
-        {"name,age\r\nKim,23\r\n", "line 1: the columns"},
-        {Head + "S1,v,0,KNEE,1,2\r\n", "line 2: 6 cells"},
-        {Head + "S1,v,0,KNEE,1,2,\r\nS1,v,1.5,KNEE,1,2,\r\n", "line 3: 1.5 is no number of a frame"},
-        {Head + "S1,v,-1,KNEE,1,2,\r\n", "line 2: -1 is no number"},
-        {Head + "S1,v,1e9,KNEE,1,2,\r\n", "line 2: frame 1e9 is too high"},
-        {Head + "S1,v,0,KNEE,1x,2,\r\n", "line 2: X or Y"},
-        {Head + "S1,v,0,KNEE,inf,2,\r\n", "line 2: X or Y"},
-        {Head + "S1,v,0,KNEE,1,2,wide\r\n", "line 2: wide is no angle"},
-        {Head + "S1,v,0,KNEE,1,2,\r\nS1,v,0,KNEE,1,2,\r\n", "line 3: point KNEE stands twice on frame 0"},
-        {Head + "S1,\"v,0,KNEE,1,2,\r\n", "line 2: a quote is not closed"},
+        {"", "Line 1: the columns"},
+        {"name,age\r\nKim,23\r\n", "Line 1: the columns"},
+        {Head + "S1,v,0,KNEE,1,2\r\n", "Line 2: 6 cells"},
+        {Head + "S1,v,0,KNEE,1,2,\r\nS1,v,1.5,KNEE,1,2,\r\n", "Line 3: 1.5 is no number of a frame"},
+        {Head + "S1,v,-1,KNEE,1,2,\r\n", "Line 2: -1 is no number"},
+        {Head + "S1,v,1e9,KNEE,1,2,\r\n", "Line 2: frame 1e9 is too high"},
+        {Head + "S1,v,0,KNEE,1x,2,\r\n", "Line 2: X or Y"},
+        {Head + "S1,v,0,KNEE,inf,2,\r\n", "Line 2: X or Y"},
+        {Head + "S1,v,0,KNEE,1,2,wide\r\n", "Line 2: wide is no angle"},
+        {Head + "S1,v,0,KNEE,1,2,\r\nS1,v,0,KNEE,1,2,\r\n", "Line 3: point KNEE stands twice on frame 0"},
+        {Head + "S1,\"v,0,KNEE,1,2,\r\n", "Line 2: a quote is not closed"},
     };
     const std::string Before = ReadWhole(gCurFile).value();
     const auto Digitised = gVidCoords;

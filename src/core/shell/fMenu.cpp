@@ -9,7 +9,6 @@
 
 namespace {
 // Why an entry is there and cannot be chosen.
-constexpr const char* WithVideo = "Comes with the video windows";
 constexpr const char* NotUsed = "Not in use";
 
 constexpr MenuTitle Menus[] = {

@@ -260,7 +260,7 @@ constexpr WindowKind Windows[] = {
     {"fData03report", "The report", MakeReport, Many, Kept, NeedsNothing, fData03report::Section, "", {1400, 900}},
     {"fData04play", "The play view", MakePlayView, OneAnew, Kept, NeedsNothing, fData04play::Section},
     {"f1Video", "The video", MakeClip, Many, Kept, NeedsNothing, f1Video::Section, "", {900, 720}},
-    {"fVidDigit", "Digitising", MakeVidDigit, OneAnew, Kept, NeedsNothing, fVidDigit::Section, "", {420, 620}},
+    {"fVidDigit", "Digitising", MakeVidDigit, OneAnew, Kept, NeedsNothing, fVidDigit::Section, "", {480, 620}},
     {"fAnthro", "Anthropometry", MakeAnthro, OneAnew, Kept, NeedsNothing, fAnthro::Section, "", {320, 480}},
     {"fSwap", "Correct Vars", Make<fSwap>, One, Kept, NeedsNothing, "fSwap", "", {460, 340}},
     {"fTargets",
