@@ -82,7 +82,7 @@ void fVidDigit::Attach()
         ShowAll();
     };
     Still->OnPress = [this, Take](QPointF At, double Reach) { Take([&] { Digit.Press(At.x(), At.y(), Reach); }); };
-    Still->OnMove = [this, Take](QPointF At, double Reach) {
+    Still->OnMove = [this](QPointF At, double Reach) {
         Digit.Move(At.x(), At.y(), Reach);
         if (Digit.IsDragging()) ShowAll();
     };
