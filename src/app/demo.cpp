@@ -30,6 +30,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <optional>
 #include <sys/resource.h>
 #include <unistd.h>
@@ -42,17 +43,40 @@ constexpr int LookMs = 50;
 constexpr int CommandMs = 100; // from one command to the next
 constexpr int StillMs = 1000;
 
-// The picture in its most frequent colours: a much smaller file than one with all the shades of smooth lines.
+int Distance(QRgb A, QRgb B)
+{
+    return std::max({std::abs(qRed(A) - qRed(B)), std::abs(qGreen(A) - qGreen(B)), std::abs(qBlue(A) - qBlue(B))});
+}
+
+// Colours in their order without those that are within Near of one ahead of them; more than Most are not looked for.
+QList<QRgb> Apart(const QList<QRgb>& Colours, int Near, qsizetype Most)
+{
+    QList<QRgb> Chosen;
+    for (const QRgb Each : Colours) {
+        const bool IsNew =
+            std::none_of(Chosen.begin(), Chosen.end(), [&](QRgb Other) { return Distance(Each, Other) <= Near; });
+        if (IsNew) Chosen << Each;
+        if (Chosen.size() > Most) break;
+    }
+    return Chosen;
+}
+
+// The picture in 256 colours: a much smaller file than one with all the shades of smooth lines. The frequent ones stay
+// as they are, and none becomes one that looks different.
 QImage InFewColours(const QImage& Picture)
 {
+    constexpr qsizetype Most = 256;
     QHash<QRgb, int> Counts;
     for (int y = 0; y < Picture.height(); ++y)
         for (int x = 0; x < Picture.width(); ++x)
             ++Counts[Picture.pixel(x, y)];
     QList<QRgb> Colours = Counts.keys();
-    std::sort(Colours.begin(), Colours.end(), [&](QRgb A, QRgb B) { return Counts[A] > Counts[B]; });
-    Colours.resize(std::min<qsizetype>(Colours.size(), 256));
-    return Picture.convertToFormat(QImage::Format_Indexed8, Colours, Qt::ThresholdDither | Qt::AvoidDither);
+    std::sort(Colours.begin(), Colours.end(),
+              [&](QRgb A, QRgb B) { return std::pair(Counts[B], A) < std::pair(Counts[A], B); });
+    QList<QRgb> Chosen = Colours;
+    for (int Near = 0; Chosen.size() > Most; ++Near)
+        Chosen = Apart(Colours, Near, Most);
+    return Picture.convertToFormat(QImage::Format_Indexed8, Chosen, Qt::ThresholdDither | Qt::AvoidDither);
 }
 
 // The window with the dialog above it, if one is open, or what fills the screen in its place.
