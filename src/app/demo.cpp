@@ -48,24 +48,26 @@ int Distance(QRgb A, QRgb B)
     return std::max({std::abs(qRed(A) - qRed(B)), std::abs(qGreen(A) - qGreen(B)), std::abs(qBlue(A) - qBlue(B))});
 }
 
-// Colours in their order without those that are within Near of one ahead of them; more than Most are not looked for.
-QList<QRgb> Apart(const QList<QRgb>& Colours, int Near, qsizetype Most)
+// The Most colours for a picture of these, the most frequent first: half of them as they are, the others as far apart
+// as it takes for every colour to have one near it.
+QList<QRgb> Choose(const QList<QRgb>& Colours, qsizetype Most)
 {
-    QList<QRgb> Chosen;
-    for (const QRgb Each : Colours) {
-        const bool IsNew =
-            std::none_of(Chosen.begin(), Chosen.end(), [&](QRgb Other) { return Distance(Each, Other) <= Near; });
-        if (IsNew) Chosen << Each;
-        if (Chosen.size() > Most) break;
+    QList<QRgb> Chosen = Colours;
+    for (int Near = 1; Chosen.size() > Most; ++Near) {
+        Chosen = Colours.first(Most / 2);
+        for (const QRgb Each : Colours.sliced(Most / 2)) {
+            const auto IsNear = [&](QRgb Other) { return Distance(Each, Other) <= Near; };
+            if (std::none_of(Chosen.begin(), Chosen.end(), IsNear)) Chosen << Each;
+            if (Chosen.size() > Most) break;
+        }
     }
     return Chosen;
 }
 
-// The picture in 256 colours: a much smaller file than one with all the shades of smooth lines. The frequent ones stay
-// as they are, and none becomes one that looks different.
+// The picture in 256 colours: a much smaller file than one with all the shades of smooth lines. None becomes one that
+// looks different.
 QImage InFewColours(const QImage& Picture)
 {
-    constexpr qsizetype Most = 256;
     QHash<QRgb, int> Counts;
     for (int y = 0; y < Picture.height(); ++y)
         for (int x = 0; x < Picture.width(); ++x)
@@ -73,10 +75,8 @@ QImage InFewColours(const QImage& Picture)
     QList<QRgb> Colours = Counts.keys();
     std::sort(Colours.begin(), Colours.end(),
               [&](QRgb A, QRgb B) { return std::pair(Counts[B], A) < std::pair(Counts[A], B); });
-    QList<QRgb> Chosen = Colours;
-    for (int Near = 0; Chosen.size() > Most; ++Near)
-        Chosen = Apart(Colours, Near, Most);
-    return Picture.convertToFormat(QImage::Format_Indexed8, Chosen, Qt::ThresholdDither | Qt::AvoidDither);
+    return Picture.convertToFormat(QImage::Format_Indexed8, Choose(Colours, 256),
+                                   Qt::ThresholdDither | Qt::AvoidDither);
 }
 
 // The window with the dialog above it, if one is open, or what fills the screen in its place.

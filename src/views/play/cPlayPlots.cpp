@@ -12,7 +12,7 @@ namespace {
 constexpr int32_t White = 0xFFFFFF, InkGrid = 0xECE8E4, InkLine = 0xB4ACA4, InkText = 0x302820, InkSoft = 0x7A7068,
                   InkNow = 0x2828B0, InkPaper = 0xFAF8F6;
 constexpr int Letters = 11;
-constexpr double LineHeight = 14, LeftRoom = 46, RightRoom = 10, TopRoom = 8, BottomRoom = 22;
+constexpr double LineHeight = 14, LeftRoom = 46, RightRoom = 10, TopRoom = 18, BottomRoom = 22;
 constexpr double Gap = 2;        // between plots
 constexpr double TickRoom = 62;  // between two numbers of the time
 constexpr double ValueRoom = 26; // between two numbers of a scale
@@ -85,15 +85,25 @@ void DrawNumbers(iSurface& Surface, const Plot& Each)
     }
 }
 
+// Whether a line of letters fits between a plot and the one above it.
+bool HasRoomAbove(const Plot& Each, const std::vector<Plot>& Plots)
+{
+    const PlotRect& Frame = Each.Frame();
+    return std::none_of(Plots.begin(), Plots.end(), [&](const Plot& Other) {
+        return Other.Frame().Top < Frame.Top && Other.Frame().Bottom > Frame.Top - LineHeight &&
+               Other.Frame().Left < Frame.Right && Frame.Left < Other.Frame().Right;
+    });
+}
+
 // What the curves measure, and their names in their colours, from the left edge as far as they have room.
-void DrawNames(iSurface& Surface, const Plot& Each)
+void DrawNames(iSurface& Surface, const Plot& Each, const std::vector<Plot>& Plots)
 {
     const PlotRect& Frame = Each.Frame();
     Quantity What = QuantityY(Each.First().Row());
     for (const PlayRow* Row : Each.Rows)
         What = Common(What, QuantityY(Row->Plot.Row()));
     double X = Frame.Left + 6;
-    const double Y = Frame.Top + 3;
+    const double Y = HasRoomAbove(Each, Plots) ? Frame.Top - LineHeight : Frame.Top + 3;
     const auto Write = [&](const std::string& Text, int32_t Ink, bool Bold) {
         const double Width = Surface.TextWidth(Text, Letters, Bold);
         if (X + Width > Frame.Right - 4) return;
@@ -124,7 +134,7 @@ void DrawGround(iSurface& Surface, const Plot& Each, const std::vector<Plot>& Pl
     Surface.SetFill(NoFill);
     Surface.SetPen(InkLine);
     Surface.Box(Frame.Left, Frame.Top, Frame.Right, Frame.Bottom);
-    DrawNames(Surface, Each);
+    DrawNames(Surface, Each, Plots);
 }
 
 // A value with as many decimals as its scale asks for.
