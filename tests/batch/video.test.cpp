@@ -1,8 +1,14 @@
 // The command video on the simulator's clips: what they are, their pictures, and what is refused.
+#include "base/mCsv.h"
+#include "base/mNumText.h"
 #include "support/Case.h"
 
 #include <algorithm>
+#include <array>
+#include <cmath>
 #include <cstdlib>
+#include <map>
+#include <sstream>
 #include <sys/wait.h>
 
 namespace {
@@ -62,4 +68,55 @@ TEST_CASE_FIXTURE(Clips, "a picture that is not there, a file that is no video a
     CHECK(Run("skarvelin-sim", "--video a.mp4 --fps 101 " + Session) == 2);
     CHECK(Run("skarvelin-sim", "--video a.mp4 --tcp 5000 " + Session) == 2);
     CHECK_FALSE(std::filesystem::exists(Path("a.xyz.part")));
+}
+
+TEST_CASE_FIXTURE(Clips,
+                  "a clip digitised by its truth gives the joints' angles within 0.2 degrees, also from the file")
+{
+    const std::vector<std::string> Joints = {"Toes", "Ankle", "Knee", "Hip", "Shoulder", "Elbow", "Hand"};
+    std::string Dots, Segs, Clicks;
+    AppendCsv(Dots, {"Point ID", "Point Name", "IsAngle"});
+    AppendCsv(Segs, {"Segment ID", "Segment Name", "ID of Start point", "ID of End point", "Start point Number",
+                     "End point number", "X1", "Y1", "X2", "Y2"});
+    for (std::size_t i = 0; i < Joints.size(); ++i) {
+        AppendCsv(Dots, {Joints[i], Joints[i], i > 0 && i + 1 < Joints.size() ? "1" : "0"});
+        if (i > 0) AppendCsv(Segs, {"S", "S", Joints[i - 1], Joints[i], "0", "0", "0", "0", "0", "0"});
+    }
+    std::filesystem::copy_file(SOURCE_FOLDER "/demo/single.txt", Path("s.txt"));
+    REQUIRE((SaveWhole(Path("d.csv"), Dots) && SaveWhole(Path("g.csv"), Segs)));
+    for (const char* Table : {"Dots --from d.csv", "Segs --from g.csv"})
+        REQUIRE(Run("skarvelin-batch", std::string("table s.txt ") + Table) == 0);
+    REQUIRE(Run("skarvelin-sim", "--video a.mp4 --fps 25 --strokes 2 --truth t.txt s.txt") == 0);
+
+    std::map<std::pair<std::string, std::string>, std::string> Truth; // angle of frame and joint
+    AppendCsv(Clicks, {"frame", "point", "x", "y"});
+    std::istringstream Lines(Bytes("t.txt"));
+    std::string Line;
+    for (std::getline(Lines, Line); std::getline(Lines, Line);) {
+        std::istringstream Row(Line);
+        std::array<std::string, 6> Cells;
+        for (std::string& Cell : Cells)
+            std::getline(Row, Cell, '\t');
+        if (std::find(Joints.begin(), Joints.end(), Cells[2]) == Joints.end()) continue;
+        AppendCsv(Clicks, {Cells[0], Cells[2], Cells[3], Cells[4]});
+        Truth[{Cells[0], Cells[2]}] = Cells[5];
+    }
+    const auto CheckAngles = [&](const std::string& Name, std::size_t Frame, std::size_t Point) {
+        std::vector<CsvRecord> Records;
+        REQUIRE(ParseCsv(Bytes(Name), Records).empty());
+        CHECK(Records.size() == Truth.size() + 1);
+        for (std::size_t i = 1; i < Records.size(); ++i) {
+            const auto& Cells = Records[i].Cells;
+            const auto& True = Truth[{Cells[Frame], Cells[Point]}];
+            CHECK(Cells.back().empty() == True.empty());
+            CHECK(std::abs(Val(Cells.back()) - Val(True)) <= 0.2);
+        }
+    };
+    REQUIRE(SaveWhole(Path("c.csv"), Clicks));
+    REQUIRE(Run("skarvelin-batch", "points s.txt a.mp4 c.csv out.csv") == 0);
+    CheckAngles("out.csv", 0, 1);
+    CheckAngles("s_points.csv", 2, 3);
+    REQUIRE(SaveWhole(Path("none.csv"), "frame,point,x,y\n"));
+    REQUIRE(Run("skarvelin-batch", "points s.txt a.mp4 none.csv again.csv") == 0);
+    CHECK(Bytes("again.csv") == Bytes("out.csv"));
 }
