@@ -30,6 +30,8 @@ struct LoadedSession
     RowArray<VideoIDRow> VideoID;
     RowArray<VidCoordsRow> Coords;
     RowArray<VidCoordsRow> Angles;
+    std::string BrokenOff; // where the file ends too soon, in words; empty when it is whole
+    int Dropped = 0;       // lines of samples' values that were left out
 };
 
 /// Begins the reading of a file into File.

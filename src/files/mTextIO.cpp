@@ -8,10 +8,12 @@
 #include "core/mModes.h"
 #include "core/mNotice.h"
 #include "core/mSettings.h"
+#include "files/mBrokenOff.h"
 #include "files/mPoints.h"
 #include "files/mTextMain.h"
 #include "files/mTextSamples.h"
 #include "files/mTextVideo.h"
+#include "files/mUnread.h"
 #include "platform/mHost.h"
 #include "processing/mRefTable.h"
 
@@ -76,7 +78,7 @@ void ReadView1(LineReader& Lines, LoadedSession& Into)
 template <auto Table>
 void ReadSamples(LineReader& Lines, LoadedSession& Into)
 {
-    ReadSampleRows(Lines, Into.File, Into.SessID, Into.File.*Table);
+    Into.Dropped += ReadSampleRows(Lines, Into.File, Into.SessID, Into.File.*Table);
 }
 
 enum class Kind
@@ -179,7 +181,26 @@ std::optional<SectionSet> ReadText(std::string Bytes, LoadedSession& Into, Secti
     Into.File.SampleCnt = 0;
     Into.File.Desc.Clear();
     Into.File.Data.Clear();
+    Into.BrokenOff = WhereBrokenOff(Text, [](std::string_view Line) { return FindSection(Line) != nullptr; });
     return ReadSections(Text, Into, Filter);
+}
+
+// Reports what of the file was not read, if anything. False when that is a failure.
+bool ReportMissing(const std::string& Path, const LoadedSession& Read)
+{
+    std::string Words;
+    if (!Read.BrokenOff.empty())
+        Words =
+            " is not whole: " + Read.BrokenOff +
+            ". What stood behind that is missing; the copy with the ending .bak may still have it, until the session "
+            "is saved.";
+    if (Read.Dropped > 0)
+        Words += (Words.empty() ? ": " : " ") + FormatNum(Read.Dropped, "0") +
+                 (Read.Dropped == 1 ? " line" : " lines") +
+                 " of values left out: fewer than their sample has points, or no such sample in the section Desc.";
+    if (Words.empty()) return true;
+    MsgBox(Path + Words, TitleWarning);
+    return !gStrictReading;
 }
 
 // What a file that names these sections left as it was, as "Sess, STD (26 rows)".
@@ -225,15 +246,6 @@ void AppendCalibr(std::string& Text, const DataFile& File)
     Text += "End\r\n";
 }
 
-bool Parse(std::string Bytes, LoadedSession Read, DataFile& File, SectionFilter Filter, std::string* Kept)
-{
-    const auto Named = ReadText(std::move(Bytes), Read, Filter);
-    if (!Named) return false;
-    if (Kept) *Kept = KeptSections(Read, *Named);
-    Publish(std::move(Read), File);
-    return true;
-}
-
 void AppendSession(WholeFile& New, const DataFile& File, SectionFilter Filter)
 {
     New.Append(EncodeText(DataFileText(File, Filter), File.Encoding, TextPage()));
@@ -253,16 +265,22 @@ bool ReadDataFile(const std::string& Path, DataFile& File, SectionFilter Filter,
 {
     auto Bytes = ReadWhole(Path);
     if (!Bytes) return FileFailed(CantOpen, Path, TitleWarning);
-    if (!Parse(std::move(*Bytes), BeginLoading(File, TitleOf(Path), FolderOf(Path)), File, Filter, Kept))
-        return FileFailed(NoSession, Path, TitleWarning);
+    LoadedSession Read = BeginLoading(File, TitleOf(Path), FolderOf(Path));
+    const auto Named = ReadText(std::move(*Bytes), Read, Filter);
+    if (!Named) return FileFailed(NoSession, Path, TitleWarning);
+    if (!ReportMissing(Path, Read)) return false;
+    if (Kept) *Kept = KeptSections(Read, *Named);
+    Publish(std::move(Read), File);
     gSessID = TitleOf(Path);
     return true;
 }
 
-bool ParseDataFile(std::string Bytes, const std::string& SessID, DataFile& File, SectionFilter Filter,
-                   std::string* Kept)
+bool ParseDataFile(std::string Bytes, const std::string& SessID, DataFile& File, SectionFilter Filter)
 {
-    return Parse(std::move(Bytes), BeginLoading(File, SessID, gCurDir), File, Filter, Kept);
+    LoadedSession Read = BeginLoading(File, SessID, gCurDir);
+    if (!ReadText(std::move(Bytes), Read, Filter)) return false;
+    Publish(std::move(Read), File);
+    return true;
 }
 
 bool ReadOtherFile(const std::string& Path, DataFile& File, std::set<std::string>& Found)
@@ -272,6 +290,7 @@ bool ReadOtherFile(const std::string& Path, DataFile& File, std::set<std::string
     LoadedSession Read = BeginLoading(File, TitleOf(Path), FolderOf(Path));
     const auto Named = ReadText(std::move(*Bytes), Read, SectionFilter::Any);
     if (!Named) return FileFailed(NoSession, Path, TitleWarning);
+    if (!ReportMissing(Path, Read)) return false;
     for (const Section* Each : *Named)
         Found.emplace(Each->Keyword);
     Publish(std::move(Read), File);

@@ -23,21 +23,21 @@ extern float gOldBladeLen;
 /// Reads Path into File, section by section: what the file does not name keeps its value, apart from the model and the
 /// samples. Sets gSessID; into gFile also gKeyMode, the old oar dimensions, the video tables and the reference tables.
 /// Kept, unless null, becomes the list of what it does not name and what therefore stays, as "Sess, STD (26 rows)".
-/// False when it cannot be opened or has no section at all (reported to the user): nothing has changed, and nothing
-/// does when reading ends in an exception.
+/// A file that breaks off, and lines of values that were left out, are reported to the user; with gStrictReading that
+/// is a failure. False when it cannot be opened or has no section at all (reported to the user): nothing has changed,
+/// and nothing does when reading ends in an exception.
 bool ReadDataFile(const std::string& Path, DataFile& File, SectionFilter Filter, std::string* Kept = nullptr);
 
 /// The same from the bytes of a file; SessID is the identifier that its rows get, and becomes gSessID only with gFile.
 /// Reference tables come from gCurDir. False when the bytes have no section at all: nothing has changed.
-bool ParseDataFile(std::string Bytes, const std::string& SessID, DataFile& File, SectionFilter Filter,
-                   std::string* Kept = nullptr);
+bool ParseDataFile(std::string Bytes, const std::string& SessID, DataFile& File, SectionFilter Filter);
 
 /// Reads the rows of a crew section behind its keyword. A line that stops within its sixth field still gives the
 /// weight.
 void ReadCrewRows(LineReader& Lines, RowArray<CrewRow>& Rows);
 
 /// Reads another session, which rows are taken from: of the program nothing changes. Found gets the keywords that the
-/// file has. False when it cannot be opened or has no section at all (reported to the user).
+/// file has. Failures and reports as with ReadDataFile.
 bool ReadOtherFile(const std::string& Path, DataFile& File, std::set<std::string>& Found);
 
 /// The whole file as text, with CR LF behind each line.

@@ -46,17 +46,22 @@ void FillRow(DataRow& Row, const std::string& SessID, std::span<const std::strin
 }
 } // namespace
 
-void ReadSampleRows(LineReader& Lines, const DataFile& File, const std::string& SessID, RowArray<DataRow>& Rows)
+int ReadSampleRows(LineReader& Lines, const DataFile& File, const std::string& SessID, RowArray<DataRow>& Rows)
 {
     const SampleCounts Counts(File);
     LineFields Cells;
+    int Dropped = 0;
     Rows.Clear();
     for (std::string_view Line; Lines.TakeRow(Line);) {
         Cells.Cut(Line);
         if (!Cells.Open.empty()) Cells.Closed.push_back(Cells.Open);
         const int Count = Cells.Closed.empty() ? -1 : Counts.Of(Cells.Closed.front());
-        if (IsComplete(Cells.Closed, Count)) FillRow(Rows.Grow(), SessID, Cells.Closed, Count);
+        if (IsComplete(Cells.Closed, Count))
+            FillRow(Rows.Grow(), SessID, Cells.Closed, Count);
+        else
+            ++Dropped;
     }
+    return Dropped;
 }
 
 void AppendSampleRows(std::string& Text, std::string_view Keyword, const DataFile& File, const RowArray<DataRow>& Rows)

@@ -1,6 +1,7 @@
 // The session data file: what is read, what is written, and that neither loses anything.
 #include "files/mTextIO.h"
 #include "files/mMain.h"
+#include "files/mUnread.h"
 #include "processing/mRefTable.h"
 #include "support/Case.h"
 
@@ -167,6 +168,38 @@ TEST_CASE_FIXTURE(Session, "a file cut at any byte is read, and what was read of
         if (Rewritten(Text) != Text) Unlike.push_back(Size);
     }
     CHECK(Unlike == std::vector<std::size_t>{});
+}
+
+TEST_CASE_FIXTURE(Session, "a file that breaks off, and values that are left out, are reported with place and amount")
+{
+    const std::string Sample = "Desc\nS1|1|1|\nEnd\nData\nS1|A|1|0|1|2|\n";
+    const std::pair<std::string, std::string> Cases[] = {
+        {"Main\n61|\nEnd\nEOF\n", ""},
+        {Sample + "End\nEOF\nanything\n", ""},
+        {"Main\n61|\nEnd\nCrew\n1|1|Anna|\n2|0|Be", "ends in line 6, in the section Crew behind 2 rows, without"},
+        {"Main\n61|\nEnd\nCrew\n", "ends in line 4, in the section Crew behind 0 rows, without"},
+        {"Main\n61|\nEnd\nCrew\n1|1|Anna|\nEnd\n", "ends in line 6, without the line EOF. What"},
+        {Sample + "S1|B|1|0|1|\nS2|A|1|0|1|2|\nEnd\nEOF\n", ": 2 lines of values left out"},
+        {Sample + "S1|B|1|0|1|",
+         "behind 2 rows, without the line EOF. What stood behind that is missing; the copy with "
+         "the ending .bak may still have it, until the session is saved. 1 line of values"},
+    };
+    for (const auto& [Text, Words] : Cases) {
+        CAPTURE(Text);
+        Dialogs.Told.clear();
+        REQUIRE(Read(Tabbed(Text)));
+        CHECK(Dialogs.Told.size() == (Words.empty() ? 0 : 1));
+        if (!Words.empty()) CHECK(Dialogs.Told.at(0).find(Words) != std::string::npos);
+        DataFile Other;
+        std::set<std::string> Found;
+        REQUIRE(ReadOtherFile(Path, Other, Found));
+        CHECK(Dialogs.Told.size() == (Words.empty() ? 0 : 2));
+    }
+    const std::string Before = DataFileText(gFile, SectionFilter::Any);
+    gStrictReading = true;
+    CHECK_FALSE(Read(Tabbed("Main\n65|\nEnd\n")));
+    gStrictReading = false;
+    CHECK(DataFileText(gFile, SectionFilter::Any) == Before);
 }
 
 TEST_CASE_FIXTURE(Session, "texts with tabs, ends of line and CR within them cannot shift the fields behind")
