@@ -3,6 +3,7 @@
 
 #include "base/mNumText.h"
 #include "base/mSafeSave.h"
+#include "core/mVideoFile.h"
 #include "platform/ffmpeg/mMedia.h"
 #include "platform/mHost.h"
 
@@ -18,6 +19,7 @@ std::unique_ptr<iMedia> OpenClip(const std::string& Path)
         return nullptr;
     }
     Clip->WaitForIndex();
+    if (const ClipInfo Info = Clip->Info(); Info.IsCut) MsgBox(CutText(Path, Info.Frames), TitleWarning);
     return Clip;
 }
 
@@ -41,7 +43,7 @@ bool SaveFrame(iMedia& Clip, int32_t Number, const std::string& Video, const std
         return false;
     }
     const auto Shown = Clip.Frame(Number);
-    if (!Shown) return FileFailed(CantRead, Video, TitleError, Clip.Reason());
+    if (!Shown || !Clip.Reason().empty()) return FileFailed(CantRead, Video, TitleError, Clip.Reason());
     const auto Png = AsPng(*Shown);
     if (!Png) return FileFailed(CantWrite, Out, TitleError, "the picture cannot be coded");
     return SaveText(Out, *Png);

@@ -25,6 +25,7 @@ struct ClipInfo
     double Step = 0;     // s, average time of a picture
     int Frames = 0;      // pictures that decode
     std::string Codec;   // its short name
+    bool IsCut = false;  // the file ends before it should; Frames are those that are left of it
 };
 
 /// All calls come from one thread. Pictures are numbered from 0 in the order in which they are seen; number N is the
@@ -41,7 +42,7 @@ public:
     /// Closes the clip and ends its index's making.
     virtual void Close() = 0;
 
-    /// Why the last call failed, in words; empty when it did not.
+    /// Why the last call failed, or gave another picture than it was asked for, in words; empty when it did not.
     virtual std::string Reason() const = 0;
 
     virtual ClipInfo Info() const = 0;
@@ -58,6 +59,7 @@ public:
     /// The picture that is seen at Time (s).
     virtual int FrameAt(double Time) = 0;
 
-    /// Picture Frame. A number past the last gives the last; null when nothing can be decoded (Reason says why).
+    /// Picture Frame. A number past the last gives the last, in place of one that is damaged comes one before it, null
+    /// when nothing can be decoded (Reason says so).
     virtual std::shared_ptr<const Picture> Frame(int Frame) = 0;
 };

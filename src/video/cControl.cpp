@@ -43,6 +43,12 @@ void cControl::Stop()
     if (Timer != 0) gHost.Clock->StopTimer(std::exchange(Timer, 0));
 }
 
+void cControl::Play(bool On)
+{
+    if (PlayMovie) PlayMovie(On);
+    On ? Run() : Stop();
+}
+
 void cControl::DoCommand(int Index)
 {
     switch (Index) {
@@ -54,10 +60,8 @@ void cControl::DoCommand(int Index)
         gPlayFrame -= 1;
         break;
     case VideoPlay:
-        Run();
-        break;
     case VideoPause:
-        Stop();
+        Play(Index == VideoPlay);
         break;
     case VideoNext:
         gPlayFrame += 1;

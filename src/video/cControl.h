@@ -33,6 +33,9 @@ public:
     /// The play view that is open now; without one, or when it gives no GoCurTime, only videos are driven.
     std::function<Played()> PlayView;
 
+    /// Has the MPEG player's movie that is open run or stand; may be empty.
+    std::function<void(bool Runs)> PlayMovie;
+
     /// Adds a window behind the others.
     void AddVideo(Played Video);
 
@@ -64,6 +67,7 @@ private:
     void CloseAll();
     void Run();
     void Stop();
+    void Play(bool On);
 
     std::vector<Played> mVideos;
     double mSpeed = 1;

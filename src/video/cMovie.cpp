@@ -3,6 +3,7 @@
 
 #include "base/mNumText.h"
 #include "core/mGlobData.h"
+#include "core/mVideoFile.h"
 #include "platform/mHost.h"
 
 #include <algorithm>
@@ -34,15 +35,25 @@ bool cMovie::VideoFileOpen(const std::string& Path)
     if (LastRet != Obeyed) return FileFailed(CantOpen, Name, TitleWarning, Clip->Reason());
     Send("play movie");
     Send("pause movie");
-    Send("status movie length");
-    Length = Val(Reply);
     gPlayStep = 0.04;
     gVidMs = 40;
     gPlayTime = 0;
     gPlayFrame = 0;
-    Frames = static_cast<int32_t>(Length) / gVidMs;
+    IsIndexed = false;
+    TakeLength();
     if (OnShow) OnShow();
     return true;
+}
+
+// What the file says counts until the clip's pictures are known.
+void cMovie::TakeLength()
+{
+    if (!IsOpen || IsIndexed) return;
+    IsIndexed = Clip->IndexDone() >= 1;
+    Send("status movie length");
+    Length = Val(Reply);
+    Frames = static_cast<int32_t>(Length) / gVidMs;
+    if (const ClipInfo Info = Clip->Info(); Info.IsCut) UpdateStatus(CutText(Name, Info.Frames));
 }
 
 void cMovie::Send(const std::string& Command)
@@ -114,6 +125,7 @@ void cMovie::Hold()
 
 void cMovie::Tick()
 {
+    TakeLength();
     if (Position() >= Length) Hold();
     Show();
     if (OnShow) OnShow();
@@ -121,7 +133,16 @@ void cMovie::Tick()
 
 void cMovie::Show()
 {
-    if (IsOpen) Seen = Clip->Frame(Clip->FrameAt(Position() / Milli + Inside));
+    if (!IsOpen) return;
+    if (auto Found = Clip->Frame(Clip->FrameAt(Position() / Milli + Inside))) {
+        Seen = std::move(Found);
+        Reason.clear();
+        return;
+    }
+    Hold();
+    const bool IsNew = Reason.empty();
+    Reason = Clip->Reason();
+    if (IsNew) FileFailed(CantRead, Name, TitleWarning, Reason);
 }
 
 void cMovie::Play()
@@ -133,6 +154,7 @@ void cMovie::Play()
 
 void cMovie::Pause()
 {
+    TakeLength();
     Send("pause movie");
     Send("status movie position");
     SayPosition();
@@ -160,6 +182,7 @@ void cMovie::MoveTo(double Wanted, double First)
 
 void cMovie::Next()
 {
+    TakeLength();
     Send("status movie position");
     const double Wanted = Val(Reply) + gVidMs;
     MoveTo(Wanted, Wanted);
@@ -167,6 +190,7 @@ void cMovie::Next()
 
 void cMovie::Prev()
 {
+    TakeLength();
     Send("status movie position");
     const double Wanted = Val(Reply) - gVidMs;
     MoveTo(Wanted, Wanted - gVidMs);
@@ -174,6 +198,7 @@ void cMovie::Prev()
 
 void cMovie::GoCurTime()
 {
+    TakeLength();
     gPlayTime = gPlayFrame * gPlayStep;
     const double Wanted = CheckEnd(std::clamp<double>(gPlayTime * Milli, -LongestMs, LongestMs));
     MoveTo(Wanted, Wanted - gVidMs);

@@ -24,7 +24,7 @@ public:
     /// rendered (reported to the user).
     bool VideoFileOpen(const std::string& Path);
 
-    // The buttons.
+    // The buttons. They look around in the movie: the play clock stays, and its next step shows its picture again.
     void Play();
     void Pause();
     void Next();
@@ -36,6 +36,9 @@ public:
     /// A position within the clip: at or below 0 it becomes the end and gPlayFrame FrameCnt, at or past the end 0 and
     /// gPlayFrame 1.
     double CheckEnd(double Position);
+
+    /// Why no picture is seen, in words; empty when one is.
+    const std::string& Trouble() const { return Reason; }
 
     bool IsRunning() const { return Timer != 0; }
     const std::shared_ptr<const Picture>& Shown() const { return Seen; }
@@ -54,6 +57,7 @@ private:
     void Run();
     void Hold();
     void Tick();
+    void TakeLength();
     void Show();
     void SayPosition();
     void MoveTo(double Position, double First);
@@ -65,10 +69,12 @@ private:
     int32_t LastRet = 0; // 0: the last command was obeyed
     std::string Reply;
     bool IsOpen = false;
-    double Place = 0; // ms, where the movie stands, or stood when it began to run
+    bool IsIndexed = false; // the clip's length is final
+    double Place = 0;       // ms, where the movie stands, or stood when it began to run
     int64_t Since = 0;
     int Timer = 0;
     std::shared_ptr<const Picture> Seen;
+    std::string Reason;
     std::string SetPosText;
     std::string RetPosText;
     std::string RetValText;

@@ -44,6 +44,7 @@ bool cVideo::VideoFileOpen(const std::string& Path)
     HasClip = false;
     Seen.reset();
     SeenNumber = -1;
+    Reason.clear();
     mDigit = false;
     if (!Clip) return FileFailed(CantOpen, Path, TitleWarning, "this program was built without video");
     HasClip = Clip->Open(Path);
@@ -95,6 +96,7 @@ bool cVideo::TakeIndex()
     IsIndexed = true;
     TakeInfo();
     FindRate();
+    if (Info.IsCut) UpdateStatus(CutText(mVideoFN, Info.Frames));
     return true;
 }
 
@@ -160,9 +162,15 @@ void cVideo::Hold()
     gHost.Clock->StopTimer(Timer);
 }
 
+// The length is rounded: the last picture of a fast clip may stand behind it.
+double cVideo::End() const
+{
+    return Info.Frames > 0 ? std::max(mDuration, TimeOf(std::min(Info.Frames - 1, mFrames)) + Inside) : mDuration;
+}
+
 void cVideo::CheckEnd()
 {
-    if (gPlayTime > mDuration) {
+    if (gPlayTime > End()) {
         gPlayTime = mStart;
         gPlayFrame = 0;
     } else if (gPlayTime < mStart) {
@@ -226,7 +234,7 @@ void cVideo::GoCurTime()
     Hold();
     const bool IsOwnStep = gPlayStep == Step;
     gPlayTime = (IsOwnStep && gPlayFrame >= 0 ? TimeOf(gPlayFrame) : gPlayFrame * gPlayStep) + Inside;
-    StandAt(IsOwnStep || gPlayTime > mDuration ? -1 : Clip->FrameAt(gPlayTime));
+    StandAt(IsOwnStep || gPlayTime > End() ? -1 : Clip->FrameAt(gPlayTime));
     ShowElapsed("0.000");
 }
 
@@ -267,12 +275,20 @@ void cVideo::Show(int32_t Number)
 {
     const int32_t Last = std::max(Info.Frames, 1) - 1;
     const int32_t Wanted = std::clamp(Number, 0, IsIndexed ? Last : ManyFrames);
-    if (auto Found = Clip->Frame(Wanted)) {
-        Seen = std::move(Found);
-        Reason.clear();
-    } else
-        Reason = Clip->Reason();
+    auto Found = Clip->Frame(Wanted);
     SeenNumber = Wanted;
+    if (!Found) return FailToShow();
+    Seen = std::move(Found);
+    Reason = Clip->Reason();
+    IsReported = false;
+}
+
+// The clip stops, the picture before stays, and the user reads why, once until pictures come again.
+void cVideo::FailToShow()
+{
+    Hold();
+    Reason = Clip->Reason();
+    if (!std::exchange(IsReported, true)) FileFailed(CantRead, mVideoFN, TitleWarning, Reason);
 }
 
 void cVideo::ShowElapsed(const char* Format)

@@ -88,8 +88,11 @@ public:
     /// Number of the picture that is seen.
     int32_t ShownNumber() const { return SeenNumber; }
 
-    /// Why no picture is seen, in words; empty when one is.
+    /// Why the picture of that number is not seen, in words; empty when it is.
     const std::string& Trouble() const { return Reason; }
+
+    /// Whether the file ends before it should: Pictures are those that are left of it. Known with the index.
+    bool IsCut() const { return Info.IsCut; }
 
     /// "0.00" of the clock, or with three places after GoCurTime.
     const std::string& Elapsed() const { return ElapsedText; }
@@ -118,7 +121,9 @@ private:
     void Run();
     void Hold();
     void StandAt(int32_t Number);
+    double End() const;
     void Show(int32_t Number);
+    void FailToShow();
     void ShowElapsed(const char* Format);
 
     std::unique_ptr<iMedia> Clip;
@@ -142,5 +147,6 @@ private:
     std::shared_ptr<const Picture> Seen;
     int32_t SeenNumber = -1;
     std::string Reason;
+    bool IsReported = false; // that no picture came
     std::string ElapsedText;
 };

@@ -108,6 +108,8 @@ void f1Video::ShowClip()
     if (Video.IsOpen()) {
         Text +=
             QString(", %1 pictures, %2/s").arg(Video.Pictures()).arg(Shown(FormatNum(SafeDiv(1, gPlayStep), "0.00")));
+        if (Video.IsCut()) Text += ", breaks off there";
+        if (!Video.Trouble().empty()) Text += "; " + Shown(Video.Trouble());
         if (Video.IndexDone() < 1) Text += QString(", index %1").arg(Shown(FormatNum(Video.IndexDone(), "0%")));
     }
     lbClip->setText(Text);
@@ -123,6 +125,7 @@ void f1Video::GoCurTime()
 // Another picture is seen. When this window moved the clock, the play view and other videos follow.
 void f1Video::Moved()
 {
+    ShowClip();
     ShowState();
     if (!IsFollowing && Video.IsOpen()) FollowPlayClock(&Clock);
 }

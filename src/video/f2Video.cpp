@@ -81,7 +81,7 @@ void f2Video::GoCurTime()
 
 void f2Video::ShowState()
 {
-    VideoBox->SetPicture(Movie.Shown(), "No video is open.");
+    VideoBox->SetPicture(Movie.Shown(), Shown(Movie.Trouble().empty() ? "No video is open." : Movie.Trouble()));
     lbSetPos->setText(Shown(Movie.SetPos()));
     lbRetPos->setText(Shown(Movie.RetPos()));
     lbRetVal->setText(Shown(Movie.RetVal()));

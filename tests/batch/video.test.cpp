@@ -49,14 +49,16 @@ TEST_CASE_FIXTURE(Clips, "a picture that is not there, a file that is no video a
     const std::string Session = "'" SOURCE_FOLDER "/demo/single.txt'";
     REQUIRE(Run("skarvelin-sim", "--video a.mkv --fps 25 --seconds 1 " + Session) == 0);
     REQUIRE(SaveWhole(Path("empty.mp4"), ""));
+    REQUIRE(SaveWhole(Path("cut.mkv"), Bytes("a.mkv").substr(0, Bytes("a.mkv").size() / 2)));
     const std::tuple<std::string, int, std::string> Cases[] = {
         {"video a.mkv --frame 25 p.png", 1, "There is no picture 25: the last one is 24 in file: a.mkv"},
         {"video a.mkv --frame -1 p.png", 2, "from 0"},
         {"video a.mkv --frame 3", 2, "belong together"},
         {"video a.mkv p.png", 2, "belong together"},
-        {"video empty.mp4", 1, "Can't open file: empty.mp4 ("},
-        {"video none.mp4", 1, "Can't open file: none.mp4 ("},
+        {"video empty.mp4", 1, "Can't open file: empty.mp4 (it is empty)"},
+        {"video none.mp4", 1, "Can't open file: none.mp4 (there is no such file)"},
         {"video " + Session, 1, "it is not a video"},
+        {"video cut.mkv", 0, "The video breaks off after "},
     };
     for (const auto& [Line, Code, Text] : Cases) {
         CAPTURE(Line);

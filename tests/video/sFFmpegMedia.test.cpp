@@ -5,7 +5,6 @@
 #include "support/TempFolder.h"
 
 #include <algorithm>
-#include <fstream>
 #include <numeric>
 #include <random>
 
@@ -139,33 +138,52 @@ TEST_CASE_FIXTURE(Clips, "pictures are upright and their pixels square")
     }
 }
 
-TEST_CASE_FIXTURE(Clips, "a clip that breaks off plays up to its end")
+TEST_CASE_FIXTURE(Clips,
+                  "a clip that is cut anywhere plays up to its end, and says that it is cut where the file shows it")
 {
-    for (const std::string Name : {"a.mkv", "a.avi", "a.mpg", "b.avi", "a.ts"}) {
+    struct Cut
+    {
+        ClipCase Of;
+        bool SaysSo; // others state no sizes
+        int First;   // percent of the file behind which there are pictures
+    };
+    const Cut Cases[] = {
+        {{"a.mp4", {.Codec = "libx264", .BFrames = 3, .Group = 12, .TableBytes = 4000}}, true, 50},
+        {{"b.mp4", {.Codec = "mpeg4", .BFrames = 2, .Group = 12, .TableBytes = 4000}}, true, 30},
+        {{"a.mkv", {.Codec = "libx264", .BFrames = 3, .Group = 12}}, true, 20},
+        {{"a.webm", {.Codec = "libvpx", .Group = 12}}, true, 20},
+        {{"a.avi", {.Codec = "libx264", .BFrames = 2, .Group = 12}}, true, 50},
+        {{"b.avi", {.Codec = "mjpeg"}}, true, 20},
+        {{"c.avi", {.Codec = "mpeg4", .BFrames = 2, .Group = 12}}, true, 30},
+        {{"a.mpg", {.Codec = "mpeg2video", .BFrames = 2, .Group = 12}}, false, 20},
+        {{"b.mpg", {.Codec = "mpeg1video", .BFrames = 2, .Group = 12}}, false, 20},
+        {{"a.ts", {.Codec = "libx264", .BFrames = 3, .Group = 12}}, false, 20},
+        {{"a.h264", {.Codec = "libx264", .BFrames = 3, .Group = 12}}, false, 20},
+    };
+    for (const auto& [Of, SaysSo, First] : Cases) {
+        const std::string Name = Of.Name;
         CAPTURE(Name);
-        const bool IsMpeg = Name == "a.mpg";
-        const FilmKind Kind{.Codec = IsMpeg            ? "mpeg2video"
-                                     : Name == "b.avi" ? "mjpeg"
-                                                       : "libx264",
-                            .BFrames = Name == "b.avi" ? 0 : 2,
-                            .Group = 12};
-        REQUIRE(WriteClip(Path(Name), Kind, Pictures) == "");
-        for (const int Share : {50, 65, 77}) {
-            const auto Size = std::filesystem::file_size(Path(Name));
-            std::filesystem::copy_file(Path(Name), Path("cut_" + Name),
-                                       std::filesystem::copy_options::overwrite_existing);
-            std::filesystem::resize_file(Path("cut_" + Name), Size * static_cast<std::uintmax_t>(Share) / 100);
-            CAPTURE(Share);
-            CAPTURE(Size);
-            CHECK(Clip->Open(Path("cut_" + Name)));
-            CAPTURE(Clip->Reason());
+        REQUIRE(WriteClip(Path(Name), Of.Kind, Pictures) == "");
+        const std::string Whole = ReadWhole(Path(Name)).value_or("");
+        REQUIRE(Clip->Open(Path(Name)));
+        Clip->WaitForIndex();
+        CHECK_FALSE(Clip->Info().IsCut);
+        for (int Percent = 2; Percent < 96; Percent += 4) {
+            CAPTURE(Percent);
+            const std::size_t Size = Whole.size() * static_cast<std::size_t>(Percent) / 100;
+            REQUIRE(SaveWhole(Path("cut_" + Name), Whole.substr(0, Size)));
+            const bool IsOpened = Clip->Open(Path("cut_" + Name));
+            if (SaysSo && !IsOpened) CHECK(Clip->Reason().starts_with("it breaks off"));
+            CHECK((IsOpened || Percent < First));
+            if (!IsOpened) continue;
             Clip->WaitForIndex();
             const int Frames = Clip->Info().Frames;
             CAPTURE(Frames);
-            CHECK((Frames > 5 && Frames < Pictures));
+            CHECK((Frames > 0 && Frames <= Pictures));
+            if (SaysSo) CHECK(Clip->Info().IsCut);
             // One of the last ones, which are seen in another order than they stand in the file, lacks a part of
             // itself.
-            for (int N = Frames - 4; N >= 0; --N)
+            for (int N = Frames - 5; N >= 0; N -= 3)
                 CHECK(Shown(N) == N);
             CHECK(Clip->Frame(Frames - 1));
         }
@@ -174,17 +192,53 @@ TEST_CASE_FIXTURE(Clips, "a clip that breaks off plays up to its end")
 
 TEST_CASE_FIXTURE(Clips, "what is no video is refused in words")
 {
-    REQUIRE(SaveWhole(Path("empty.mp4"), ""));
     std::string Text;
     for (int i = 0; i < 200; ++i)
         Text += "Session\t1\tcoach\r\n";
-    for (const char* Name : {"text.txt", "text.mp4", "text.mpg", "text.avi"})
-        REQUIRE(SaveWhole(Path(Name), Text));
-    for (const char* Name : {"empty.mp4", "text.txt", "text.mp4", "text.mpg", "text.avi", "none.mp4", ""}) {
+    std::string Unknown; // a codec that nobody knows
+    REQUIRE(WriteClip(Path("a.avi"), {.Codec = "mjpeg"}, 3) == "");
+    Unknown = ReadWhole(Path("a.avi")).value_or("");
+    for (std::size_t At = Unknown.find("MJPG"); At != std::string::npos; At = Unknown.find("MJPG"))
+        Unknown.replace(At, 4, "Q9Z7");
+    // A second of silence: 8000 bytes.
+    std::string Sound("RIFF\x64\x1F\0\0WAVEfmt \x10\0\0\0\1\0\1\0\x40\x1F\0\0\x40\x1F\0\0\1\0\x08\0data\x40\x1F\0\0",
+                      44);
+    Sound.append(8000, '\x80');
+    const std::tuple<const char*, std::string, const char*> Cases[] = {
+        {"empty.mp4", "", "it is empty"},
+        {"text.txt", Text, "it is not a video, or it is damaged"},
+        {"text.mp4", Text, "it is not a video, or it is damaged"},
+        {"text.mpg", Text, "it is not a video, or it is damaged"},
+        {"text.avi", Text, "it is not a video, or it is damaged"},
+        {"sound.wav", Sound, "there is no video in it, only sound or data"},
+        {"unknown.avi", Unknown, "there is no decoder for its codec Q9Z7"},
+    };
+    for (const auto& [Name, Bytes, Reason] : Cases) {
         CAPTURE(std::string(Name));
+        REQUIRE(SaveWhole(Path(Name), Bytes));
         CHECK_FALSE(Clip->Open(Path(Name)));
-        CHECK_FALSE(Clip->Reason().empty());
+        CHECK(Clip->Reason() == std::string(Reason));
         CHECK(Clip->Frame(0) == nullptr);
         CHECK(Clip->IndexDone() == 1);
+    }
+    CHECK_FALSE(Clip->Open(Path("none.mp4")));
+    CHECK(Clip->Reason() == "there is no such file");
+    CHECK_FALSE(Clip->Open(Path("")));
+    CHECK(Clip->Reason() == "it is no file");
+}
+
+TEST_CASE_FIXTURE(Clips, "a file that is removed while it plays is reported, and nothing falls over")
+{
+    for (const char* Name : {"a.m2v", "a.mpg", "a.mp4", "a.avi"}) {
+        CAPTURE(std::string(Name));
+        const bool IsMpeg = std::string(Name).find("m2v") != std::string::npos || Name[2] == 'm';
+        REQUIRE(WriteClip(Path(Name), {.Codec = IsMpeg ? "mpeg2video" : "mpeg4", .Group = 12}, Pictures) == "");
+        REQUIRE(Clip->Open(Path(Name)));
+        Clip->WaitForIndex();
+        std::filesystem::resize_file(Path(Name), 0);
+        std::filesystem::remove(Path(Name));
+        for (const int N : {40, 3, 0, 59, 0, 20})
+            if (!Clip->Frame(N)) CHECK_FALSE(Clip->Reason().empty());
+        CHECK_FALSE(Clip->Open(Path(Name)));
     }
 }

@@ -4,6 +4,7 @@
 #include "core/mGlobData.h"
 #include "platform/ffmpeg/mMedia.h"
 #include "support/NumberedClip.h"
+#include "video/f2Video.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -55,9 +56,11 @@ TEST_CASE_FIXTURE(Screen, "a video is opened from the menu, stepped, scrubbed, p
     CHECK(Settings.GetSetting("1Video", "Width").has_value());
 }
 
-TEST_CASE_FIXTURE(Screen, "the MPEG player shows positions, and a file that is no video opens no window")
+TEST_CASE_FIXTURE(
+    Screen,
+    "the MPEG player shows positions, runs with the animation control, and a file that is no video opens no window")
 {
-    Dialogs.Files = {Folder.Path("a.avi"), Folder.Path("settings.ini")};
+    Dialogs.Files = {Folder.Path("a.avi"), Folder.Path("settings.ini"), Folder.Path("a.avi")};
     Choose("mnuPlayMPEG");
     Click("cmdNext");
     Click("cmdNext");
@@ -67,4 +70,11 @@ TEST_CASE_FIXTURE(Screen, "the MPEG player shows positions, and a file that is n
     Choose("mnuVidPlay");
     CHECK(!Main.findChild<QWidget*>("f1Video"));
     CHECK(Dialogs.Told.back().starts_with("Warning!: Can't open file: "));
+    Choose("mnuVidPlay");
+    auto& Control = Find<QWidget>("f1Control");
+    const auto& Player = Find<f2Video>("f2Video");
+    for (const auto& [Button, Runs] : {std::pair{"cmdVidContr_2", true}, {"cmdVidContr_3", false}}) {
+        QTest::mouseClick(Control.findChild<QWidget*>(Button), Qt::LeftButton);
+        CHECK(Player.Movie.IsRunning() == Runs);
+    }
 }

@@ -161,14 +161,23 @@ QWidget* MakeSamples(frmMain& Main, const WindowArgs& Args)
     return Chooser;
 }
 
-// The play view goes along, and closes with the videos.
+// The play view goes along with the movie that it drives, and closes with the videos.
 QWidget* MakeControl(frmMain& Main, const WindowArgs&)
 {
     auto* Panel = new f1Control;
     Panel->Control.PlayView = [&Main]() -> Played {
         auto* const View = dynamic_cast<fData04play*>(FindOpen(Main, "fData04play"));
         if (!View) return {};
-        return {View, [View] { View->GoCurTime(); }, [View] { View->Unload(); }};
+        return {View,
+                [&Main, View] {
+                    View->GoCurTime();
+                    if (auto* const Movie = dynamic_cast<f2Video*>(FindOpen(Main, "f2Video"))) Movie->GoCurTime();
+                },
+                [View] { View->Unload(); }};
+    };
+    Panel->Control.PlayMovie = [&Main](bool Runs) {
+        if (auto* const Player = dynamic_cast<f2Video*>(FindOpen(Main, "f2Video")))
+            Runs ? Player->Movie.Play() : Player->Movie.Pause();
     };
     return Panel;
 }

@@ -2,6 +2,8 @@
 #include "platform/ffmpeg/sClipTable.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstring>
 #include <limits>
 #include <numeric>
 
@@ -12,8 +14,12 @@ uint64_t PrintOf(const AVPacket& Packet)
     constexpr int Part = 256;
     uint64_t Hash = 14695981039346656037U;
     const auto Take = [&Hash](const uint8_t* Data, int Count) {
-        for (int i = 0; i < Count; ++i)
-            Hash = (Hash ^ Data[i]) * 1099511628211U;
+        constexpr int Most = sizeof(uint64_t);
+        for (int i = 0; i < Count; i += Most) {
+            uint64_t Word = 0;
+            std::memcpy(&Word, Data + i, static_cast<std::size_t>(std::min(Most, Count - i)));
+            Hash = std::rotl((Hash ^ Word) * 1099511628211U, 29); // the product carries upwards only
+        }
     };
     Take(Packet.data, std::min(Packet.size, Part));
     if (Packet.size > Part) Take(Packet.data + std::max(Part, Packet.size - Part), std::min(Part, Packet.size - Part));

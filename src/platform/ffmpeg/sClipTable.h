@@ -39,6 +39,10 @@ public:
     /// known.
     void FindTimes(double Base, double Usual);
 
+    /// Whether the file ends before it should.
+    bool IsCut() const { return Cut; }
+    void SetCut(bool On) { Cut = On; }
+
     int32_t Pictures() const { return static_cast<int32_t>(PacketOf.size()); }
     double Duration() const { return Length; }
     double Step() const;
@@ -72,4 +76,5 @@ private:
     std::vector<std::pair<uint64_t, int32_t>> Prints;
     std::vector<double> Times; // s, from the first picture on
     double Length = 0;
+    bool Cut = false;
 };

@@ -12,11 +12,16 @@ public:
     /// Opens a file. Gives an empty text, or why it cannot be read as a video.
     std::string Open(const std::string& Path);
 
+    bool IsOpen() const { return Video != nullptr; }
+
     /// Reads the next packet that holds data. False at the end of what can be read.
     bool Next(AVPacket& Packet);
 
-    /// Whether the file breaks off: reading ended with an error, or a packet was not whole.
+    /// Whether reading ended with an error, or a packet was not whole.
     bool IsBroken() const { return Broken; }
+
+    /// Whether the file breaks off where reading ended.
+    bool IsCut() const { return Cut; }
 
     // Go on reading near a time stamp of the stream, ahead of it when possible, or at a byte of the file. False when
     // the format cannot.
@@ -33,9 +38,10 @@ public:
     AVStream& Stream() const { return *Video; }
 
 private:
-    std::string FindStream();
+    std::string FindStream(const std::string& Path);
 
     FFmpegPtr<AVFormatContext> Context;
     AVStream* Video = nullptr;
     bool Broken = false;
+    bool Cut = false; // at the last packet
 };

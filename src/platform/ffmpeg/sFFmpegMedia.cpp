@@ -1,6 +1,8 @@
 // Opening a clip and finding its pictures.
 #include "platform/ffmpeg/sFFmpegMedia.h"
 
+#include "platform/ffmpeg/mFileEnd.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -24,15 +26,17 @@ bool sFFmpegMedia::Open(const std::string& NewPath)
 {
     Close();
     if (const std::string Why = Reader.Open(NewPath, Threads); !Why.empty()) return Fail(Why);
+    Indexer.Start(NewPath);
     const AVFrame* First = Reader.Next();
-    if (!First || First->width < 1 || First->height < 1) return Fail("no picture in it can be decoded");
+    if (!First || First->width < 1 || First->height < 1)
+        return Fail(BreaksOff(NewPath) ? "it breaks off before the end of its first picture"
+                                       : "no picture in it can be decoded");
     Path = NewPath;
     Maker.Begin(Reader.File().Format(), Reader.File().Stream(), *First);
     if (!Keep(0, *First)) return Fail("its pictures have colours that cannot be shown");
     Counted = 1;
     LastOut = 0;
     SayInfo();
-    Indexer.Start(Path);
     return true;
 }
 
@@ -73,6 +77,7 @@ ClipInfo sFFmpegMedia::Info() const
     if (!Table) return Said;
     ClipInfo Known = Said;
     Known.Frames = Table->Pictures();
+    Known.IsCut = Table->IsCut();
     Known.Duration = Table->Duration();
     Known.Step = Table->Step();
     return Known;
@@ -98,7 +103,7 @@ int sFFmpegMedia::FrameAt(double Time)
 sFFmpegMedia::Shared sFFmpegMedia::Keep(int32_t Number, const AVFrame& Frame)
 {
     Shared Made = Maker.Make(Frame);
-    if (Made) Cache.Keep(Number, Made);
+    if (Made) Maker.Reuse(Cache.Keep(Number, Made));
     return Made;
 }
 
@@ -185,9 +190,13 @@ sFFmpegMedia::Shared sFFmpegMedia::DecodeOn(const sClipTable& Table, int32_t Num
 sFFmpegMedia::Shared sFFmpegMedia::Nearest(const sClipTable& Table, int32_t Number)
 {
     for (int32_t Before = Number - 1; Before >= std::max(Number - SoonerRead, 0); --Before) {
-        if (Shared Kept = Cache.Find(Before)) return Kept;
-        if (Shared Found = Decode(Table, Before)) return Found;
+        Shared Found = Cache.Find(Before);
+        if (!Found) Found = Decode(Table, Before);
+        if (!Found) continue;
+        Failure = "picture " + std::to_string(Number) + " is damaged: picture " + std::to_string(Before) + " is shown";
+        return Found;
     }
-    Failure = "the picture cannot be decoded, nor those before it";
+    Failure =
+        "picture " + std::to_string(Number) + " and those before it cannot be decoded: the file is damaged, or gone";
     return nullptr;
 }

@@ -55,6 +55,7 @@ std::string sFilm::Begin(const std::string& Path, const FilmKind& Kind, int Widt
     if (const int Failure = avio_open(&Format->pb, ("file:" + Beside).c_str(), AVIO_FLAG_WRITE); Failure < 0)
         return FFmpegError(Failure);
     Temporary = Beside;
+    if (Kind.TableBytes > 0) av_opt_set_int(Format->priv_data, "moov_size", Kind.TableBytes, 0);
     const int Failure = avformat_write_header(Format.get(), nullptr);
     return Failure < 0 ? FFmpegError(Failure) : "";
 }
@@ -100,7 +101,7 @@ std::string sFilm::OpenCoder(const AVCodec& Codec, const FilmKind& Kind, int Wid
     if (Format->oformat->flags & AVFMT_GLOBALHEADER) Coder->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
     Coder->thread_count = 1; // the same bytes on every machine
     Coder->strict_std_compliance = FF_COMPLIANCE_UNOFFICIAL;
-    av_opt_set(Coder->priv_data, "preset", "veryfast", 0); // of an encoder that has it
+    av_opt_set(Coder->priv_data, "preset", Kind.Preset.c_str(), 0);
     const int Failure = avcodec_open2(Coder.get(), &Codec, nullptr);
     return Failure < 0 ? "the encoder " + std::string(Codec.name) + " refuses: " + FFmpegError(Failure) : "";
 }

@@ -9,13 +9,15 @@
 /// How a film is coded. What is not given follows from the file's name.
 struct FilmKind
 {
-    std::string Codec;      // name of the encoder; empty: the file format's usual one
-    double Rate = 25;       // pictures a second
-    int BFrames = 0;        // between reference pictures
-    int Group = 0;          // pictures from one key picture to the next; 0: the encoder's choice
-    int64_t FirstTick = 0;  // of the first picture, in pictures
-    double PixelAspect = 1; // displayed width by stored width
-    int Turn = 0;           // degrees clockwise that a player turns the picture by: 0, 90, 180, 270
+    std::string Codec;               // name of the encoder; empty: the file format's usual one
+    double Rate = 25;                // pictures a second
+    int BFrames = 0;                 // between reference pictures
+    int Group = 0;                   // pictures from one key picture to the next; 0: the encoder's choice
+    int64_t FirstTick = 0;           // of the first picture, in pictures
+    double PixelAspect = 1;          // displayed width by stored width
+    std::string Preset = "veryfast"; // of an encoder that has them
+    int TableBytes = 0;              // kept at the front of an mp4 for its table of pictures; 0: it stands at the end
+    int Turn = 0;                    // degrees clockwise that a player turns the picture by: 0, 90, 180, 270
 };
 
 class sFilm

@@ -1,6 +1,8 @@
 // Reading a clip through: without decoding where its time stamps tell the order of its pictures.
 #include "platform/ffmpeg/sIndexer.h"
 
+#include "platform/ffmpeg/mFileEnd.h"
+
 #include <algorithm>
 #include <exception>
 #include <string_view>
@@ -67,6 +69,7 @@ void sIndexer::Make(const std::string& Path)
         *Table = sClipTable();
         DecodeAll(Path, *Table);
     }
+    if (BreaksOff(Path)) Table->SetCut(true);
     Made = std::move(Table);
 }
 
@@ -88,6 +91,7 @@ bool sIndexer::ReadAll(const std::string& Path, sClipTable& Into)
         for (const int32_t Each : MissingAtEnd(Path, Into))
             Missing.push_back(Each);
     if (!Missing.empty()) Into.OrderByTime(Missing);
+    Into.SetCut(File.IsCut());
     Into.FindTimes(BaseOf(File), UsualStep(File));
     return true;
 }
@@ -143,6 +147,7 @@ bool sIndexer::DecodeAll(const std::string& Path, sClipTable& Into)
         Order.push_back(static_cast<int32_t>(Packet));
     }
     Into.SetOrder(std::move(Order));
+    Into.SetCut(Reader.File().IsCut());
     Into.FindTimes(BaseOf(Reader.File()), UsualStep(Reader.File()));
     return true;
 }

@@ -22,14 +22,16 @@ public:
         return Kept.front().second;
     }
 
-    /// Keeps a picture. Those that were not asked for the longest give way.
-    void Keep(int32_t Number, std::shared_ptr<const Picture> Shown)
+    /// Keeps a picture. Those that were not asked for the longest give way: gives the last of them, null without one.
+    std::shared_ptr<const Picture> Keep(int32_t Number, std::shared_ptr<const Picture> Shown)
     {
-        if (Find(Number)) return;
+        std::shared_ptr<const Picture> Last;
+        if (Find(Number)) return Last;
         Most = MostOf(*Shown);
         Kept.emplace_front(Number, std::move(Shown));
-        while (Kept.size() > Most)
-            Kept.pop_back();
+        for (; Kept.size() > Most; Kept.pop_back())
+            Last = std::move(Kept.back().second);
+        return Last;
     }
 
     /// How many pictures of that size are kept.

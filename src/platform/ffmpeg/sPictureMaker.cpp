@@ -9,7 +9,7 @@ extern "C" {
 #include <array>
 #include <cmath>
 #include <cstdlib>
-#include <cstring>
+#include <utility>
 
 namespace {
 constexpr int HighDefinition = 720; // rows from which colours that are not named are those of high definition
@@ -88,16 +88,23 @@ bool sPictureMaker::Prepare(const AVFrame& Frame)
     return true;
 }
 
+void sPictureMaker::Reuse(std::shared_ptr<const Picture> Old)
+{
+    // Each picture is made here, as one that can be changed.
+    if (Old && Old.use_count() == 1) Spare = std::move(std::const_pointer_cast<Picture>(Old)->Pixels);
+}
+
 std::shared_ptr<const Picture> sPictureMaker::Make(const AVFrame& Frame)
 {
     if (!Prepare(Frame)) return nullptr;
-    constexpr int Spare = 16; // pixels: the scaler may write past the end of a row
+    constexpr int Margin = 16; // pixels: the scaler may write past the end of a row
     const auto Row = static_cast<std::size_t>(Width0);
     const auto Rows = static_cast<std::size_t>(Height0);
     auto Made = std::make_shared<Picture>();
     Made->Width = Width0;
     Made->Height = Height0;
-    Made->Pixels.resize(Row * Rows + Spare);
+    Made->Pixels = std::exchange(Spare, {});
+    Made->Pixels.resize(Row * Rows + Margin);
     auto* Bytes = reinterpret_cast<uint8_t*>(Made->Pixels.data());
     const int Stride = Width0 * static_cast<int>(sizeof(uint32_t));
     if (sws_scale(Scaler.get(), Frame.data, Frame.linesize, 0, Frame.height, &Bytes, &Stride) < 0) return nullptr;

@@ -14,6 +14,10 @@ public:
     int Width() const { return IsTurned ? Height0 : Width0; }
     int Height() const { return IsTurned ? Width0 : Height0; }
 
+    /// Takes the memory of a picture that is no longer needed, unless somebody still shows it: new memory takes as long
+    /// as a part of decoding.
+    void Reuse(std::shared_ptr<const Picture> Old);
+
     /// Null when the frame cannot be converted.
     std::shared_ptr<const Picture> Make(const AVFrame& Frame);
 
@@ -27,6 +31,7 @@ private:
     bool IsTurned = false; // width and height change places
     bool IsFlippedX = false;
     bool IsFlippedY = false;
+    std::vector<uint32_t> Spare; // memory for the next picture
     FFmpegPtr<SwsContext> Scaler;
     int SourceWidth = 0; // what the scaler was made for
     int SourceHeight = 0;

@@ -2,6 +2,7 @@
 #include "platform/ffmpeg/sReader.h"
 
 #include <algorithm>
+#include <array>
 #include <span>
 #include <utility>
 
@@ -17,6 +18,14 @@ enum eWay
 };
 constexpr int32_t Lead = 4; // packets that parsers need to find their place
 constexpr int MostUnknown = 2000;
+
+// A codec that the library does not know has only the letters that the file gives it.
+std::string CodecName(const AVCodecParameters& Coded)
+{
+    if (Coded.codec_id != AV_CODEC_ID_NONE) return avcodec_get_name(Coded.codec_id);
+    std::array<char, AV_FOURCC_MAX_STRING_SIZE> Text{};
+    return av_fourcc_make_string(Text.data(), Coded.codec_tag);
+}
 } // namespace
 
 std::string sReader::Open(const std::string& NewPath, int NewThreads)
@@ -36,7 +45,7 @@ std::string sReader::OpenDecoder()
 {
     const AVCodecParameters& Coded = *Demuxer.Stream().codecpar;
     const AVCodec* Codec = avcodec_find_decoder(Coded.codec_id);
-    if (!Codec) return std::string("there is no decoder for its codec ") + avcodec_get_name(Coded.codec_id);
+    if (!Codec) return "there is no decoder for its codec " + CodecName(Coded);
     Decoder = Owned(avcodec_alloc_context3(Codec));
     if (const int Failure = avcodec_parameters_to_context(Decoder.get(), &Coded); Failure < 0)
         return FFmpegError(Failure);
@@ -118,6 +127,7 @@ bool sReader::SkipTo(const sClipTable& Table, int32_t Wanted)
 
 bool sReader::GoTo(const sClipTable& Table, int32_t Wanted)
 {
+    if (!Demuxer.IsOpen() && !Open(Path, Threads).empty()) return false;
     static constexpr int ByTime[] = {ByDts, ByPts, ByByte, FromStart};
     static constexpr int ByPlace[] = {ByByte, ByDts, ByPts, FromStart};
     static constexpr int Begin[] = {FromStart};
