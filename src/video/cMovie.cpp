@@ -53,6 +53,7 @@ void cMovie::TakeLength()
     Send("status movie length");
     Length = Val(Reply);
     Frames = static_cast<int32_t>(Length) / gVidMs;
+    if (!IsIndexed) return; // what is known by now may be ahead of the length above
     if (const ClipInfo Info = Clip->Info(); Info.IsCut) UpdateStatus(CutText(Name, Info.Frames));
 }
 

@@ -125,8 +125,9 @@ TEST_CASE_FIXTURE(Clock,
     const std::string Path = Folder.Path("a.m2v");
     REQUIRE(WriteClip(Path, {.Codec = "mpeg2video", .Group = 12}, Pictures) == "");
     REQUIRE(Video.VideoFileOpen(Path));
-    while (!Video.TakeIndex()) {
+    while (Video.IndexDone() < 1) {
     }
+    Video.TakeIndex();
     Video.GoFrame(30);
     Video.DoAction(VideoPlay);
     std::filesystem::resize_file(Path, 0);

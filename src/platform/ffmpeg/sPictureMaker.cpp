@@ -88,7 +88,7 @@ bool sPictureMaker::Prepare(const AVFrame& Frame)
     return true;
 }
 
-void sPictureMaker::Reuse(std::shared_ptr<const Picture> Old)
+void sPictureMaker::Reuse(const std::shared_ptr<const Picture>& Old)
 {
     // Each picture is made here, as one that can be changed.
     if (Old && Old.use_count() == 1) Spare = std::move(std::const_pointer_cast<Picture>(Old)->Pixels);

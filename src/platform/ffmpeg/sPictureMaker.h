@@ -16,7 +16,7 @@ public:
 
     /// Takes the memory of a picture that is no longer needed, unless somebody still shows it: new memory takes as long
     /// as a part of decoding.
-    void Reuse(std::shared_ptr<const Picture> Old);
+    void Reuse(const std::shared_ptr<const Picture>& Old);
 
     /// Null when the frame cannot be converted.
     std::shared_ptr<const Picture> Make(const AVFrame& Frame);
